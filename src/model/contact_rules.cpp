@@ -1,0 +1,106 @@
+#include "model/contact_rules.h"
+
+#include "model/records.h"
+
+#include <QRegularExpression>
+#include <QTextBoundaryFinder>
+
+#include <unicode/uchar.h>
+
+using namespace Qt::StringLiterals;
+
+namespace quenoria {
+
+namespace {
+
+bool isAscii(QStringView text)
+{
+    return std::all_of(text.begin(), text.end(), [](QChar c) { return c.unicode() < 0x80; });
+}
+
+bool isNumeric(QStringView character)
+{
+    const char32_t first = character.size() > 1 && character[0].isHighSurrogate()
+        ? QChar::surrogateToUcs4(character[0], character[1])
+        : char32_t(character[0].unicode());
+    return u_getIntPropertyValue(UChar32(first), UCHAR_NUMERIC_TYPE) != U_NT_NONE;
+}
+
+/// Calls visit with each user-perceived character of the text.
+template <typename Visit>
+void forEachCharacter(const QString &text, Visit &&visit)
+{
+    QTextBoundaryFinder finder(QTextBoundaryFinder::Grapheme, text);
+    qsizetype start = 0;
+    for (qsizetype end = finder.toNextBoundary(); end > start; end = finder.toNextBoundary()) {
+        visit(QStringView(text).sliced(start, end - start));
+        start = end;
+    }
+}
+
+} // namespace
+
+QString normalizePhone(const QString &text)
+{
+    QString digits;
+    if (isAscii(text)) {
+        std::copy_if(text.begin(), text.end(), std::back_inserter(digits),
+                     [](QChar c) { return c >= u'0' && c <= u'9'; });
+        return digits;
+    }
+    forEachCharacter(text, [&digits](QStringView character) {
+        if (isNumeric(character))
+            digits += character;
+    });
+    return digits;
+}
+
+QString formatPhone(const QString &text)
+{
+    constexpr int formattedLength = 10;
+    if (characterCount(text) != formattedLength)
+        return text;
+    QString spaced;
+    int position = 0;
+    forEachCharacter(text, [&spaced, &position](QStringView character) {
+        if (position > 0 && position % 2 == 0)
+            spaced += u' ';
+        spaced += character;
+        ++position;
+    });
+    return spaced;
+}
+
+qsizetype characterCount(const QString &text)
+{
+    if (isAscii(text) && !text.contains(u'\r'))
+        return text.size();
+    qsizetype count = 0;
+    forEachCharacter(text, [&count](QStringView) { ++count; });
+    return count;
+}
+
+std::optional<QString> validEmail(const QString &text)
+{
+    static const QRegularExpression pattern(
+        uR"(\A[A-Z0-9._%+-]+@[A-Z0-9.-]+\.[A-Z]{2,}\z)"_s,
+        QRegularExpression::CaseInsensitiveOption);
+    const QString address = text.trimmed().toLower();
+    if (!pattern.match(address).hasMatch())
+        return std::nullopt;
+    return address;
+}
+
+QString duplicateKey(const Prospect &prospect)
+{
+    const QString digits = normalizePhone(prospect.phone);
+    if (!digits.isEmpty())
+        return digits;
+    if (prospect.email) {
+        if (const auto address = validEmail(*prospect.email))
+            return u"email:"_s + *address;
+    }
+    return prospect.id;
+}
+
+} // namespace quenoria

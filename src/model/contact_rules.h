@@ -1,0 +1,38 @@
+#pragma once
+
+#include <QString>
+
+#include <optional>
+
+namespace quenoria {
+
+struct Prospect;
+
+/// Keeps the numeric user-perceived characters of a text, in order; no country-code handling.
+/// "Numeric" is Unicode's numeric property, so digits of any script count.
+///
+///   "06.12.34.56.78"       -> "0612345678"
+///   "+33 (0)6 12 34 56 78" -> "330612345678"
+///   "aucun"                -> ""
+[[nodiscard]] QString normalizePhone(const QString &text);
+
+/// Cuts a text of exactly ten user-perceived characters into pairs; any other is returned as is.
+///
+///   "0612345678"  -> "06 12 34 56 78"
+///   "33612345678" -> "33612345678"
+[[nodiscard]] QString formatPhone(const QString &text);
+
+/// Number of user-perceived characters: an accented letter or an emoji counts as one.
+[[nodiscard]] qsizetype characterCount(const QString &text);
+
+/// The stored form of a typed address (trimmed, lower case), or nothing when it is not valid.
+///
+///   " Anne@Example.org " -> "anne@example.org"
+///   "anne@example"       -> nothing
+[[nodiscard]] std::optional<QString> validEmail(const QString &text);
+
+/// Key under which two contacts count as one: the mobile's digits, else "email:" and the valid
+/// address, else the contact's id.
+[[nodiscard]] QString duplicateKey(const Prospect &prospect);
+
+} // namespace quenoria

@@ -1,0 +1,82 @@
+#pragma once
+
+#include "model/field.h"
+#include "model/instant.h"
+
+#include <QByteArray>
+#include <QString>
+
+#include <optional>
+#include <type_traits>
+#include <utility>
+#include <vector>
+
+namespace quenoria {
+
+/// Appends a quoted JSON string; "/" is written as "\/".
+void appendJsonString(QByteArray &out, const QString &text);
+
+/// Appends a line feed and two spaces per level.
+void appendJsonLine(QByteArray &out, int level);
+
+/// Appends a value; what it spans over several lines is indented below the given level.
+void appendJson(QByteArray &out, const QString &text, int level);
+void appendJson(QByteArray &out, bool flag, int level);
+void appendJson(QByteArray &out, Instant instant, int level);
+
+template <typename T>
+void appendJson(QByteArray &out, const std::vector<T> &values, int level)
+{
+    out += '[';
+    const char *separator = "";
+    for (const T &value : values) {
+        out += separator;
+        appendJsonLine(out, level + 1);
+        appendJson(out, value, level + 1);
+        separator = ",";
+    }
+    if (!values.empty())
+        appendJsonLine(out, level);
+    out += ']';
+}
+
+namespace detail {
+
+template <typename Value>
+void appendJsonMember(QByteArray &out, std::string_view name, const Value &value, int level)
+{
+    if (out.back() != '{')
+        out += ',';
+    appendJsonLine(out, level + 1);
+    out += '"';
+    out.append(name.data(), qsizetype(name.size()));
+    out += "\" : ";
+    appendJson(out, value, level + 1);
+}
+
+template <typename Value>
+void appendJsonMember(QByteArray &out, std::string_view name, const std::optional<Value> &value,
+                      int level)
+{
+    if (value)
+        appendJsonMember(out, name, *value, level);
+}
+
+} // namespace detail
+
+/// A record: its members sorted by name, absent ones left out.
+template <HasFields Record>
+void appendJson(QByteArray &out, const Record &record, int level)
+{
+    out += '{';
+    constexpr auto order = fieldsByName<Record>();
+    [&]<std::size_t... I>(std::index_sequence<I...>) {
+        (detail::appendJsonMember(out, std::get<order[I]>(Record::fields).name,
+                                  record.*(std::get<order[I]>(Record::fields).member), level),
+         ...);
+    }(std::make_index_sequence<order.size()>{});
+    appendJsonLine(out, level);
+    out += '}';
+}
+
+} // namespace quenoria

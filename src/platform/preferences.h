@@ -1,0 +1,23 @@
+#pragma once
+
+#include <QString>
+
+#include <optional>
+
+namespace quenoria {
+
+/// The user's preferences, kept by the desktop between two starts.
+class Preferences
+{
+public:
+    virtual ~Preferences() = default;
+
+    /// Absent when the key was never set or holds another type.
+    [[nodiscard]] virtual std::optional<bool> flag(const QString &key) const = 0;
+    [[nodiscard]] virtual std::optional<QString> text(const QString &key) const = 0;
+
+    virtual void setFlag(const QString &key, bool value) = 0;
+    virtual void setText(const QString &key, const QString &value) = 0;
+};
+
+} // namespace quenoria

@@ -1,0 +1,36 @@
+#pragma once
+
+#include <QString>
+
+#include <optional>
+#include <variant>
+
+namespace quenoria {
+
+/// The script could not be created from its text.
+struct ScriptNotCreated {
+};
+
+/// The script ran to its end.
+struct ScriptDone {
+};
+
+/// The script ended with an error record.
+struct ScriptError {
+    QString description;            ///< the whole record, for the system log
+    std::optional<QString> message; ///< its message, when the record holds one
+};
+
+using ScriptOutcome = std::variant<ScriptDone, ScriptNotCreated, ScriptError>;
+
+/// Compiles and runs AppleScript texts. run() blocks until the script has ended, and may be
+/// called from any thread.
+class ScriptHost
+{
+public:
+    virtual ~ScriptHost() = default;
+
+    [[nodiscard]] virtual ScriptOutcome run(const QString &source) = 0;
+};
+
+} // namespace quenoria

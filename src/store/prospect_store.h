@@ -1,0 +1,185 @@
+#pragma once
+
+#include "model/collections.h"
+#include "model/records.h"
+#include "platform/platform.h"
+#include "store/collection.h"
+#include "store/refusal.h"
+
+#include <QCoroTask>
+#include <QObject>
+#include <QUrl>
+
+#include <map>
+#include <span>
+
+namespace quenoria {
+
+struct ImportReport;
+
+/// The application's one model object: contacts, templates, tracking and quota, with their files.
+///
+/// Every change is published and, once the store is ready, its file is rewritten at once. A write
+/// that fails costs a log line; memory keeps the change. Confined to the main thread.
+class ProspectStore : public QObject
+{
+    Q_OBJECT
+
+public:
+    static constexpr int standardSMSMonthlyRecipientLimit = 250;
+    static constexpr std::chrono::nanoseconds automaticSMSMinimumInterval
+        = std::chrono::seconds{11};
+    static const QString defaultMessageID;
+    static const QString defaultEmailTemplateID;
+    static const std::map<QString, QString> legacyDepartmentNames; ///< code → name
+
+    /// Loads, completes and migrates the files, then writes each one back. Never fails: a file
+    /// that cannot be decoded is renamed aside and its collection starts anew.
+    explicit ProspectStore(const Platform &platform, QObject *parent = nullptr);
+    ~ProspectStore() override;
+
+    // The collections, as published.
+    const Dictionary<SendStatus> &statuses() const { return m_statuses; }
+    const Sequence<Prospect> &customProspects() const { return m_customProspects; }
+    const Sequence<MessageTemplate> &messageTemplates() const { return m_messageTemplates; }
+    const Dictionary<QString> &messageAssignments() const { return m_messageAssignments; }
+    const Dictionary<EmailSendStatus> &emailStatuses() const { return m_emailStatuses; }
+    const Sequence<EmailTemplate> &emailTemplates() const { return m_emailTemplates; }
+    const Dictionary<QString> &emailAssignments() const { return m_emailAssignments; }
+    const Dictionary<QString> &emailOverrides() const { return m_emailOverrides; }
+    const Dictionary<ContactOverride> &contactOverrides() const { return m_contactOverrides; }
+    const Dictionary<QString> &attachmentPaths() const { return m_attachmentPaths; }
+    const IdSet &deletedProspectIDs() const { return m_deletedProspectIDs; }
+    const Sequence<DepartmentInfo> &departments() const { return m_departments; }
+    const QString &testNumber() const { return m_testNumber; }
+    void setTestNumber(const QString &phone);
+    const IdSet &sendSelection() const { return m_sendSelection; }
+    const IdSet &emailSendSelection() const { return m_emailSendSelection; }
+    const std::vector<Prospect> &prospects() const { return m_prospects; } ///< built-in list
+    bool isReady() const { return m_isReady; }
+    const Dictionary<IdSet> &smsMonthlyRecipientsByMonth() const
+    {
+        return m_smsMonthlyRecipientsByMonth;
+    }
+    std::optional<Instant> lastAutomaticSMSSentAt() const { return m_lastAutomaticSMSSentAt; }
+    bool automaticSMSBusy() const { return m_automaticSMSBusy; }
+
+    // The merged contact list: built-in and custom contacts, as edited, without the deleted ones.
+    // Recomputed after a change; references live until the next one.
+    const std::vector<Prospect> &allProspects() const;
+    const Prospect *prospect(const QString &id) const; ///< first with the id, or null
+    static std::vector<Prospect> loadProspects(const Resources &resources);
+
+    // Contacts. Every check and its message stand beside the operation.
+    [[nodiscard]] Refusal add(const QString &name, const QString &phone, const QString &email,
+                              const QString &department, const QString &profession);
+    struct ContactEdit {
+        QString name, commune, phone, email, department, profession; ///< as typed
+    };
+    [[nodiscard]] Refusal update(const Prospect &prospect, const ContactEdit &edit);
+    int deleteProspects(const IdSet &ids); ///< how many contacts went
+
+    // Departments.
+    std::vector<DepartmentInfo> sortedDepartments() const;
+    QString departmentName(const QString &code) const;
+    [[nodiscard]] Refusal addDepartment(const QString &code, const QString &name);
+
+    // Send tracking. Dates are only appended, or the newest replaced by a manual one.
+    const SendStatus *status(const Prospect &prospect) const;
+    const EmailSendStatus *emailStatus(const Prospect &prospect) const;
+    bool isStopped(const Prospect &prospect) const;
+    std::vector<Instant> sendHistory(const Prospect &prospect) const; ///< oldest first
+    void setSent(bool sent, const Prospect &prospect);
+    void recordSentNow(const Prospect &prospect);
+    void setDate(Instant date, const Prospect &prospect);
+    void setStopped(bool stopped, const Prospect &prospect);
+    void setComment(const QString &comment, const Prospect &prospect);
+    void setEmailSent(bool sent, const Prospect &prospect);
+    void recordEmailSentNow(const Prospect &prospect);
+
+    // The two selections, in memory only: contacts ticked for the next run.
+    bool isSelectedForSending(const Prospect &prospect) const;
+    void setSelectedForSending(bool selected, const Prospect &prospect);
+    void clearSendSelection();
+    bool isSelectedForEmailSending(const Prospect &prospect) const;
+    void setSelectedForEmailSending(bool selected, const Prospect &prospect);
+    void clearEmailSendSelection();
+
+    // The monthly quota, counted in distinct recipients of the local calendar month.
+    int smsRecipientsSentThisMonth() const;
+    int remainingStandardSMSRecipientsThisMonth() const;
+    [[nodiscard]] Refusal smsQuotaError(const Prospect &prospect, bool freeProEnabled) const;
+
+    // Templates. A contact without an assignment uses its channel's default template.
+    QString assignedMessageID(const Prospect &prospect) const;
+    MessageTemplate assignedMessage(const Prospect &prospect) const;
+    void assignMessage(const QString &id, const Prospect &prospect);
+    QString createMessage(const QString &title, const QString &body); ///< the new id
+    void updateMessage(const QString &id, const QString &title, const QString &body);
+    void deleteMessage(const QString &id);
+    QString assignedEmailTemplateID(const Prospect &prospect) const;
+    EmailTemplate assignedEmailTemplate(const Prospect &prospect) const;
+    void assignEmailTemplate(const QString &id, const Prospect &prospect);
+    QString createEmailTemplate(const QString &title, const QString &subject, const QString &body);
+    void updateEmailTemplate(const QString &id, const QString &title, const QString &subject,
+                             const QString &body);
+    void deleteEmailTemplate(const QString &id);
+
+    // Attachments: one path per contact; the file itself stays where it is.
+    std::optional<QString> attachmentName(const Prospect &prospect) const;
+    bool attachmentExists(const Prospect &prospect) const;
+    std::optional<QUrl> attachmentURL(const Prospect &prospect) const;
+    void chooseAttachment(const Prospect &prospect);
+    void removeAttachment(const Prospect &prospect);
+
+    // Import: analyses a workbook and merges it. Throws what its reading threw, unchanged.
+    ImportReport importProspects(const QString &workbookPath);
+
+    // Messaging. Nothing here records a send: the caller does, once it is confirmed.
+    [[nodiscard]] Refusal prepareSMS(const Prospect &prospect, bool freeProEnabled);
+    [[nodiscard]] QCoro::Task<Refusal> sendSMSAutomatically(Prospect prospect,
+                                                            bool freeProEnabled);
+    [[nodiscard]] Refusal prepareTestSMS(const QString &phone, const QString &messageID);
+    [[nodiscard]] Refusal prepareEmail(const Prospect &prospect);
+    [[nodiscard]] QCoro::Task<Refusal> sendEmailAutomatically(Prospect prospect);
+
+    // The files.
+    QString file(Collection collection) const; ///< full path
+    void save(Collection collection);
+
+Q_SIGNALS:
+    /// A collection changed; contactId names the one contact concerned, or is empty for all.
+    void published(quenoria::Collection collection, const QString &contactId);
+
+    /// A selection changed, for one contact or (empty id) as a whole.
+    void selectionPublished(const QString &contactId);
+
+    /// The number for test messages changed.
+    void testNumberPublished();
+
+private:
+    Platform m_platform;
+
+    Dictionary<SendStatus> m_statuses;
+    Sequence<Prospect> m_customProspects;
+    Sequence<MessageTemplate> m_messageTemplates;
+    Dictionary<QString> m_messageAssignments;
+    Dictionary<EmailSendStatus> m_emailStatuses;
+    Sequence<EmailTemplate> m_emailTemplates;
+    Dictionary<QString> m_emailAssignments;
+    Dictionary<QString> m_emailOverrides;
+    Dictionary<ContactOverride> m_contactOverrides;
+    Dictionary<QString> m_attachmentPaths;
+    IdSet m_deletedProspectIDs;
+    Sequence<DepartmentInfo> m_departments;
+    QString m_testNumber;
+    IdSet m_sendSelection;
+    IdSet m_emailSendSelection;
+    std::vector<Prospect> m_prospects;
+    bool m_isReady = false;
+    Dictionary<IdSet> m_smsMonthlyRecipientsByMonth;
+    std::optional<Instant> m_lastAutomaticSMSSentAt;
+    bool m_automaticSMSBusy = false;
+};
+
+} // namespace quenoria

@@ -1,0 +1,78 @@
+#include "support/fake_desktop.h"
+
+#include <QDir>
+#include <QFile>
+
+namespace quenoria::test {
+
+namespace {
+
+template <typename Value>
+std::optional<Value> lookUp(const std::map<QString, Value> &values, const QString &key)
+{
+    const auto found = values.find(key);
+    return found == values.end() ? std::nullopt : std::optional(found->second);
+}
+
+} // namespace
+
+std::optional<bool> MemoryPreferences::flag(const QString &key) const
+{
+    return lookUp(flags, key);
+}
+
+std::optional<QString> MemoryPreferences::text(const QString &key) const
+{
+    return lookUp(texts, key);
+}
+
+ScriptOutcome RecordingScripts::run(const QString &source)
+{
+    sources << source;
+    return answer(source);
+}
+
+bool RecordingWorkspace::openUrl(const QUrl &url)
+{
+    opened << url;
+    return accepts;
+}
+
+std::optional<QString> ScriptedPanels::chooseFile(const OpenPanel &panel)
+{
+    opened.push_back(panel);
+    return answer;
+}
+
+std::optional<QString> ScriptedPanels::chooseDestination(const SavePanel &panel)
+{
+    saved.push_back(panel);
+    return answer;
+}
+
+std::optional<QByteArray> MemoryResources::read(const QString &name, const QString &suffix) const
+{
+    return lookUp(files, name + u'.' + suffix);
+}
+
+Platform FakeDesktop::platform()
+{
+    return {clock,   preferences, folders, scripts,   workspace,
+            sharing, pasteboard,  panels,  resources, log};
+}
+
+QByteArray FakeDesktop::file(const QString &name) const
+{
+    QFile source(QDir(folders.data()).filePath(name));
+    return source.open(QIODevice::ReadOnly) ? source.readAll() : QByteArray();
+}
+
+void FakeDesktop::writeFile(const QString &name, const QByteArray &content) const
+{
+    QDir().mkpath(folders.data());
+    QFile target(QDir(folders.data()).filePath(name));
+    if (!target.open(QIODevice::WriteOnly) || target.write(content) != content.size())
+        qFatal("a fixture could not be written");
+}
+
+} // namespace quenoria::test

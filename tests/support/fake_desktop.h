@@ -1,0 +1,120 @@
+#pragma once
+
+#include "platform/platform.h"
+#include "support/fake_clock.h"
+
+#include <QTemporaryDir>
+
+#include <functional>
+#include <map>
+
+namespace quenoria::test {
+
+struct MemoryPreferences : Preferences {
+    std::map<QString, bool> flags;
+    std::map<QString, QString> texts;
+
+    std::optional<bool> flag(const QString &key) const override;
+    std::optional<QString> text(const QString &key) const override;
+    void setFlag(const QString &key, bool value) override { flags[key] = value; }
+    void setText(const QString &key, const QString &value) override { texts[key] = value; }
+};
+
+struct TemporaryFolders : Folders {
+    QTemporaryDir root;
+
+    QString data() const override { return root.filePath(QStringLiteral("a/b/data")); }
+};
+
+/// Keeps every script and answers with the outcome that the test prepared.
+struct RecordingScripts : ScriptHost {
+    QStringList sources;
+    std::function<ScriptOutcome(const QString &)> answer
+        = [](const QString &) { return ScriptDone{}; };
+
+    ScriptOutcome run(const QString &source) override;
+};
+
+struct RecordingWorkspace : Workspace {
+    QList<QUrl> opened;
+    QStringList hidden;
+    int fronts = 0;
+    bool accepts = true;
+    std::optional<QString> mailApplication;
+
+    bool openUrl(const QUrl &url) override;
+    std::optional<QString> defaultApplication(const QUrl &) const override
+    {
+        return mailApplication;
+    }
+    void hideApplications(const QString &bundleIdentifier) override { hidden << bundleIdentifier; }
+    void comeToFront() override { ++fronts; }
+};
+
+struct RecordingCompose : ComposeService {
+    bool accepts = true;
+    std::vector<Composition> performed;
+
+    bool canPerform(const Composition &) const override { return accepts; }
+    void perform(const Composition &composition) override { performed.push_back(composition); }
+};
+
+struct RecordingSharing : SharingServices {
+    bool present = true;
+    RecordingCompose message;
+    RecordingCompose email;
+
+    ComposeService *composeMessage() override { return present ? &message : nullptr; }
+    ComposeService *composeEmail() override { return present ? &email : nullptr; }
+};
+
+struct RecordingPasteboard : Pasteboard {
+    QString content;
+
+    void setText(const QString &text) override { content = text; }
+};
+
+struct ScriptedPanels : FilePanels {
+    std::optional<QString> answer;
+    std::vector<OpenPanel> opened;
+    std::vector<SavePanel> saved;
+
+    std::optional<QString> chooseFile(const OpenPanel &panel) override;
+    std::optional<QString> chooseDestination(const SavePanel &panel) override;
+};
+
+struct MemoryResources : Resources {
+    std::map<QString, QByteArray> files; ///< by "name.suffix"
+
+    std::optional<QByteArray> read(const QString &name, const QString &suffix) const override;
+};
+
+struct RecordingLog : SystemLog {
+    QStringList lines;
+
+    void write(const QString &line) override { lines << line; }
+};
+
+/// A whole desktop that records what it was asked for.
+struct FakeDesktop {
+    FakeClock clock;
+    MemoryPreferences preferences;
+    TemporaryFolders folders;
+    RecordingScripts scripts;
+    RecordingWorkspace workspace;
+    RecordingSharing sharing;
+    RecordingPasteboard pasteboard;
+    ScriptedPanels panels;
+    MemoryResources resources;
+    RecordingLog log;
+
+    Platform platform();
+
+    /// Content of a file of the data folder, or a null array when there is none.
+    QByteArray file(const QString &name) const;
+
+    /// Writes a file of the data folder, as another program would have left it.
+    void writeFile(const QString &name, const QByteArray &content) const;
+};
+
+} // namespace quenoria::test

@@ -1,0 +1,12 @@
+#include <QCoreApplication>
+#include <QLocale>
+
+#include <gtest/gtest.h>
+
+int main(int argc, char **argv)
+{
+    testing::InitGoogleTest(&argc, argv);
+    QCoreApplication application(argc, argv);
+    QLocale::setDefault(QLocale(QLocale::French, QLocale::France));
+    return RUN_ALL_TESTS();
+}
