@@ -11,7 +11,7 @@
 #include <QUrl>
 
 #include <map>
-#include <span>
+#include <stop_token>
 
 namespace quenoria {
 
@@ -137,8 +137,9 @@ public:
 
     // Messaging. Nothing here records a send: the caller does, once it is confirmed.
     [[nodiscard]] Refusal prepareSMS(const Prospect &prospect, bool freeProEnabled);
-    [[nodiscard]] QCoro::Task<Refusal> sendSMSAutomatically(Prospect prospect,
-                                                            bool freeProEnabled);
+    // A stop requested while an automatic SMS still waits for its turn abandons it, unsent.
+    [[nodiscard]] QCoro::Task<Refusal>
+    sendSMSAutomatically(Prospect prospect, bool freeProEnabled, std::stop_token stop = {});
     [[nodiscard]] Refusal prepareTestSMS(const QString &phone, const QString &messageID);
     [[nodiscard]] Refusal prepareEmail(const Prospect &prospect);
     [[nodiscard]] QCoro::Task<Refusal> sendEmailAutomatically(Prospect prospect);

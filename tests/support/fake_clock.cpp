@@ -14,24 +14,32 @@ FakeClock::FakeClock()
 {
 }
 
-QFuture<void> FakeClock::sleep(nanoseconds duration)
+QFuture<void> FakeClock::sleep(nanoseconds duration, std::stop_token stop)
 {
-    Sleeper &sleeper = m_sleepers.emplace_back();
-    sleeper.due = m_now + ceil<milliseconds>(duration);
-    sleeper.promise.start();
-    return sleeper.promise.future();
+    const auto sleeper = m_sleepers.emplace(m_sleepers.end());
+    sleeper->due = m_now + ceil<milliseconds>(duration);
+    sleeper->promise.start();
+    QFuture<void> future = sleeper->promise.future();
+    if (stop.stop_requested())
+        wake(sleeper);
+    else
+        sleeper->stop.emplace(std::move(stop), [sleeper] { sleeper->due = Instant::min(); });
+    return future;
+}
+
+void FakeClock::wake(std::list<Sleeper>::iterator sleeper)
+{
+    sleeper->promise.finish();
+    m_sleepers.erase(sleeper);
 }
 
 void FakeClock::advance(milliseconds duration)
 {
     m_now += duration;
     for (auto sleeper = m_sleepers.begin(); sleeper != m_sleepers.end();) {
-        if (sleeper->due > m_now) {
-            ++sleeper;
-            continue;
-        }
-        sleeper->promise.finish();
-        sleeper = m_sleepers.erase(sleeper);
+        const auto current = sleeper++;
+        if (current->due <= m_now)
+            wake(current);
     }
     settle();
 }

@@ -4,7 +4,9 @@
 
 #include <QPromise>
 
+#include <functional>
 #include <list>
+#include <optional>
 
 namespace quenoria::test {
 
@@ -17,7 +19,7 @@ public:
 
     Instant now() const override { return m_now; }
     QTimeZone zone() const override { return m_zone; }
-    QFuture<void> sleep(std::chrono::nanoseconds duration) override;
+    QFuture<void> sleep(std::chrono::nanoseconds duration, std::stop_token stop) override;
 
     void set(Instant now) { m_now = now; }
 
@@ -31,7 +33,10 @@ private:
     struct Sleeper {
         Instant due;
         QPromise<void> promise;
+        std::optional<std::stop_callback<std::function<void()>>> stop;
     };
+
+    void wake(std::list<Sleeper>::iterator sleeper);
 
     Instant m_now;
     QTimeZone m_zone;
