@@ -14,6 +14,11 @@ namespace quenoria {
 /// A set of contact ids or recipient keys, written sorted so that equal sets are equal bytes.
 using IdSet = std::set<QString>;
 
+inline void appendJson(QByteArray &out, const IdSet &ids, int level)
+{
+    appendJson(out, std::vector<QString>(ids.begin(), ids.end()), level);
+}
+
 /// What a collection keeps beside each of its records: the record's text in the file, made once
 /// and kept until the record changes. Writing a file then costs little more than its bytes.
 template <typename Value>
@@ -37,9 +42,22 @@ private:
     mutable QByteArray m_text;
 };
 
-inline void appendJson(QByteArray &out, const IdSet &ids, int level)
+/// The whole file of a set.
+inline QByteArray encodeJson(const IdSet &ids)
 {
-    appendJson(out, std::vector<QString>(ids.begin(), ids.end()), level);
+    QByteArray out;
+    appendJson(out, ids, 0);
+    return out + '\n';
+}
+
+/// Decodes a collection's file, or gives nothing.
+template <typename Shape>
+std::optional<Shape> decodeCollection(const QByteArray &bytes)
+{
+    if constexpr (requires { Shape::fromJson(bytes); })
+        return Shape::fromJson(bytes);
+    else
+        return decodeJson<Shape>(bytes);
 }
 
 /// Records in the user's order; an array in its file. A record is replaced, never edited in place.

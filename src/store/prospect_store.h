@@ -159,6 +159,38 @@ Q_SIGNALS:
     void testNumberPublished();
 
 private:
+    // Start-up, in the order in which it happens.
+    void loadFiles();
+    template <typename Shape>
+    bool load(Collection collection, Shape &into);
+    void setAside(const QString &path);
+    void completeTemplates();
+    void completeDepartments();
+    void seedStatus();
+    QByteArray json(Collection collection) const;
+    [[nodiscard]] Refusal writeFile(const QString &path, const QByteArray &content) const;
+
+    /// Announces a change, then writes the collection's file once the store is ready.
+    void publish(Collection collection, const QString &contactId = {});
+
+    Prospect effective(const Prospect &prospect) const;
+
+    void setStatus(const QString &id, std::optional<SendStatus> status); ///< none: removes it
+    void setEmailStatus(const QString &id, std::optional<EmailSendStatus> status);
+    void select(IdSet &selection, bool selected, const QString &id);
+
+    void recordSMSRecipientUsage(const Prospect &prospect, Instant date);
+    void mergeExistingSMSHistoryIntoMonthlyRecipients();
+    QString monthKey(Instant date) const;
+    static QString recipientKey(const Prospect &prospect);
+
+    [[nodiscard]] Refusal openSMS(const QString &phone, const QString &body,
+                                  const std::optional<QUrl> &attachment);
+    [[nodiscard]] QCoro::Task<Refusal>
+    sendSMSDirectlyThroughMessages(QString phone, QString body, std::optional<QUrl> attachment);
+    QCoro::Task<> waitForAutomaticSMSInterval(std::stop_token stop);
+    void finishAutomaticSMSWindowCleanup();
+
     Platform m_platform;
 
     Dictionary<SendStatus> m_statuses;
@@ -181,6 +213,11 @@ private:
     Dictionary<IdSet> m_smsMonthlyRecipientsByMonth;
     std::optional<Instant> m_lastAutomaticSMSSentAt;
     bool m_automaticSMSBusy = false;
+
+    // The merged list and where each id first stands in it; emptied by what changes it.
+    mutable std::vector<Prospect> m_merged;
+    mutable QHash<QString, std::size_t> m_mergedPositions;
+    mutable bool m_mergedIsCurrent = false;
 };
 
 } // namespace quenoria

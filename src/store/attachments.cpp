@@ -1,0 +1,50 @@
+#include "store/prospect_store.h"
+
+#include <QFileInfo>
+
+using namespace Qt::StringLiterals;
+
+namespace quenoria {
+
+std::optional<QString> ProspectStore::attachmentName(const Prospect &prospect) const
+{
+    const QString *path = m_attachmentPaths.find(prospect.id);
+    if (!path || path->isEmpty())
+        return std::nullopt;
+    return QFileInfo(*path).fileName();
+}
+
+bool ProspectStore::attachmentExists(const Prospect &prospect) const
+{
+    const QString *path = m_attachmentPaths.find(prospect.id);
+    return path && !path->isEmpty() && QFileInfo::exists(*path);
+}
+
+std::optional<QUrl> ProspectStore::attachmentURL(const Prospect &prospect) const
+{
+    if (!attachmentExists(prospect))
+        return std::nullopt;
+    return QUrl::fromLocalFile(*m_attachmentPaths.find(prospect.id));
+}
+
+void ProspectStore::chooseAttachment(const Prospect &prospect)
+{
+    const QString id = prospect.id; // the panel runs an event loop: the contact may change meanwhile
+    const auto path = m_platform.panels.chooseFile(
+        {u"Choisir un fichier joint"_s,
+         u"Ce fichier sera proposé avec les SMS/MMS ou e-mails de ce contact."_s, u"Choisir"_s,
+         {}});
+    if (!path)
+        return;
+    m_attachmentPaths.set(id, *path);
+    publish(Collection::attachmentPaths, id);
+}
+
+void ProspectStore::removeAttachment(const Prospect &prospect)
+{
+    const QString id = prospect.id;
+    m_attachmentPaths.remove(id);
+    publish(Collection::attachmentPaths, id);
+}
+
+} // namespace quenoria

@@ -1,0 +1,120 @@
+#include "model/contact_rules.h"
+#include "store/prospect_store.h"
+
+#include <QRegularExpression>
+#include <QStringDecoder>
+
+using namespace Qt::StringLiterals;
+
+namespace quenoria {
+
+namespace {
+
+std::optional<QString> decodeUtf8(const QByteArray &bytes)
+{
+    QStringDecoder decode(QStringDecoder::Utf8);
+    QString text = decode(bytes);
+    return decode.hasError() ? std::nullopt : std::optional(std::move(text));
+}
+
+/// The text before each of the first three tabs, then all the rest.
+QStringList fieldsOfLine(const QString &line)
+{
+    constexpr int most = 4;
+    QStringList fields = line.split(u'\t');
+    if (fields.size() > most) {
+        const QString rest = fields.sliced(most - 1).join(u'\t');
+        fields = fields.first(most - 1);
+        fields << rest;
+    }
+    return fields;
+}
+
+QString departmentInLabel(const QString &label)
+{
+    static const QRegularExpression pattern(uR"(\((\d{2,3}|2A|2B)\))"_s,
+                                            QRegularExpression::UseUnicodePropertiesOption);
+    return pattern.match(label).captured(1);
+}
+
+std::optional<Prospect> builtInContact(const QString &line)
+{
+    const QStringList fields = fieldsOfLine(line);
+    if (fields.size() < 2)
+        return std::nullopt;
+    Prospect prospect;
+    prospect.id = normalizePhone(fields[1]);
+    prospect.label = fields[0];
+    prospect.phone = fields[1];
+    prospect.email = validEmail(fields.value(2));
+    prospect.department = departmentInLabel(fields[0]);
+    if (const QString profession = fields.value(3).trimmed(); !profession.isEmpty())
+        prospect.profession = profession;
+    return prospect;
+}
+
+} // namespace
+
+std::vector<Prospect> ProspectStore::loadProspects(const Resources &resources)
+{
+    static const QRegularExpression lineBreak(u"[\\n\\r\\x0B\\x0C\\x{85}\\x{2028}\\x{2029}]"_s);
+    std::vector<Prospect> prospects;
+    const auto bytes = resources.read(u"prospects"_s, u"tsv"_s);
+    const auto text = bytes ? decodeUtf8(*bytes) : std::nullopt;
+    if (!text)
+        return prospects;
+    for (const QString &line : text->split(lineBreak, Qt::SkipEmptyParts)) {
+        if (auto prospect = builtInContact(line))
+            prospects.push_back(std::move(*prospect));
+    }
+    return prospects;
+}
+
+const std::vector<Prospect> &ProspectStore::allProspects() const
+{
+    if (m_mergedIsCurrent)
+        return m_merged;
+    m_merged.clear();
+    m_merged.reserve(m_prospects.size() + m_customProspects.size());
+    for (const Prospect &prospect : m_prospects) {
+        if (!m_deletedProspectIDs.contains(prospect.id))
+            m_merged.push_back(effective(prospect));
+    }
+    m_customProspects.forEach(
+        [this](const Prospect &prospect) { m_merged.push_back(effective(prospect)); });
+
+    m_mergedPositions.clear();
+    m_mergedPositions.reserve(qsizetype(m_merged.size()));
+    for (std::size_t position = 0; position < m_merged.size(); ++position) {
+        if (!m_mergedPositions.contains(m_merged[position].id))
+            m_mergedPositions.insert(m_merged[position].id, position);
+    }
+    m_mergedIsCurrent = true;
+    return m_merged;
+}
+
+const Prospect *ProspectStore::prospect(const QString &id) const
+{
+    const std::vector<Prospect> &all = allProspects();
+    const auto found = m_mergedPositions.constFind(id);
+    return found == m_mergedPositions.cend() ? nullptr : &all[*found];
+}
+
+Prospect ProspectStore::effective(const Prospect &prospect) const
+{
+    Prospect shown = prospect;
+    if (const ContactOverride *edited = m_contactOverrides.find(prospect.id)) {
+        shown.label = edited->label;
+        shown.phone = edited->phone;
+        shown.email = edited->email;
+        shown.department = edited->department;
+        if (edited->profession)
+            shown.profession = edited->profession;
+    } else if (const QString *address = m_emailOverrides.find(prospect.id);
+               address && !address->isEmpty()) {
+        shown.email = *address;
+    }
+    return shown;
+}
+
+} // namespace quenoria

@@ -1,0 +1,77 @@
+#include "model/contact_rules.h"
+#include "store/prospect_store.h"
+
+#include <QDateTime>
+
+using namespace Qt::StringLiterals;
+
+namespace quenoria {
+
+namespace {
+
+const QString monthlyLimitReached
+    = u"Limite mensuelle atteinte : 250 destinataires SMS ont déjà été contactés ce mois-ci. "
+      "Cochez « Forfait Free Pro » uniquement si votre forfait autorise les envois sans cette "
+      "limite."_s;
+
+} // namespace
+
+QString ProspectStore::monthKey(Instant date) const
+{
+    const QDate local = QDateTime::fromMSecsSinceEpoch(date.time_since_epoch().count(),
+                                                       m_platform.clock.zone())
+                            .date();
+    return u"%1-%2"_s.arg(local.year(), 4, 10, QChar(u'0')).arg(local.month(), 2, 10, QChar(u'0'));
+}
+
+QString ProspectStore::recipientKey(const Prospect &prospect)
+{
+    const QString digits = normalizePhone(prospect.phone);
+    return digits.isEmpty() ? prospect.id : digits;
+}
+
+int ProspectStore::smsRecipientsSentThisMonth() const
+{
+    const IdSet *recipients = m_smsMonthlyRecipientsByMonth.find(monthKey(m_platform.clock.now()));
+    return recipients ? int(recipients->size()) : 0;
+}
+
+int ProspectStore::remainingStandardSMSRecipientsThisMonth() const
+{
+    return std::max(0, standardSMSMonthlyRecipientLimit - smsRecipientsSentThisMonth());
+}
+
+Refusal ProspectStore::smsQuotaError(const Prospect &prospect, bool freeProEnabled) const
+{
+    if (freeProEnabled)
+        return {};
+    const IdSet *recipients = m_smsMonthlyRecipientsByMonth.find(monthKey(m_platform.clock.now()));
+    if (!recipients || recipients->contains(recipientKey(prospect)))
+        return {};
+    if (int(recipients->size()) >= standardSMSMonthlyRecipientLimit)
+        return monthlyLimitReached;
+    return {};
+}
+
+void ProspectStore::recordSMSRecipientUsage(const Prospect &prospect, Instant date)
+{
+    const QString month = monthKey(date);
+    const IdSet *known = m_smsMonthlyRecipientsByMonth.find(month);
+    IdSet recipients = known ? *known : IdSet();
+    recipients.insert(recipientKey(prospect));
+    m_smsMonthlyRecipientsByMonth.set(month, std::move(recipients));
+    publish(Collection::smsMonthlyRecipientsByMonth);
+}
+
+void ProspectStore::mergeExistingSMSHistoryIntoMonthlyRecipients()
+{
+    std::map<QString, IdSet> months;
+    for (const Prospect &prospect : allProspects()) {
+        for (const Instant date : sendHistory(prospect))
+            months[monthKey(date)].insert(recipientKey(prospect));
+    }
+    for (auto &[month, recipients] : months)
+        m_smsMonthlyRecipientsByMonth.set(month, std::move(recipients));
+}
+
+} // namespace quenoria

@@ -1,0 +1,187 @@
+#include "store/prospect_store.h"
+
+namespace quenoria {
+
+namespace {
+
+/// Every confirmed send, oldest first. Records made before histories existed hold one date only.
+template <typename Status>
+std::vector<Instant> historyFrom(const Status *status)
+{
+    if (!status)
+        return {};
+    if (status->sendHistory && !status->sendHistory->empty())
+        return *status->sendHistory;
+    if (status->sent)
+        return {status->sentAt};
+    return {};
+}
+
+/// The record to build a new one from: the existing one, or one made now.
+template <typename Status>
+Status existingOr(const Status *status, Instant now)
+{
+    if (status)
+        return *status;
+    Status fresh;
+    fresh.sentAt = now;
+    return fresh;
+}
+
+/// The record once one more send is confirmed.
+template <typename Status>
+Status withSend(const Status *existing, Instant date)
+{
+    Status status = existingOr(existing, date);
+    status.sendHistory = historyFrom(existing);
+    status.sendHistory->push_back(date);
+    status.sent = true;
+    status.sentAt = date;
+    return status;
+}
+
+/// The record once the sent mark is set: an unmarked contact gains a date, a marked one none.
+template <typename Status>
+Status ticked(const Status *existing, Instant now)
+{
+    if (!existing || !existing->sent)
+        return withSend(existing, now);
+    Status status = *existing;
+    status.sendHistory = historyFrom(existing);
+    status.sentAt = status.sendHistory->back();
+    return status;
+}
+
+QString trimmedComment(const SendStatus &status)
+{
+    return status.comment.value_or(QString()).trimmed();
+}
+
+} // namespace
+
+const SendStatus *ProspectStore::status(const Prospect &prospect) const
+{
+    return m_statuses.find(prospect.id);
+}
+
+const EmailSendStatus *ProspectStore::emailStatus(const Prospect &prospect) const
+{
+    return m_emailStatuses.find(prospect.id);
+}
+
+bool ProspectStore::isStopped(const Prospect &prospect) const
+{
+    const SendStatus *existing = status(prospect);
+    return existing && existing->stopped.value_or(false);
+}
+
+std::vector<Instant> ProspectStore::sendHistory(const Prospect &prospect) const
+{
+    return historyFrom(status(prospect));
+}
+
+void ProspectStore::setStatus(const QString &id, std::optional<SendStatus> status)
+{
+    if (status)
+        m_statuses.set(id, std::move(*status));
+    else
+        m_statuses.remove(id);
+    publish(Collection::statuses, id);
+}
+
+void ProspectStore::setEmailStatus(const QString &id, std::optional<EmailSendStatus> status)
+{
+    if (status)
+        m_emailStatuses.set(id, std::move(*status));
+    else
+        m_emailStatuses.remove(id);
+    publish(Collection::emailStatuses, id);
+}
+
+void ProspectStore::setSent(bool sent, const Prospect &prospect)
+{
+    const SendStatus *existing = status(prospect);
+    if (sent) {
+        const bool wasSent = existing && existing->sent;
+        SendStatus status = ticked(existing, m_platform.clock.now());
+        const Instant latest = status.sentAt;
+        setStatus(prospect.id, std::move(status));
+        if (!wasSent)
+            recordSMSRecipientUsage(prospect, latest);
+        return;
+    }
+    SendStatus status = existingOr(existing, m_platform.clock.now());
+    status.comment = trimmedComment(status);
+    status.sendHistory = historyFrom(existing);
+    status.sent = false;
+    const bool carriesNothing = status.comment->isEmpty() && !status.stopped.value_or(false)
+        && status.sendHistory->empty();
+    setStatus(prospect.id, carriesNothing ? std::nullopt : std::optional(std::move(status)));
+}
+
+void ProspectStore::recordSentNow(const Prospect &prospect)
+{
+    const Instant now = m_platform.clock.now();
+    setStatus(prospect.id, withSend(status(prospect), now));
+    recordSMSRecipientUsage(prospect, now);
+}
+
+void ProspectStore::setDate(Instant date, const Prospect &prospect)
+{
+    const SendStatus *existing = status(prospect);
+    SendStatus status = existingOr(existing, date);
+    status.sendHistory = historyFrom(existing);
+    if (status.sendHistory->empty())
+        status.sendHistory->push_back(date);
+    else
+        status.sendHistory->back() = date;
+    status.sent = true;
+    status.sentAt = date;
+    setStatus(prospect.id, std::move(status));
+}
+
+void ProspectStore::setStopped(bool stopped, const Prospect &prospect)
+{
+    const SendStatus *existing = status(prospect);
+    SendStatus status = existingOr(existing, m_platform.clock.now());
+    if (stopped) {
+        status.stopped = true;
+        m_statuses.set(prospect.id, std::move(status));
+        setSelectedForSending(false, prospect);
+        setSelectedForEmailSending(false, prospect);
+        publish(Collection::statuses, prospect.id);
+        return;
+    }
+    status.stopped.reset();
+    const bool carriesNothing
+        = !status.sent && trimmedComment(status).isEmpty() && historyFrom(existing).empty();
+    setStatus(prospect.id, carriesNothing ? std::nullopt : std::optional(std::move(status)));
+}
+
+void ProspectStore::setComment(const QString &comment, const Prospect &prospect)
+{
+    SendStatus status = existingOr(this->status(prospect), m_platform.clock.now());
+    status.comment = comment;
+    setStatus(prospect.id, std::move(status));
+}
+
+void ProspectStore::setEmailSent(bool sent, const Prospect &prospect)
+{
+    const EmailSendStatus *existing = emailStatus(prospect);
+    if (sent) {
+        setEmailStatus(prospect.id, ticked(existing, m_platform.clock.now()));
+        return;
+    }
+    EmailSendStatus status = existingOr(existing, m_platform.clock.now());
+    status.sendHistory = historyFrom(existing);
+    status.sent = false;
+    const bool carriesNothing = status.sendHistory->empty();
+    setEmailStatus(prospect.id, carriesNothing ? std::nullopt : std::optional(std::move(status)));
+}
+
+void ProspectStore::recordEmailSentNow(const Prospect &prospect)
+{
+    setEmailStatus(prospect.id, withSend(emailStatus(prospect), m_platform.clock.now()));
+}
+
+} // namespace quenoria
