@@ -22,8 +22,7 @@ inline void appendJson(QByteArray &out, const IdSet &ids, int level)
 /// What a collection keeps beside each of its records: the record's text in the file, made once
 /// and kept until the record changes. Writing a file then costs little more than its bytes.
 template <typename Value>
-class Encoded
-{
+class Encoded {
 public:
     Encoded() = default;
     explicit Encoded(Value value) : m_value(std::move(value)) {}
@@ -62,8 +61,7 @@ std::optional<Shape> decodeCollection(const QByteArray &bytes)
 
 /// Records in the user's order; an array in its file. A record is replaced, never edited in place.
 template <typename Value>
-class Sequence
-{
+class Sequence {
 public:
     Sequence() = default;
     Sequence(std::initializer_list<Value> values) { append(std::vector<Value>(values)); }
@@ -158,8 +156,7 @@ private:
 /// Records by contact id (or month); an object in its file. Kept in the order of the names, in
 /// which it is written, and hashed, since every row of the table looks its records up.
 template <typename Value>
-class Dictionary
-{
+class Dictionary {
 public:
     Dictionary() = default;
     Dictionary(const Dictionary &) = delete;

@@ -21,8 +21,8 @@ bool isAscii(QStringView text)
 bool isNumeric(QStringView character)
 {
     const char32_t first = character.size() > 1 && character[0].isHighSurrogate()
-        ? QChar::surrogateToUcs4(character[0], character[1])
-        : char32_t(character[0].unicode());
+                               ? QChar::surrogateToUcs4(character[0], character[1])
+                               : char32_t(character[0].unicode());
     return u_getIntPropertyValue(UChar32(first), UCHAR_NUMERIC_TYPE) != U_NT_NONE;
 }
 
@@ -82,9 +82,8 @@ qsizetype characterCount(const QString &text)
 
 std::optional<QString> validEmail(const QString &text)
 {
-    static const QRegularExpression pattern(
-        uR"(\A[A-Z0-9._%+-]+@[A-Z0-9.-]+\.[A-Z]{2,}\z)"_s,
-        QRegularExpression::CaseInsensitiveOption);
+    static const QRegularExpression pattern(uR"(\A[A-Z0-9._%+-]+@[A-Z0-9.-]+\.[A-Z]{2,}\z)"_s,
+                                            QRegularExpression::CaseInsensitiveOption);
     const QString address = text.trimmed().toLower();
     if (!pattern.match(address).hasMatch())
         return std::nullopt;

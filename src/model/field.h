@@ -25,7 +25,10 @@ template <typename Record, typename Value>
 Field(const char *, Value Record::*) -> Field<Record, Value>;
 
 template <typename T>
-concept HasFields = requires { T::fields; };
+concept HasFields = requires
+{
+    T::fields;
+};
 
 template <HasFields Record>
 inline constexpr std::size_t fieldCount = std::tuple_size_v<decltype(Record::fields)>;
@@ -34,8 +37,8 @@ inline constexpr std::size_t fieldCount = std::tuple_size_v<decltype(Record::fie
 template <HasFields Record>
 constexpr auto fieldsByName()
 {
-    const auto names = std::apply(
-        [](const auto &...field) { return std::array{field.name...}; }, Record::fields);
+    const auto names =
+        std::apply([](const auto &...field) { return std::array{field.name...}; }, Record::fields);
     std::array<std::size_t, names.size()> order{};
     for (std::size_t i = 0; i < order.size(); ++i)
         order[i] = i;

@@ -19,8 +19,8 @@ std::optional<int> number(QByteArrayView digits)
 
 bool hasSeparators(QByteArrayView text)
 {
-    return text.size() == instantTextLength && text[4] == '-' && text[7] == '-' && text[10] == 'T'
-        && text[13] == ':' && text[16] == ':' && text[19] == 'Z';
+    return text.size() == instantTextLength && text[4] == '-' && text[7] == '-' &&
+           text[10] == 'T' && text[13] == ':' && text[16] == ':' && text[19] == 'Z';
 }
 
 } // namespace
@@ -33,11 +33,10 @@ QByteArray instantText(Instant instant)
     const year_month_day date{day};
     const hh_mm_ss time{second - day};
     std::array<char, 40> buffer{};
-    const int length
-        = std::snprintf(buffer.data(), buffer.size(), "%04d-%02u-%02uT%02d:%02d:%02dZ",
-                        int(date.year()), unsigned(date.month()), unsigned(date.day()),
-                        int(time.hours().count()), int(time.minutes().count()),
-                        int(time.seconds().count()));
+    const int length = std::snprintf(buffer.data(), buffer.size(), "%04d-%02u-%02uT%02d:%02d:%02dZ",
+                                     int(date.year()), unsigned(date.month()), unsigned(date.day()),
+                                     int(time.hours().count()), int(time.minutes().count()),
+                                     int(time.seconds().count()));
     return QByteArray(buffer.data(), length);
 }
 

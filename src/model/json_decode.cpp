@@ -27,10 +27,7 @@ bool read(Node node, QString &out)
     return true;
 }
 
-bool read(Node node, bool &out)
-{
-    return node.get_bool().get(out) == simdjson::SUCCESS;
-}
+bool read(Node node, bool &out) { return node.get_bool().get(out) == simdjson::SUCCESS; }
 
 bool read(Node node, Instant &out)
 {

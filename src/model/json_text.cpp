@@ -34,10 +34,7 @@ void appendEscape(QByteArray &out, char c)
     }
 }
 
-bool needsEscape(char c)
-{
-    return c == '"' || c == '\\' || c == '/' || (c >= 0 && c < 0x20);
-}
+bool needsEscape(char c) { return c == '"' || c == '\\' || c == '/' || (c >= 0 && c < 0x20); }
 
 } // namespace
 
@@ -68,10 +65,7 @@ void appendJson(QByteArray &out, const QString &text, int /*level*/)
     appendJsonString(out, text);
 }
 
-void appendJson(QByteArray &out, bool flag, int /*level*/)
-{
-    out += flag ? "true" : "false";
-}
+void appendJson(QByteArray &out, bool flag, int /*level*/) { out += flag ? "true" : "false"; }
 
 void appendJson(QByteArray &out, Instant instant, int /*level*/)
 {

@@ -70,11 +70,13 @@ void appendJson(QByteArray &out, const Record &record, int level)
 {
     out += '{';
     constexpr auto order = fieldsByName<Record>();
-    [&]<std::size_t... I>(std::index_sequence<I...>) {
+    [&]<std::size_t... I>(std::index_sequence<I...>)
+    {
         (detail::appendJsonMember(out, std::get<order[I]>(Record::fields).name,
                                   record.*(std::get<order[I]>(Record::fields).member), level),
          ...);
-    }(std::make_index_sequence<order.size()>{});
+    }
+    (std::make_index_sequence<order.size()>{});
     appendJsonLine(out, level);
     out += '}';
 }

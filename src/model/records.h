@@ -36,8 +36,8 @@ struct Prospect {
 /// The values that replace a contact's own once the user has edited it.
 struct ContactOverride {
     QString label;
-    QString phone;                     ///< display form, or empty
-    std::optional<QString> email;      ///< absent: the contact has no address any more
+    QString phone;                ///< display form, or empty
+    std::optional<QString> email; ///< absent: the contact has no address any more
     QString department;
     std::optional<QString> profession; ///< absent: the contact keeps its own trade
     bool operator==(const ContactOverride &) const = default;

@@ -10,8 +10,7 @@
 namespace quenoria {
 
 /// Time as the application sees it. Tests move it by hand, so nothing else asks the system.
-class Clock
-{
+class Clock {
 public:
     virtual ~Clock() = default;
 

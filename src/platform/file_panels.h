@@ -22,8 +22,7 @@ struct SavePanel {
 };
 
 /// The desktop's modal file choosers. Both give an absolute path, or nothing when cancelled.
-class FilePanels
-{
+class FilePanels {
 public:
     virtual ~FilePanels() = default;
 

@@ -5,8 +5,7 @@
 namespace quenoria {
 
 /// Where files live. The folders need not exist yet.
-class Folders
-{
+class Folders {
 public:
     virtual ~Folders() = default;
 

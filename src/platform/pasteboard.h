@@ -5,8 +5,7 @@
 namespace quenoria {
 
 /// The desktop's clipboard.
-class Pasteboard
-{
+class Pasteboard {
 public:
     virtual ~Pasteboard() = default;
 

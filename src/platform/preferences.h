@@ -7,8 +7,7 @@
 namespace quenoria {
 
 /// The user's preferences, kept by the desktop between two starts.
-class Preferences
-{
+class Preferences {
 public:
     virtual ~Preferences() = default;
 

@@ -8,8 +8,7 @@
 namespace quenoria {
 
 /// Files shipped inside the application.
-class Resources
-{
+class Resources {
 public:
     virtual ~Resources() = default;
 

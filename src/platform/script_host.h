@@ -8,12 +8,10 @@
 namespace quenoria {
 
 /// The script could not be created from its text.
-struct ScriptNotCreated {
-};
+struct ScriptNotCreated {};
 
 /// The script ran to its end.
-struct ScriptDone {
-};
+struct ScriptDone {};
 
 /// The script ended with an error record.
 struct ScriptError {
@@ -25,8 +23,7 @@ using ScriptOutcome = std::variant<ScriptDone, ScriptNotCreated, ScriptError>;
 
 /// Compiles and runs AppleScript texts. run() blocks until the script has ended, and may be
 /// called from any thread.
-class ScriptHost
-{
+class ScriptHost {
 public:
     virtual ~ScriptHost() = default;
 

@@ -15,8 +15,7 @@ struct Composition {
 };
 
 /// Opens a message in the user's application, filled in and not sent.
-class ComposeService
-{
+class ComposeService {
 public:
     virtual ~ComposeService() = default;
 
@@ -26,8 +25,7 @@ public:
 
 /// The desktop's compose services; a null pointer where it has none. The services stay owned by
 /// this object.
-class SharingServices
-{
+class SharingServices {
 public:
     virtual ~SharingServices() = default;
 

@@ -5,8 +5,7 @@
 namespace quenoria {
 
 /// The system's log, where failures go that no user sees.
-class SystemLog
-{
+class SystemLog {
 public:
     virtual ~SystemLog() = default;
 

@@ -8,8 +8,7 @@
 namespace quenoria {
 
 /// The desktop around the application.
-class Workspace
-{
+class Workspace {
 public:
     virtual ~Workspace() = default;
 

@@ -29,10 +29,12 @@ std::optional<QUrl> ProspectStore::attachmentURL(const Prospect &prospect) const
 
 void ProspectStore::chooseAttachment(const Prospect &prospect)
 {
-    const QString id = prospect.id; // the panel runs an event loop: the contact may change meanwhile
+    const QString id =
+        prospect.id; // the panel runs an event loop: the contact may change meanwhile
     const auto path = m_platform.panels.chooseFile(
         {u"Choisir un fichier joint"_s,
-         u"Ce fichier sera proposé avec les SMS/MMS ou e-mails de ce contact."_s, u"Choisir"_s,
+         u"Ce fichier sera proposé avec les SMS/MMS ou e-mails de ce contact."_s,
+         u"Choisir"_s,
          {}});
     if (!path)
         return;

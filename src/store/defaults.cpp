@@ -54,25 +54,13 @@ std::vector<DepartmentInfo> defaultDepartments()
             {u"56"_s, u"Morbihan"_s}};
 }
 
-QString defaultTestNumber()
-{
-    return u"06 39 98 00 00"_s;
-}
+QString defaultTestNumber() { return u"06 39 98 00 00"_s; }
 
-QString legacyMessageTitle()
-{
-    return u"Olvak 1er Envoi"_s;
-}
+QString legacyMessageTitle() { return u"Olvak 1er Envoi"_s; }
 
-QString legacyBusinessName()
-{
-    return u"Studio Armorique Démo"_s;
-}
+QString legacyBusinessName() { return u"Studio Armorique Démo"_s; }
 
-QString seededContactID()
-{
-    return u"0639980001"_s;
-}
+QString seededContactID() { return u"0639980001"_s; }
 
 std::optional<Instant> seededSendDate()
 {

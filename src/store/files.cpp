@@ -21,9 +21,9 @@ bool makePrivateFolder(const QString &path)
 
 bool shapesMergedList(Collection collection)
 {
-    return collection == Collection::customProspects || collection == Collection::emailOverrides
-        || collection == Collection::contactOverrides
-        || collection == Collection::deletedProspectIDs;
+    return collection == Collection::customProspects || collection == Collection::emailOverrides ||
+           collection == Collection::contactOverrides ||
+           collection == Collection::deletedProspectIDs;
 }
 
 } // namespace
@@ -73,9 +73,9 @@ Refusal ProspectStore::writeFile(const QString &path, const QByteArray &content)
     if (!makePrivateFolder(folder))
         return u"le dossier « %1 » ne peut pas être créé"_s.arg(folder);
     QSaveFile target(path);
-    if (!target.open(QIODevice::WriteOnly)
-        || !target.setPermissions(QFile::ReadOwner | QFile::WriteOwner)
-        || target.write(content) != content.size() || !target.commit())
+    if (!target.open(QIODevice::WriteOnly) ||
+        !target.setPermissions(QFile::ReadOwner | QFile::WriteOwner) ||
+        target.write(content) != content.size() || !target.commit())
         return target.errorString();
     return {};
 }

@@ -21,14 +21,13 @@ struct ImportReport;
 ///
 /// Every change is published and, once the store is ready, its file is rewritten at once. A write
 /// that fails costs a log line; memory keeps the change. Confined to the main thread.
-class ProspectStore : public QObject
-{
+class ProspectStore : public QObject {
     Q_OBJECT
 
 public:
     static constexpr int standardSMSMonthlyRecipientLimit = 250;
-    static constexpr std::chrono::nanoseconds automaticSMSMinimumInterval
-        = std::chrono::seconds{11};
+    static constexpr std::chrono::nanoseconds automaticSMSMinimumInterval =
+        std::chrono::seconds{11};
     static const QString defaultMessageID;
     static const QString defaultEmailTemplateID;
     static const std::map<QString, QString> legacyDepartmentNames; ///< code → name
@@ -138,8 +137,8 @@ public:
     // Messaging. Nothing here records a send: the caller does, once it is confirmed.
     [[nodiscard]] Refusal prepareSMS(const Prospect &prospect, bool freeProEnabled);
     // A stop requested while an automatic SMS still waits for its turn abandons it, unsent.
-    [[nodiscard]] QCoro::Task<Refusal>
-    sendSMSAutomatically(Prospect prospect, bool freeProEnabled, std::stop_token stop = {});
+    [[nodiscard]] QCoro::Task<Refusal> sendSMSAutomatically(Prospect prospect, bool freeProEnabled,
+                                                            std::stop_token stop = {});
     [[nodiscard]] Refusal prepareTestSMS(const QString &phone, const QString &messageID);
     [[nodiscard]] Refusal prepareEmail(const Prospect &prospect);
     [[nodiscard]] QCoro::Task<Refusal> sendEmailAutomatically(Prospect prospect);

@@ -9,18 +9,18 @@ namespace quenoria {
 
 namespace {
 
-const QString monthlyLimitReached
-    = u"Limite mensuelle atteinte : 250 destinataires SMS ont déjà été contactés ce mois-ci. "
-      "Cochez « Forfait Free Pro » uniquement si votre forfait autorise les envois sans cette "
-      "limite."_s;
+const QString monthlyLimitReached =
+    u"Limite mensuelle atteinte : 250 destinataires SMS ont déjà été contactés ce mois-ci. "
+    "Cochez « Forfait Free Pro » uniquement si votre forfait autorise les envois sans cette "
+    "limite."_s;
 
 } // namespace
 
 QString ProspectStore::monthKey(Instant date) const
 {
-    const QDate local = QDateTime::fromMSecsSinceEpoch(date.time_since_epoch().count(),
-                                                       m_platform.clock.zone())
-                            .date();
+    const QDate local =
+        QDateTime::fromMSecsSinceEpoch(date.time_since_epoch().count(), m_platform.clock.zone())
+            .date();
     return u"%1-%2"_s.arg(local.year(), 4, 10, QChar(u'0')).arg(local.month(), 2, 10, QChar(u'0'));
 }
 

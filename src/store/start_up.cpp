@@ -81,21 +81,22 @@ bool ProspectStore::load(Collection collection, Shape &into)
 void ProspectStore::setAside(const QString &path)
 {
     const QFileInfo info(path);
-    const QString stamp
-        = QString::fromLatin1(instantText(m_platform.clock.now())).replace(u':', u'-');
-    const QString aside = u"%1/%2.illisible-%3.%4"_s.arg(info.path(), info.completeBaseName(),
-                                                         stamp, info.suffix());
+    const QString stamp =
+        QString::fromLatin1(instantText(m_platform.clock.now())).replace(u':', u'-');
+    const QString aside =
+        u"%1/%2.illisible-%3.%4"_s.arg(info.path(), info.completeBaseName(), stamp, info.suffix());
     if (QFile::rename(path, aside))
-        m_platform.log.write(u"Fichier illisible mis de côté : %1, conservé sous %2"_s.arg(
-            info.fileName(), aside));
+        m_platform.log.write(
+            u"Fichier illisible mis de côté : %1, conservé sous %2"_s.arg(info.fileName(), aside));
     else
         m_platform.log.write(u"Fichier illisible, impossible à mettre de côté : %1"_s.arg(path));
 }
 
 void ProspectStore::completeTemplates()
 {
-    const auto isDefault
-        = [](const MessageTemplate &message) { return message.id == defaultMessageID; };
+    const auto isDefault = [](const MessageTemplate &message) {
+        return message.id == defaultMessageID;
+    };
     if (const MessageTemplate *stored = m_messageTemplates.find(isDefault)) {
         MessageTemplate migrated = *stored;
         if (migrated.title == legacyMessageTitle())
@@ -107,8 +108,9 @@ void ProspectStore::completeTemplates()
         m_messageTemplates.prepend(defaultMessage());
     }
 
-    const auto isDefaultEmail
-        = [](const EmailTemplate &email) { return email.id == defaultEmailTemplateID; };
+    const auto isDefaultEmail = [](const EmailTemplate &email) {
+        return email.id == defaultEmailTemplateID;
+    };
     if (!m_emailTemplates.find(isDefaultEmail))
         m_emailTemplates.prepend(defaultEmailTemplate());
 }

@@ -39,10 +39,7 @@ void assign(Dictionary<QString> &assignments, const QString &contactId, const QS
         assignments.set(contactId, templateId);
 }
 
-QString freshID()
-{
-    return QUuid::createUuid().toString(QUuid::WithoutBraces).toUpper();
-}
+QString freshID() { return QUuid::createUuid().toString(QUuid::WithoutBraces).toUpper(); }
 
 } // namespace
 

@@ -114,8 +114,8 @@ void ProspectStore::setSent(bool sent, const Prospect &prospect)
     status.comment = trimmedComment(status);
     status.sendHistory = historyFrom(existing);
     status.sent = false;
-    const bool carriesNothing = status.comment->isEmpty() && !status.stopped.value_or(false)
-        && status.sendHistory->empty();
+    const bool carriesNothing =
+        status.comment->isEmpty() && !status.stopped.value_or(false) && status.sendHistory->empty();
     setStatus(prospect.id, carriesNothing ? std::nullopt : std::optional(std::move(status)));
 }
 
@@ -153,8 +153,8 @@ void ProspectStore::setStopped(bool stopped, const Prospect &prospect)
         return;
     }
     status.stopped.reset();
-    const bool carriesNothing
-        = !status.sent && trimmedComment(status).isEmpty() && historyFrom(existing).empty();
+    const bool carriesNothing =
+        !status.sent && trimmedComment(status).isEmpty() && historyFrom(existing).empty();
     setStatus(prospect.id, carriesNothing ? std::nullopt : std::optional(std::move(status)));
 }
 

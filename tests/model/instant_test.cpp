@@ -19,9 +19,7 @@ struct StrictCase {
     bool accepted;
 };
 
-class InstantFromText : public testing::TestWithParam<StrictCase>
-{
-};
+class InstantFromText : public testing::TestWithParam<StrictCase> {};
 
 TEST_P(InstantFromText, AcceptsTheWrittenFormOnly)
 {
@@ -34,15 +32,11 @@ TEST_P(InstantFromText, AcceptsTheWrittenFormOnly)
 
 INSTANTIATE_TEST_SUITE_P(
     Forms, InstantFromText,
-    testing::Values(StrictCase{"2026-08-09T08:45:00Z", true},
-                    StrictCase{"2024-02-29T23:59:59Z", true},
-                    StrictCase{"2026-02-29T08:45:00Z", false},
-                    StrictCase{"2026-13-01T08:45:00Z", false},
-                    StrictCase{"2026-08-09T24:00:00Z", false},
-                    StrictCase{"2026-08-09T08:60:00Z", false},
-                    StrictCase{"2026-08-09T08:45:00.5Z", false},
-                    StrictCase{"2026-08-09T08:45:00+02:00", false},
-                    StrictCase{"2026-08-09 08:45:00Z", false},
-                    StrictCase{"2026-08-09t08:45:00z", false},
-                    StrictCase{" 2026-08-09T08:45:00Z", false},
-                    StrictCase{"+026-08-09T08:45:00Z", false}, StrictCase{"", false}));
+    testing::Values(
+        StrictCase{"2026-08-09T08:45:00Z", true}, StrictCase{"2024-02-29T23:59:59Z", true},
+        StrictCase{"2026-02-29T08:45:00Z", false}, StrictCase{"2026-13-01T08:45:00Z", false},
+        StrictCase{"2026-08-09T24:00:00Z", false}, StrictCase{"2026-08-09T08:60:00Z", false},
+        StrictCase{"2026-08-09T08:45:00.5Z", false}, StrictCase{"2026-08-09T08:45:00+02:00", false},
+        StrictCase{"2026-08-09 08:45:00Z", false}, StrictCase{"2026-08-09t08:45:00z", false},
+        StrictCase{" 2026-08-09T08:45:00Z", false}, StrictCase{"+026-08-09T08:45:00Z", false},
+        StrictCase{"", false}));

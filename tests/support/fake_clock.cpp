@@ -9,10 +9,7 @@ namespace quenoria::test {
 
 using namespace std::chrono;
 
-FakeClock::FakeClock()
-    : m_now(sys_days{year{2026} / 3 / 10} + hours{9}), m_zone("Europe/Paris")
-{
-}
+FakeClock::FakeClock() : m_now(sys_days{year{2026} / 3 / 10} + hours{9}), m_zone("Europe/Paris") {}
 
 QFuture<void> FakeClock::sleep(nanoseconds duration, std::stop_token stop)
 {

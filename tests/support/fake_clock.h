@@ -11,8 +11,7 @@
 namespace quenoria::test {
 
 /// A clock that stands still until a test moves it; sleepers wake when their time has come.
-class FakeClock : public Clock
-{
+class FakeClock : public Clock {
 public:
     /// Starts on 10 March 2026 at 09:00 UTC, in Paris.
     FakeClock();

@@ -16,10 +16,7 @@ std::optional<Value> lookUp(const std::map<QString, Value> &values, const QStrin
 
 } // namespace
 
-std::optional<bool> MemoryPreferences::flag(const QString &key) const
-{
-    return lookUp(flags, key);
-}
+std::optional<bool> MemoryPreferences::flag(const QString &key) const { return lookUp(flags, key); }
 
 std::optional<QString> MemoryPreferences::text(const QString &key) const
 {

@@ -29,8 +29,9 @@ struct TemporaryFolders : Folders {
 /// Keeps every script and answers with the outcome that the test prepared.
 struct RecordingScripts : ScriptHost {
     QStringList sources;
-    std::function<ScriptOutcome(const QString &)> answer
-        = [](const QString &) { return ScriptDone{}; };
+    std::function<ScriptOutcome(const QString &)> answer = [](const QString &) {
+        return ScriptDone{};
+    };
 
     ScriptOutcome run(const QString &source) override;
 };

@@ -1,0 +1,142 @@
+#include "model/contact_rules.h"
+#include "store/prospect_store.h"
+
+using namespace Qt::StringLiterals;
+
+namespace quenoria {
+
+namespace {
+
+constexpr int shortestPhone = 10;
+
+const QString needsPhoneOrEmail =
+    u"Saisissez un numéro de téléphone ou une adresse e-mail valide."_s;
+const QString invalidPhone = u"Le numéro de téléphone n’est pas valide."_s;
+const QString invalidEmail = u"L’adresse e-mail n’est pas valide."_s;
+const QString alreadyListed = u"Ce contact existe déjà dans la liste."_s;
+const QString needsName = u"Saisissez le nom de l’entreprise ou du contact."_s;
+const QString belongsToAnother =
+    u"Ce mobile ou cette adresse e-mail appartient déjà à un autre contact."_s;
+
+bool isComplete(const QString &digits) { return characterCount(digits) >= shortestPhone; }
+
+Refusal checkReachable(const QString &digits, const std::optional<QString> &email)
+{
+    if (!isComplete(digits) && !email)
+        return needsPhoneOrEmail;
+    if (!digits.isEmpty() && !isComplete(digits))
+        return invalidPhone;
+    return {};
+}
+
+std::optional<QString> textOrNothing(const QString &typed)
+{
+    const QString text = typed.trimmed();
+    return text.isEmpty() ? std::nullopt : std::optional(text);
+}
+
+bool sameReach(const Prospect &other, const QString &digits, const std::optional<QString> &email)
+{
+    if (!digits.isEmpty() && normalizePhone(other.phone) == digits)
+        return true;
+    return email && other.email && other.email->compare(*email, Qt::CaseInsensitive) == 0;
+}
+
+QString editedLabel(const ProspectStore::ContactEdit &edit, const QString &digits)
+{
+    QString label = edit.name.trimmed().toUpper();
+    if (const auto commune = textOrNothing(edit.commune))
+        label += u" — "_s + commune->toUpper();
+    label += u" (%1)"_s.arg(edit.department);
+    if (!digits.isEmpty())
+        label += u" — "_s + formatPhone(digits);
+    return label;
+}
+
+} // namespace
+
+Refusal ProspectStore::add(const QString &name, const QString &phone, const QString &email,
+                           const QString &department, const QString &profession)
+{
+    const QString digits = normalizePhone(phone);
+    const auto address = validEmail(email);
+    if (const Refusal refusal = checkReachable(digits, address))
+        return refusal;
+    const QString id = isComplete(digits) ? digits : u"email:"_s + *address;
+    if (this->prospect(id))
+        return alreadyListed;
+    Prospect contact;
+    contact.id = id;
+    contact.label = u"%1 — AJOUT MANUEL (%2)"_s.arg(
+        textOrNothing(name).value_or(u"NOUVEAU CONTACT"_s).toUpper(), department);
+    contact.phone = formatPhone(digits);
+    contact.email = address;
+    contact.department = department;
+    contact.isCustom = true;
+    contact.profession = textOrNothing(profession);
+    m_customProspects.append(std::move(contact));
+    publish(Collection::customProspects);
+    return {};
+}
+
+Refusal ProspectStore::update(const Prospect &prospect, const ContactEdit &edit)
+{
+    if (edit.name.trimmed().isEmpty())
+        return needsName;
+    const QString digits = normalizePhone(edit.phone);
+    const auto address = validEmail(edit.email);
+    if (const Refusal refusal = checkReachable(digits, address))
+        return refusal;
+    if (!edit.email.trimmed().isEmpty() && !address)
+        return invalidEmail;
+    const QString id = prospect.id; // publishing rebuilds the list that the contact may come from
+    for (const Prospect &other : allProspects()) {
+        if (other.id != id && sameReach(other, digits, address))
+            return belongsToAnother;
+    }
+    m_contactOverrides.set(id, {editedLabel(edit, digits), formatPhone(digits), address,
+                                edit.department, textOrNothing(edit.profession)});
+    publish(Collection::contactOverrides, id);
+    m_emailOverrides.remove(id);
+    publish(Collection::emailOverrides, id);
+    return {};
+}
+
+int ProspectStore::deleteProspects(const IdSet &ids)
+{
+    IdSet targets;
+    for (const QString &id : ids) {
+        if (this->prospect(id))
+            targets.insert(id);
+    }
+    if (targets.empty())
+        return 0;
+    for (const Prospect &prospect : m_prospects) {
+        if (targets.contains(prospect.id))
+            m_deletedProspectIDs.insert(prospect.id);
+    }
+    publish(Collection::deletedProspectIDs);
+    m_customProspects.removeIf(
+        [&targets](const Prospect &prospect) { return targets.contains(prospect.id); });
+    publish(Collection::customProspects);
+    const auto forget = [this, &targets](auto &collection, Collection name) {
+        for (const QString &id : targets)
+            collection.remove(id);
+        publish(name);
+    };
+    forget(m_statuses, Collection::statuses);
+    forget(m_emailStatuses, Collection::emailStatuses);
+    forget(m_messageAssignments, Collection::messageAssignments);
+    forget(m_emailAssignments, Collection::emailAssignments);
+    forget(m_emailOverrides, Collection::emailOverrides);
+    forget(m_contactOverrides, Collection::contactOverrides);
+    forget(m_attachmentPaths, Collection::attachmentPaths);
+    for (const QString &id : targets) {
+        m_sendSelection.erase(id);
+        m_emailSendSelection.erase(id);
+    }
+    Q_EMIT selectionPublished({});
+    return int(targets.size());
+}
+
+} // namespace quenoria

@@ -1,0 +1,124 @@
+#include "store/store_fixture.h"
+
+#include <QDir>
+#include <QFileInfo>
+
+using namespace quenoria;
+using namespace quenoria::test;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+class Files : public StoreTest {
+protected:
+    QStringList folderContent() const
+    {
+        return QDir(desktop.folders.data()).entryList(QDir::Files);
+    }
+};
+
+TEST_F(Files, FirstStartWritesTwelveFilesForTheUserAlone)
+{
+    store();
+    EXPECT_EQ(folderContent().size(), 12);
+    EXPECT_FALSE(folderContent().contains(u"nouveaux-numeros.json"_s));
+    EXPECT_EQ(QFileInfo(desktop.folders.data()).permissions() & 0x0077, 0);
+    EXPECT_EQ(QFileInfo(store().file(Collection::statuses)).permissions() & 0x0077, 0);
+    EXPECT_EQ(array(u"modeles-messages.json"_s).size(), 1);
+    EXPECT_EQ(array(u"departements.json"_s).size(), 5); // the four, and 75 of the built-in list
+    EXPECT_TRUE(desktop.log.lines.isEmpty());
+}
+
+TEST_F(Files, WritesSortedIndentedMembersWithEscapedSlashes)
+{
+    ASSERT_EQ(store().add(u"a/b \"c\"\\"_s, u"06 39 98 00 20"_s, {}, u"29"_s, {}), std::nullopt);
+    const QString expected = uR"json([
+  {
+    "department" : "29",
+    "id" : "0639980020",
+    "isCustom" : true,
+    "label" : "A\/B \"C\"\\ — AJOUT MANUEL (29)",
+    "phone" : "06 39 98 00 20"
+  }
+]
+)json"_s;
+    EXPECT_EQ(QString::fromUtf8(desktop.file(u"nouveaux-numeros.json"_s)), expected);
+    const QByteArray once = desktop.file(u"nouveaux-numeros.json"_s);
+    store().save(Collection::customProspects);
+    EXPECT_EQ(desktop.file(u"nouveaux-numeros.json"_s), once);
+}
+
+TEST_F(Files, ReadsWhatAnotherProgramWrote)
+{
+    desktop.writeFile(u"suivi-envois.json"_s, R"({ "0639980010" : { "stopped":null, "extra":[1,{}],
+        "sentAt":"2026-02-01T10:00:00Z", "sent":true, "comment":"a/b\/c\u00e9",
+        "sendHistory":["2026-01-01T10:00:00Z","2026-02-01T10:00:00Z"] } })");
+    desktop.writeFile(u"contacts-supprimes.json"_s, R"(["0639980012","0639980012"])");
+    const SendStatus *status = store().status(alix());
+    ASSERT_NE(status, nullptr);
+    EXPECT_EQ(status->comment, u"a/b/cé"_s);
+    EXPECT_EQ(status->stopped, std::nullopt);
+    EXPECT_EQ(store().sendHistory(alix()).size(), 2U);
+    EXPECT_EQ(store().deletedProspectIDs().size(), 1U);
+    EXPECT_EQ(store().prospect(u"0639980012"_s), nullptr);
+    EXPECT_FALSE(desktop.file(u"suivi-envois.json"_s).contains("extra"));
+    EXPECT_TRUE(desktop.log.lines.isEmpty());
+}
+
+struct Undecodable {
+    const char *name;
+    const char *content;
+};
+
+class UndecodableFile : public Files, public testing::WithParamInterface<Undecodable> {};
+
+TEST_P(UndecodableFile, IsRefusedWholeAndKeptAside)
+{
+    desktop.writeFile(u"suivi-envois.json"_s, GetParam().content);
+    store();
+    EXPECT_EQ(store().statuses().size(), 1U) << "only the seeded contact";
+    const QStringList aside = folderContent().filter(u"illisible"_s);
+    ASSERT_EQ(aside.size(), 1);
+    EXPECT_EQ(desktop.file(aside.front()), GetParam().content);
+    ASSERT_EQ(desktop.log.lines.size(), 1);
+    EXPECT_TRUE(desktop.log.lines.front().contains(aside.front()));
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Contents, UndecodableFile,
+    testing::Values(
+        Undecodable{"truncated", R"({"a":{"sent":true)"}, Undecodable{"array", "[]"},
+        Undecodable{"empty", ""}, Undecodable{"missingMember", R"({"a":{"sent":true}})"},
+        Undecodable{"nullRequired", R"({"a":{"sent":null,"sentAt":"2026-02-01T10:00:00Z"}})"},
+        Undecodable{"numberForFlag", R"({"a":{"sent":1,"sentAt":"2026-02-01T10:00:00Z"}})"},
+        Undecodable{"fraction", R"({"a":{"sent":true,"sentAt":"2026-02-01T10:00:00.5Z"}})"},
+        Undecodable{"numericDate", R"({"a":{"sent":true,"sentAt":700000000}})"},
+        Undecodable{"oneBadOfTwo", R"({"a":{"sent":true,"sentAt":"2026-02-01T10:00:00Z"},
+                                       "b":{"sent":true,"sentAt":"hier"}})"},
+        Undecodable{"badHistory", R"({"a":{"sent":true,"sentAt":"2026-02-01T10:00:00Z",
+                                           "sendHistory":["2026-02-01T10:00:00Z",null]}})"}),
+    [](const auto &undecodable) { return undecodable.param.name; });
+
+TEST_F(Files, FailedWriteIsLoggedAndMemoryKeepsTheChange)
+{
+    store();
+    const QString path = store().file(Collection::statuses);
+    ASSERT_TRUE(QFile::remove(path));
+    ASSERT_TRUE(QDir().mkpath(path + u"/in the way"_s));
+    store().setComment(u"gardé"_s, alix());
+    EXPECT_EQ(store().status(alix())->comment, u"gardé"_s);
+    ASSERT_EQ(desktop.log.lines.size(), 1);
+    EXPECT_TRUE(
+        desktop.log.lines.front().startsWith(u"Impossible d’enregistrer le suivi SMS : "_s));
+}
+
+TEST_F(Files, StartUpSurvivesAFolderThatCannotBeCreated)
+{
+    ASSERT_TRUE(QDir().mkpath(QFileInfo(desktop.folders.data()).path()));
+    QFile inTheWay(desktop.folders.data());
+    ASSERT_TRUE(inTheWay.open(QIODevice::WriteOnly));
+    EXPECT_TRUE(store().isReady());
+    EXPECT_EQ(desktop.log.lines.size(), 12);
+}
+
+} // namespace
