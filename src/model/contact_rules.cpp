@@ -92,7 +92,7 @@ std::optional<QString> validEmail(const QString &text)
 
 QString duplicateKey(const Prospect &prospect)
 {
-    const QString digits = normalizePhone(prospect.phone);
+    QString digits = normalizePhone(prospect.phone);
     if (!digits.isEmpty())
         return digits;
     if (prospect.email) {

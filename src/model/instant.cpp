@@ -1,5 +1,8 @@
 #include "model/instant.h"
 
+#include <QByteArray>
+
+#include <array>
 #include <cstdio>
 
 namespace quenoria {

@@ -6,6 +6,7 @@
 
 #include <array>
 #include <set>
+#include <utility>
 
 namespace quenoria {
 
@@ -58,34 +59,43 @@ constexpr bool isOptional = false;
 template <typename T>
 constexpr bool isOptional<std::optional<T>> = true;
 
-/// Reads the members into the record and gives the set of fields that were there.
+/// Reads the one field that has the name, if any, and marks it as seen.
+template <HasFields Record, std::size_t... I>
+bool readMember(std::string_view name, Node value, Record &out,
+                std::array<bool, sizeof...(I)> &seen, std::index_sequence<I...> /*positions*/)
+{
+    const auto readIfNamed = [&](const auto &field, bool &fieldSeen) {
+        if (name != field.name)
+            return true;
+        fieldSeen = true;
+        return read(value, out.*field.member);
+    };
+    return (readIfNamed(std::get<I>(Record::fields), std::get<I>(seen)) && ...);
+}
+
+template <HasFields Record, std::size_t... I>
+bool hasEveryRequired(const std::array<bool, sizeof...(I)> &seen,
+                      std::index_sequence<I...> /*positions*/)
+{
+    return ((std::get<I>(seen)
+             || isOptional<std::remove_cvref_t<
+                 decltype(std::declval<Record>().*std::get<I>(Record::fields).member)>>)
+            && ...);
+}
+
 template <HasFields Record>
 bool read(Node node, Record &out)
 {
+    constexpr auto positions = std::make_index_sequence<fieldCount<Record>>{};
     simdjson::dom::object object;
     if (node.get_object().get(object) != simdjson::SUCCESS)
         return false;
     std::array<bool, fieldCount<Record>> seen{};
-    bool good = true;
     for (const auto &[name, value] : object) {
-        std::size_t position = 0;
-        const auto readField = [&, &memberName = name, &memberValue = value](const auto &field) {
-            if (memberName == field.name) {
-                good = good && read(memberValue, out.*field.member);
-                seen[position] = true;
-            }
-            ++position;
-        };
-        std::apply([&readField](const auto &...field) { (readField(field), ...); }, Record::fields);
+        if (!readMember(name, value, out, seen, positions))
+            return false;
     }
-    std::size_t position = 0;
-    const auto requireField = [&](const auto &field) {
-        using Value = std::remove_reference_t<decltype(out.*field.member)>;
-        good = good && (seen[position++] || isOptional<Value>);
-    };
-    std::apply([&requireField](const auto &...field) { (requireField(field), ...); },
-               Record::fields);
-    return good;
+    return hasEveryRequired<Record>(seen, positions);
 }
 
 template <typename T>

@@ -57,7 +57,7 @@ void appendJsonString(QByteArray &out, const QString &text)
 void appendJsonLine(QByteArray &out, int level)
 {
     out += '\n';
-    out.append(2 * level, ' ');
+    out.append(qsizetype(2) * level, ' ');
 }
 
 void appendJson(QByteArray &out, const QString &text, int /*level*/)

@@ -60,7 +60,7 @@ Refusal ProspectStore::add(const QString &name, const QString &phone, const QStr
 {
     const QString digits = normalizePhone(phone);
     const auto address = validEmail(email);
-    if (const Refusal refusal = checkReachable(digits, address))
+    if (Refusal refusal = checkReachable(digits, address))
         return refusal;
     const QString id = isComplete(digits) ? digits : u"email:"_s + *address;
     if (this->prospect(id))
@@ -85,7 +85,7 @@ Refusal ProspectStore::update(const Prospect &prospect, const ContactEdit &edit)
         return needsName;
     const QString digits = normalizePhone(edit.phone);
     const auto address = validEmail(edit.email);
-    if (const Refusal refusal = checkReachable(digits, address))
+    if (Refusal refusal = checkReachable(digits, address))
         return refusal;
     if (!edit.email.trimmed().isEmpty() && !address)
         return invalidEmail;

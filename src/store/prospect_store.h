@@ -183,6 +183,7 @@ private:
     QString monthKey(Instant date) const;
     static QString recipientKey(const Prospect &prospect);
 
+    [[nodiscard]] Refusal unreachableBySMS(const Prospect &prospect) const;
     [[nodiscard]] Refusal openSMS(const QString &phone, const QString &body,
                                   const std::optional<QUrl> &attachment);
     [[nodiscard]] QCoro::Task<Refusal>

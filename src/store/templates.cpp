@@ -63,7 +63,7 @@ void ProspectStore::assignMessage(const QString &id, const Prospect &prospect)
 
 QString ProspectStore::createMessage(const QString &title, const QString &body)
 {
-    const QString id = freshID();
+    QString id = freshID();
     m_messageTemplates.append(MessageTemplate{id, title, body});
     publish(Collection::messageTemplates);
     return id;
@@ -114,7 +114,7 @@ void ProspectStore::assignEmailTemplate(const QString &id, const Prospect &prosp
 QString ProspectStore::createEmailTemplate(const QString &title, const QString &subject,
                                            const QString &body)
 {
-    const QString id = freshID();
+    QString id = freshID();
     m_emailTemplates.append(EmailTemplate{id, title, subject, body});
     publish(Collection::emailTemplates);
     return id;
