@@ -16,6 +16,7 @@
 namespace quenoria {
 
 struct ImportReport;
+struct ProspectImportAnalysis;
 
 /// The application's one model object: contacts, templates, tracking and quota, with their files.
 ///
@@ -131,8 +132,11 @@ public:
     void chooseAttachment(const Prospect &prospect);
     void removeAttachment(const Prospect &prospect);
 
-    // Import: analyses a workbook and merges it. Throws what its reading threw, unchanged.
+    // Import: analyses a workbook and merges it. Throws what its reading threw, unchanged. The
+    // two halves stand apart, so that a window can analyse a large workbook on another thread.
     ImportReport importProspects(const QString &workbookPath);
+    IdSet duplicateKeys() const; ///< one key per contact of the merged list
+    ImportReport merge(const ProspectImportAnalysis &analysis);
 
     // Messaging. Nothing here records a send: the caller does, once it is confirmed.
     [[nodiscard]] Refusal prepareSMS(const Prospect &prospect, bool freeProEnabled);

@@ -1,0 +1,165 @@
+#include "messaging/compose_url.h"
+#include "messaging/messages_script.h"
+#include "messaging/script_text.h"
+#include "model/contact_rules.h"
+#include "store/prospect_store.h"
+
+#include <QCoroFuture>
+#include <QtConcurrent>
+
+using namespace Qt::StringLiterals;
+
+namespace quenoria {
+
+namespace {
+
+const QString stoppedSMS = u"Cet abonné a demandé à ne plus être destinataire de SMS."_s;
+const QString noMobile = u"Aucun numéro de mobile n’est renseigné pour ce contact."_s;
+const QString attachmentGone
+    = u"Le fichier joint a été déplacé ou supprimé. Choisissez-le à nouveau."_s;
+const QString alreadyBusy
+    = u"Un autre SMS automatique est déjà en cours. Attendez la fin de cet envoi."_s;
+const QString abandoned = u"L’envoi a été abandonné avant d’être remis à Messages."_s;
+const QString invalidTestNumber = u"Saisissez un numéro de test valide."_s;
+const QString noTemplate = u"Sélectionnez un modèle de message."_s;
+const QString noMessagesService = u"Le service Messages n’est pas disponible sur ce Mac."_s;
+const QString fileRefused = u"Ce fichier ne peut pas être joint à un message SMS/MMS."_s;
+const QString notPrepared = u"Le message SMS n’a pas pu être préparé."_s;
+const QString notOpened = u"Messages n’a pas pu être ouvert."_s;
+const QString scriptNotCreated = u"L’envoi direct n’a pas pu être préparé dans Messages."_s;
+const QString notConfirmed = u"Messages n’a pas confirmé l’envoi : "_s;
+const QString notAuthorised = u"Messages n’a pas confirmé l’envoi. Vérifiez l’autorisation "
+                              "Automatisation dans les Réglages Système."_s;
+const QString logPrefix = u"Envoi SMS direct impossible : "_s;
+
+constexpr int shortestTestNumber = 10;
+
+Refusal scriptRefusal(const ScriptOutcome &outcome, SystemLog &log)
+{
+    if (std::holds_alternative<ScriptDone>(outcome))
+        return {};
+    const auto *error = std::get_if<ScriptError>(&outcome);
+    if (!error)
+        return scriptNotCreated;
+    log.write(logPrefix + error->description);
+    const QString message = error->message.value_or(QString()).trimmed();
+    return message.isEmpty() ? notAuthorised : notConfirmed + message;
+}
+
+} // namespace
+
+Refusal ProspectStore::unreachableBySMS(const Prospect &prospect) const
+{
+    if (isStopped(prospect))
+        return stoppedSMS;
+    if (prospect.phone.isEmpty())
+        return noMobile;
+    if (attachmentName(prospect) && !attachmentURL(prospect))
+        return attachmentGone;
+    return {};
+}
+
+Refusal ProspectStore::prepareSMS(const Prospect &prospect, bool freeProEnabled)
+{
+    if (Refusal refusal = unreachableBySMS(prospect))
+        return refusal;
+    if (Refusal refusal = smsQuotaError(prospect, freeProEnabled))
+        return refusal;
+    return openSMS(prospect.phone, assignedMessage(prospect).body, attachmentURL(prospect));
+}
+
+Refusal ProspectStore::openSMS(const QString &phone, const QString &body,
+                               const std::optional<QUrl> &attachment)
+{
+    m_platform.pasteboard.setText(body);
+    const QString handle = messagingHandle(phone);
+    if (attachment) {
+        ComposeService *messages = m_platform.sharing.composeMessage();
+        if (!messages)
+            return noMessagesService;
+        const Composition composition{{handle}, {}, body, *attachment};
+        if (!messages->canPerform(composition))
+            return fileRefused;
+        messages->perform(composition);
+        return {};
+    }
+    const QueryItem item{u"body"_s, body};
+    const QUrl url = composeUrl(u"sms"_s, handle, {&item, 1});
+    if (!url.isValid())
+        return notPrepared;
+    if (!m_platform.workspace.openUrl(url))
+        return notOpened;
+    return {};
+}
+
+Refusal ProspectStore::prepareTestSMS(const QString &phone, const QString &messageID)
+{
+    if (characterCount(normalizePhone(phone)) < shortestTestNumber)
+        return invalidTestNumber;
+    const MessageTemplate *found = m_messageTemplates.find(
+        [&messageID](const MessageTemplate &message) { return message.id == messageID; });
+    if (!found)
+        return noTemplate;
+    const QString body = found->body;
+    setTestNumber(phone);
+    return openSMS(phone, body, {});
+}
+
+QCoro::Task<Refusal> ProspectStore::sendSMSAutomatically(Prospect prospect, bool freeProEnabled,
+                                                         std::stop_token stop)
+{
+    if (Refusal refusal = smsQuotaError(prospect, freeProEnabled))
+        co_return refusal;
+    if (m_automaticSMSBusy)
+        co_return alreadyBusy;
+    m_automaticSMSBusy = true;
+    co_await waitForAutomaticSMSInterval(stop);
+    Refusal refusal = stop.stop_requested() ? abandoned : unreachableBySMS(prospect);
+    if (!refusal) {
+        refusal = co_await sendSMSDirectlyThroughMessages(
+            prospect.phone, assignedMessage(prospect).body, attachmentURL(prospect));
+    }
+    if (!refusal) {
+        finishAutomaticSMSWindowCleanup();
+        m_lastAutomaticSMSSentAt = m_platform.clock.now();
+    }
+    m_automaticSMSBusy = false;
+    co_return refusal;
+}
+
+QCoro::Task<> ProspectStore::waitForAutomaticSMSInterval(std::stop_token stop)
+{
+    if (!m_lastAutomaticSMSSentAt)
+        co_return;
+    const std::chrono::nanoseconds elapsed = m_platform.clock.now() - *m_lastAutomaticSMSSentAt;
+    // A clock that was set back must not make the queue wait for longer than the interval.
+    const auto remainder
+        = std::min(automaticSMSMinimumInterval - elapsed, automaticSMSMinimumInterval);
+    if (remainder <= std::chrono::nanoseconds::zero())
+        co_return;
+    const QFuture<void> sleep = m_platform.clock.sleep(remainder, stop);
+    co_await sleep;
+}
+
+QCoro::Task<Refusal>
+ProspectStore::sendSMSDirectlyThroughMessages(QString phone, QString body,
+                                              std::optional<QUrl> attachment)
+{
+    const std::optional<QString> path
+        = attachment ? std::optional(attachment->toLocalFile()) : std::nullopt;
+    const QString source = messagesScript(messagingHandle(phone), body, path);
+    ScriptHost *host = &m_platform.scripts;
+    const auto runScript = [host, source] { return host->run(source); };
+    const QFuture<ScriptOutcome> outcome = QtConcurrent::run(runScript);
+    const ScriptOutcome result = co_await outcome;
+    co_return scriptRefusal(result, m_platform.log);
+}
+
+void ProspectStore::finishAutomaticSMSWindowCleanup()
+{
+    for (const QString &identifier : {u"com.apple.MobileSMS"_s, u"com.apple.iChat"_s})
+        m_platform.workspace.hideApplications(identifier);
+    m_platform.workspace.comeToFront();
+}
+
+} // namespace quenoria

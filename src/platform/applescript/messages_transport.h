@@ -1,0 +1,33 @@
+#pragma once
+
+#include <QString>
+
+#include <optional>
+
+namespace quenoria {
+
+/// The services that the Messages application may offer.
+enum class MessagesService { RCS, SMS, iMessage };
+
+/// Why a transport did not take a message; the message may be missing.
+struct TransportFailure {
+    std::optional<QString> message;
+};
+
+/// Absent: the transport took it.
+using TransportResult = std::optional<TransportFailure>;
+
+/// What carries the messages that the Messages application is told to send. Called from the
+/// thread on which the script runs.
+class MessagesTransport {
+public:
+    virtual ~MessagesTransport() = default;
+
+    [[nodiscard]] virtual bool offers(MessagesService service) const = 0;
+    [[nodiscard]] virtual TransportResult sendText(MessagesService service, const QString &handle,
+                                                   const QString &text) = 0;
+    [[nodiscard]] virtual TransportResult sendFile(MessagesService service, const QString &handle,
+                                                   const QString &path) = 0;
+};
+
+} // namespace quenoria

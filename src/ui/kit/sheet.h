@@ -1,0 +1,40 @@
+#pragma once
+
+#include <QDialog>
+
+class QBoxLayout;
+class QLabel;
+class QPushButton;
+
+namespace quenoria {
+
+/// A window-modal dialog over the main window. The close button, Escape and the window's own
+/// close all end in reject(), so that a sheet has one way of being left.
+class Sheet : public QDialog {
+    Q_OBJECT
+
+public:
+    /// The size is what the sheet opens with; it may grow and, while its texts fit, shrink.
+    Sheet(const QString &title, QSize size, QWidget *parent);
+
+protected:
+    /// Column of the sheet's parts, with the sheet's margins and spacing.
+    QBoxLayout *column() const { return m_column; }
+
+    /// Title in bold with a note under it (none when empty) and "Fermer" at the right.
+    void addHeader(const QString &title, const QString &note);
+
+    /// Row aligned right: "Annuler", which rejects, and the prominent default button, returned.
+    QPushButton *addConfirmRow(const QString &confirm);
+
+private:
+    QBoxLayout *m_column;
+};
+
+/// Gives a button the accent of the one action that a sheet is for.
+void makeProminent(QPushButton *button);
+
+/// Gives a button the colour of what cannot be undone.
+void makeDestructive(QPushButton *button);
+
+} // namespace quenoria
