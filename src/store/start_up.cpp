@@ -83,8 +83,10 @@ void ProspectStore::setAside(const QString &path)
     const QFileInfo info(path);
     const QString stamp =
         QString::fromLatin1(instantText(m_platform.clock.now())).replace(u':', u'-');
-    const QString aside =
-        u"%1/%2.illisible-%3.%4"_s.arg(info.path(), info.completeBaseName(), stamp, info.suffix());
+    const QString stem = u"%1/%2.illisible-%3"_s.arg(info.path(), info.completeBaseName(), stamp);
+    QString aside = u"%1.%2"_s.arg(stem, info.suffix());
+    for (int copy = 2; QFileInfo::exists(aside); ++copy) // a renaming never replaces a file
+        aside = u"%1-%2.%3"_s.arg(stem).arg(copy).arg(info.suffix());
     if (QFile::rename(path, aside))
         m_platform.log.write(
             u"Fichier illisible mis de côté : %1, conservé sous %2"_s.arg(info.fileName(), aside));
