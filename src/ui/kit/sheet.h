@@ -1,10 +1,10 @@
 #pragma once
 
+#include "ui/kit/button_role.h"
+
 #include <QDialog>
 
 class QBoxLayout;
-class QLabel;
-class QPushButton;
 
 namespace quenoria {
 
@@ -17,24 +17,24 @@ public:
     /// The size is what the sheet opens with; it may grow and, while its texts fit, shrink.
     Sheet(const QString &title, QSize size, QWidget *parent);
 
+    /// Shows the sheet over its window, and destroys it once it has been left.
+    void present();
+
 protected:
     /// Column of the sheet's parts, with the sheet's margins and spacing.
     QBoxLayout *column() const { return m_column; }
 
     /// Title in bold with a note under it (none when empty) and "Fermer" at the right.
-    void addHeader(const QString &title, const QString &note);
+    void addHeader(const QString &title, const QString &note = {});
 
     /// Row aligned right: "Annuler", which rejects, and the prominent default button, returned.
     QPushButton *addConfirmRow(const QString &confirm);
 
+    /// "Fermer", which rejects, for a sheet with a header of its own.
+    QPushButton *makeCloseButton();
+
 private:
     QBoxLayout *m_column;
 };
-
-/// Gives a button the accent of the one action that a sheet is for.
-void makeProminent(QPushButton *button);
-
-/// Gives a button the colour of what cannot be undone.
-void makeDestructive(QPushButton *button);
 
 } // namespace quenoria

@@ -1,0 +1,29 @@
+#pragma once
+
+#include <QProxyStyle>
+
+namespace quenoria {
+
+/// The product's look over Fusion: rounded fields and buttons, one accent, generous spacing. It
+/// takes every colour from the palette.
+class CalmStyle : public QProxyStyle {
+    Q_OBJECT
+
+public:
+    CalmStyle();
+
+    int pixelMetric(PixelMetric metric, const QStyleOption *option,
+                    const QWidget *widget) const override;
+    int styleHint(StyleHint hint, const QStyleOption *option, const QWidget *widget,
+                  QStyleHintReturn *data) const override;
+    QSize sizeFromContents(ContentsType type, const QStyleOption *option, const QSize &size,
+                           const QWidget *widget) const override;
+    void drawPrimitive(PrimitiveElement element, const QStyleOption *option, QPainter *painter,
+                       const QWidget *widget) const override;
+    void drawControl(ControlElement element, const QStyleOption *option, QPainter *painter,
+                     const QWidget *widget) const override;
+    void drawComplexControl(ComplexControl control, const QStyleOptionComplex *option,
+                            QPainter *painter, const QWidget *widget) const override;
+};
+
+} // namespace quenoria

@@ -1,0 +1,44 @@
+#include "ui/kit/form.h"
+
+#include <QFormLayout>
+#include <QLineEdit>
+
+namespace quenoria {
+
+namespace {
+
+constexpr int padding = 16;
+
+} // namespace
+
+Form::Form(QWidget *parent) : QFrame(parent), m_rows(new QFormLayout(this))
+{
+    setFrameShape(QFrame::StyledPanel);
+    m_rows->setContentsMargins(padding, padding, padding, padding);
+    m_rows->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
+}
+
+QLineEdit *Form::addField(const QString &label)
+{
+    auto *field = new QLineEdit;
+    addRow(label, field);
+    return field;
+}
+
+void Form::addRow(const QString &label, QWidget *control)
+{
+    control->setAccessibleName(label);
+    m_rows->addRow(label, control);
+}
+
+void Form::addRow(QWidget *control) { m_rows->addRow(nullptr, control); }
+
+QLineEdit *makeField(const QString &placeholder)
+{
+    auto *field = new QLineEdit;
+    field->setPlaceholderText(placeholder);
+    field->setAccessibleName(placeholder);
+    return field;
+}
+
+} // namespace quenoria

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <QFrame>
+
+class QFormLayout;
+class QLineEdit;
+
+namespace quenoria {
+
+/// A group of labelled controls on one card. Each control's accessible name is its label.
+class Form : public QFrame {
+    Q_OBJECT
+
+public:
+    explicit Form(QWidget *parent = nullptr);
+
+    QLineEdit *addField(const QString &label);
+    void addRow(const QString &label, QWidget *control);
+    void addRow(QWidget *control); ///< under the controls, without a label
+
+private:
+    QFormLayout *m_rows;
+};
+
+/// A single-line field whose placeholder is also its accessible name.
+[[nodiscard]] QLineEdit *makeField(const QString &placeholder);
+
+} // namespace quenoria

@@ -1,0 +1,19 @@
+#pragma once
+
+#include "ui/kit/theme.h"
+
+class QFont;
+class QLabel;
+
+namespace quenoria {
+
+/// The four sizes of text in the product.
+enum class TextStyle { title, headline, body, footnote };
+
+[[nodiscard]] QFont styledFont(TextStyle style);
+
+/// A label that wraps, in the application's font.
+[[nodiscard]] QLabel *makeLabel(const QString &text, TextStyle style = TextStyle::body,
+                                Tint tint = Tint::text);
+
+} // namespace quenoria

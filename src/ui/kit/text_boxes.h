@@ -1,0 +1,29 @@
+#pragma once
+
+#include <QPlainTextEdit>
+
+namespace quenoria {
+
+/// A text of several lines that can be read, scrolled and copied, on a faint background.
+class PreviewBox : public QPlainTextEdit {
+    Q_OBJECT
+
+public:
+    explicit PreviewBox(const QString &accessibleName, QWidget *parent = nullptr);
+
+protected:
+    void changeEvent(QEvent *event) override;
+
+private:
+    void takeFaintBackground();
+};
+
+/// A field of several lines. Tab moves on instead of typing a tabulator.
+class TextBox : public QPlainTextEdit {
+    Q_OBJECT
+
+public:
+    explicit TextBox(const QString &accessibleName, QWidget *parent = nullptr);
+};
+
+} // namespace quenoria
