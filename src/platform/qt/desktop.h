@@ -1,0 +1,43 @@
+#pragma once
+
+#include "platform/applescript/mail_transport.h"
+#include "platform/platform.h"
+#include "platform/qt/built_in_resources.h"
+#include "platform/qt/clipboard.h"
+#include "platform/qt/data_folder.h"
+#include "platform/qt/dialog_panels.h"
+#include "platform/qt/journal.h"
+#include "platform/qt/settings_preferences.h"
+#include "platform/qt/system_clock.h"
+
+namespace quenoria {
+
+/// A family of desktop services. What the toolkit gives is the same in each; the families differ
+/// in where a message goes.
+class Desktop {
+public:
+    virtual ~Desktop() = default;
+
+    /// What carries the messages that scripts send.
+    [[nodiscard]] virtual MessagesTransport &messages() = 0;
+    [[nodiscard]] virtual MailTransport &mail() = 0;
+
+    [[nodiscard]] virtual Workspace &workspace() = 0;
+    [[nodiscard]] virtual SharingServices &sharing() = 0;
+
+    /// Every service, with the host that runs the scripts.
+    [[nodiscard]] Platform platform(ScriptHost &scripts);
+
+protected:
+    Desktop(const QString &dataFolder, const QString &preferencesFile);
+
+    SystemClock m_clock;
+    SettingsPreferences m_preferences;
+    DataFolder m_folders;
+    Clipboard m_pasteboard;
+    DialogPanels m_panels;
+    BuiltInResources m_resources;
+    Journal m_log;
+};
+
+} // namespace quenoria

@@ -1,0 +1,74 @@
+#include "platform/qt/dialog_panels.h"
+
+#include <QApplication>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QLabel>
+#include <QLayout>
+#include <QStandardPaths>
+
+using namespace Qt::StringLiterals;
+
+namespace quenoria {
+
+namespace {
+
+const auto lastFolderKey = u"DernierDossier"_s;
+
+QStringList filters(const QString &suffix)
+{
+    if (suffix.isEmpty())
+        return {u"Tous les fichiers (*)"_s};
+    if (suffix == u"xlsx"_s)
+        return {u"Classeurs Excel (*.xlsx)"_s};
+    return {u"Fichiers %1 (*.%1)"_s.arg(suffix)};
+}
+
+/// Puts the message above everything else in the dialog.
+void showMessage(QFileDialog &dialog, const QString &message)
+{
+    if (message.isEmpty())
+        return;
+    auto *label = new QLabel(message, &dialog);
+    label->setWordWrap(true);
+    label->setMargin(12);
+    dialog.layout()->setMenuBar(label);
+}
+
+} // namespace
+
+std::optional<QString> DialogPanels::chooseFile(const OpenPanel &panel)
+{
+    QFileDialog dialog(QApplication::activeWindow(), panel.title);
+    dialog.setOption(QFileDialog::DontUseNativeDialog);
+    dialog.setFileMode(QFileDialog::ExistingFile);
+    dialog.setNameFilters(filters(panel.suffix));
+    dialog.setLabelText(QFileDialog::Accept, panel.button);
+    showMessage(dialog, panel.message);
+    return run(dialog);
+}
+
+std::optional<QString> DialogPanels::chooseDestination(const SavePanel &panel)
+{
+    QFileDialog dialog(QApplication::activeWindow(), panel.title);
+    dialog.setOption(QFileDialog::DontUseNativeDialog);
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setNameFilters(filters(panel.suffix));
+    dialog.setDefaultSuffix(panel.suffix);
+    dialog.selectFile(panel.fileName);
+    return run(dialog);
+}
+
+std::optional<QString> DialogPanels::run(QFileDialog &dialog)
+{
+    const QString home = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+    const QString last = m_preferences.text(lastFolderKey).value_or(home);
+    dialog.setDirectory(QFileInfo(last).isDir() ? last : QDir::homePath());
+    if (dialog.exec() != QDialog::Accepted)
+        return std::nullopt;
+    const QString file = dialog.selectedFiles().constFirst();
+    m_preferences.setText(lastFolderKey, QFileInfo(file).absolutePath());
+    return file;
+}
+
+} // namespace quenoria
