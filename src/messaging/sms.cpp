@@ -1,10 +1,11 @@
 #include "messaging/compose_url.h"
 #include "messaging/messages_script.h"
-#include "messaging/script_text.h"
+#include "messaging/refusals.h"
 #include "model/contact_rules.h"
 #include "store/prospect_store.h"
 
 #include <QCoroFuture>
+#include <QPointer>
 #include <QtConcurrent>
 
 using namespace Qt::StringLiterals;
@@ -15,10 +16,8 @@ namespace {
 
 const QString stoppedSMS = u"Cet abonné a demandé à ne plus être destinataire de SMS."_s;
 const QString noMobile = u"Aucun numéro de mobile n’est renseigné pour ce contact."_s;
-const QString attachmentGone
-    = u"Le fichier joint a été déplacé ou supprimé. Choisissez-le à nouveau."_s;
-const QString alreadyBusy
-    = u"Un autre SMS automatique est déjà en cours. Attendez la fin de cet envoi."_s;
+const QString alreadyBusy =
+    u"Un autre SMS automatique est déjà en cours. Attendez la fin de cet envoi."_s;
 const QString abandoned = u"L’envoi a été abandonné avant d’être remis à Messages."_s;
 const QString invalidTestNumber = u"Saisissez un numéro de test valide."_s;
 const QString noTemplate = u"Sélectionnez un modèle de message."_s;
@@ -113,12 +112,18 @@ QCoro::Task<Refusal> ProspectStore::sendSMSAutomatically(Prospect prospect, bool
     if (m_automaticSMSBusy)
         co_return alreadyBusy;
     m_automaticSMSBusy = true;
+    const QPointer<ProspectStore> self(this);
     co_await waitForAutomaticSMSInterval(stop);
+    if (!self)
+        co_return abandoned;
     Refusal refusal = stop.stop_requested() ? abandoned : unreachableBySMS(prospect);
     if (!refusal) {
-        refusal = co_await sendSMSDirectlyThroughMessages(
+        const QCoro::Task<Refusal> sending = sendSMSDirectlyThroughMessages(
             prospect.phone, assignedMessage(prospect).body, attachmentURL(prospect));
+        refusal = co_await sending;
     }
+    if (!self)
+        co_return refusal;
     if (!refusal) {
         finishAutomaticSMSWindowCleanup();
         m_lastAutomaticSMSSentAt = m_platform.clock.now();
@@ -133,26 +138,26 @@ QCoro::Task<> ProspectStore::waitForAutomaticSMSInterval(std::stop_token stop)
         co_return;
     const std::chrono::nanoseconds elapsed = m_platform.clock.now() - *m_lastAutomaticSMSSentAt;
     // A clock that was set back must not make the queue wait for longer than the interval.
-    const auto remainder
-        = std::min(automaticSMSMinimumInterval - elapsed, automaticSMSMinimumInterval);
+    const auto remainder =
+        std::min(automaticSMSMinimumInterval - elapsed, automaticSMSMinimumInterval);
     if (remainder <= std::chrono::nanoseconds::zero())
         co_return;
     const QFuture<void> sleep = m_platform.clock.sleep(remainder, stop);
     co_await sleep;
 }
 
-QCoro::Task<Refusal>
-ProspectStore::sendSMSDirectlyThroughMessages(QString phone, QString body,
-                                              std::optional<QUrl> attachment)
+QCoro::Task<Refusal> ProspectStore::sendSMSDirectlyThroughMessages(QString phone, QString body,
+                                                                   std::optional<QUrl> attachment)
 {
-    const std::optional<QString> path
-        = attachment ? std::optional(attachment->toLocalFile()) : std::nullopt;
+    const std::optional<QString> path =
+        attachment ? std::optional(attachment->toLocalFile()) : std::nullopt;
     const QString source = messagesScript(messagingHandle(phone), body, path);
+    SystemLog &log = m_platform.log; // both services outlive the store
     ScriptHost *host = &m_platform.scripts;
     const auto runScript = [host, source] { return host->run(source); };
     const QFuture<ScriptOutcome> outcome = QtConcurrent::run(runScript);
     const ScriptOutcome result = co_await outcome;
-    co_return scriptRefusal(result, m_platform.log);
+    co_return scriptRefusal(result, log);
 }
 
 void ProspectStore::finishAutomaticSMSWindowCleanup()

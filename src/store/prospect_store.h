@@ -195,6 +195,17 @@ private:
     QCoro::Task<> waitForAutomaticSMSInterval(std::stop_token stop);
     void finishAutomaticSMSWindowCleanup();
 
+    [[nodiscard]] Refusal unreachableByEmail(const Prospect &prospect) const;
+    [[nodiscard]] Refusal openEmail(const QString &address, const QString &subject,
+                                    const QString &body, const std::optional<QUrl> &attachment);
+    [[nodiscard]] Refusal composeEmailWithFile(const QString &address, const QString &subject,
+                                               const QString &body, const QUrl &file);
+    [[nodiscard]] Refusal performAppleMail(const QString &address, const QString &subject,
+                                           const QString &body,
+                                           const std::optional<QUrl> &attachment,
+                                           bool sendImmediately);
+    std::optional<QString> defaultMailApplicationBundleIdentifier() const;
+
     Platform m_platform;
 
     Dictionary<SendStatus> m_statuses;

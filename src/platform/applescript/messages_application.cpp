@@ -1,0 +1,72 @@
+#include "platform/applescript/messages_application.h"
+
+using namespace Qt::StringLiterals;
+
+namespace quenoria {
+
+using namespace applescript;
+
+namespace {
+
+struct Buddy : ScriptObject {
+    Buddy(MessagesService itsService, QString itsHandle)
+        : service(itsService), handle(std::move(itsHandle))
+    {
+    }
+
+    MessagesService service;
+    QString handle;
+};
+
+class Service : public ScriptObject {
+public:
+    explicit Service(MessagesService service) : m_service(service) {}
+
+    ObjectRef buddy(const QString &handle) override
+    {
+        return std::make_shared<Buddy>(m_service, handle);
+    }
+
+private:
+    MessagesService m_service;
+};
+
+class MessagesSession : public ScriptObject {
+public:
+    explicit MessagesSession(MessagesTransport &transport) : m_transport(transport) {}
+
+    ObjectRef firstService(const QString &type) override
+    {
+        static const std::map<QString, MessagesService> services{
+            {u"RCS"_s, MessagesService::RCS},
+            {u"SMS"_s, MessagesService::SMS},
+            {u"iMessage"_s, MessagesService::iMessage},
+        };
+        const auto found = services.find(type);
+        if (found == services.end() || !m_transport.offers(found->second))
+            throw ScriptFailure(u"Messages n’a pas de service %1."_s.arg(type),
+                                ErrorNumber::NoSuchObject);
+        return std::make_shared<Service>(found->second);
+    }
+
+    void send(const Value &what, const Value &recipient) override
+    {
+        const auto &buddy = asObject<Buddy>(recipient);
+        const auto *file = std::get_if<Alias>(&what);
+        const TransportResult failure =
+            file ? m_transport.sendFile(buddy.service, buddy.handle, file->path)
+                 : m_transport.sendText(buddy.service, buddy.handle,
+                                        withLineFeeds(as<QString>(what)));
+        if (failure)
+            throw ScriptFailure(failure->message, ErrorNumber::CommandFailed);
+    }
+
+private:
+    MessagesTransport &m_transport;
+};
+
+} // namespace
+
+ObjectRef MessagesApplication::session() { return std::make_shared<MessagesSession>(m_transport); }
+
+} // namespace quenoria
