@@ -1,0 +1,32 @@
+#pragma once
+
+#include "ui/queue/queue_channel.h"
+
+#include <QWidget>
+
+class QLabel;
+
+namespace quenoria {
+
+class PreviewBox;
+class StatusLabel;
+
+/// One contact of the queue, with the message and the file that it is about to get.
+class MessagePanel : public QWidget {
+    Q_OBJECT
+
+public:
+    explicit MessagePanel(QWidget *parent = nullptr);
+
+    void setMessage(const QString &name, const QueuedMessage &message,
+                    const std::optional<QString> &attachment);
+
+private:
+    QLabel *m_name;
+    QLabel *m_address;
+    QLabel *m_heading;
+    StatusLabel *m_attachment;
+    PreviewBox *m_preview;
+};
+
+} // namespace quenoria

@@ -1,0 +1,48 @@
+#pragma once
+
+#include "store/prospect_store.h"
+
+#include <QSize>
+
+namespace quenoria {
+
+class Switches;
+
+/// The lines of the panel that shows one contact and its message.
+struct QueuedMessage {
+    QString address;
+    QString heading; ///< which template, or which subject
+    QString body;
+};
+
+/// All that tells the SMS queue from the e-mail queue.
+struct QueueChannel {
+    // Texts, as the sheet shows them.
+    QString title;
+    QString note;
+    QString automaticSwitch;
+    QString automaticNote; ///< while the switch is on
+    QString prepare;
+    QString startAutomatic; ///< the primary button while the switch is on
+    QString confirm;
+    QString preparedNote;
+    QString finishedNote;
+    QString errorSymbol;
+    QSize size;
+    bool hasQuota;
+
+    // The channel's switch, selection and operations.
+    bool (Switches::*isAutomatic)() const;
+    void (Switches::*setAutomatic)(bool);
+    bool (*isQueued)(const ProspectStore &, const Prospect &); ///< selected, with an address
+    void (ProspectStore::*select)(bool, const Prospect &);
+    void (ProspectStore::*record)(const Prospect &);
+    Refusal (*prepareMessage)(ProspectStore &, const Switches &, const Prospect &);
+    QCoro::Task<Refusal> (*send)(ProspectStore &, const Switches &, Prospect, std::stop_token);
+    QueuedMessage (*message)(const ProspectStore &, const Prospect &);
+};
+
+[[nodiscard]] const QueueChannel &smsChannel();
+[[nodiscard]] const QueueChannel &emailChannel();
+
+} // namespace quenoria

@@ -1,0 +1,189 @@
+#include "ui/queue/queue_sheet.h"
+
+#include "ui/kit/empty_state.h"
+#include "ui/kit/labels.h"
+#include "ui/kit/status_label.h"
+#include "ui/queue/batch_queue.h"
+#include "ui/queue/deliberate_button.h"
+#include "ui/queue/message_panel.h"
+#include "ui/queue/queue_options.h"
+
+#include <QLabel>
+#include <QProgressBar>
+#include <QShortcut>
+#include <QVBoxLayout>
+
+using namespace Qt::StringLiterals;
+
+namespace quenoria {
+
+namespace {
+
+constexpr int progressGap = 8;
+constexpr int buttonGap = 12;
+
+} // namespace
+
+QueueSheet::QueueSheet(const QueueChannel &channel, ProspectStore &store, Switches &switches,
+                       Clock &clock, QWidget *parent)
+    : Sheet(channel.title, channel.size, parent), m_channel(channel), m_store(store),
+      m_queue(new BatchQueue(channel, store, switches, clock)), m_progress(makeProgress()),
+      m_options(new QueueOptions(*m_queue, switches)), m_message(new MessagePanel),
+      m_finished(makeFinishedPanel()), m_status(new StatusLabel), m_error(new StatusLabel),
+      m_buttons(makeButtons())
+{
+    addHeader(channel.title, channel.note);
+    column()->addWidget(m_progress);
+    column()->addWidget(m_options);
+    column()->addWidget(m_message, 1);
+    column()->addWidget(m_finished, 1);
+    column()->addWidget(m_status);
+    column()->addWidget(m_error);
+    column()->addWidget(m_buttons);
+    connectQueue();
+}
+
+QueueSheet::~QueueSheet()
+{
+    if (m_queue) {
+        m_queue->disconnect(this);
+        m_queue->close();
+    }
+}
+
+QWidget *QueueSheet::makeProgress()
+{
+    auto *progress = new QWidget;
+    m_progressText = makeLabel({}, TextStyle::body, Tint::secondary);
+    m_progressBar = new QProgressBar;
+    m_progressBar->setTextVisible(false);
+    auto *column = new QVBoxLayout(progress);
+    column->setContentsMargins({});
+    column->setSpacing(progressGap);
+    column->addWidget(m_progressBar);
+    column->addWidget(m_progressText);
+    return progress;
+}
+
+QWidget *QueueSheet::makeFinishedPanel()
+{
+    auto *panel = new QWidget;
+    m_close = makeCloseButton();
+    makeProminent(m_close);
+    auto *column = new QVBoxLayout(panel);
+    column->addStretch();
+    column->addWidget(new EmptyState(u"checkmark.circle.fill"_s, u"Sélection terminée"_s,
+                                     m_channel.finishedNote));
+    column->addWidget(m_close, 0, Qt::AlignHCenter);
+    column->addStretch();
+    return panel;
+}
+
+QWidget *QueueSheet::makeButtons()
+{
+    auto *buttons = new QWidget;
+    m_skip = new DeliberateButton(u"Ignorer"_s);
+    m_primary = new DeliberateButton(m_channel.prepare);
+    m_confirm = new DeliberateButton(m_channel.confirm);
+    makeProminent(m_primary);
+    auto *row = new QHBoxLayout(buttons);
+    row->setContentsMargins({});
+    row->setSpacing(buttonGap);
+    row->addWidget(m_skip);
+    row->addStretch();
+    row->addWidget(m_primary);
+    row->addWidget(m_confirm);
+    auto *skip = new QShortcut(Qt::CTRL | Qt::Key_I, this);
+    skip->setAutoRepeat(false);
+    connect(skip, &QShortcut::activated, m_skip, &QPushButton::click);
+    m_skip->setToolTip(skip->key().toString(QKeySequence::NativeText));
+    return buttons;
+}
+
+void QueueSheet::connectQueue()
+{
+    connect(m_queue, &BatchQueue::changed, this, &QueueSheet::refresh);
+    connect(m_queue, &BatchQueue::closed, this, [this] {
+        if (isVisible())
+            accept();
+    });
+    connect(this, &QDialog::finished, m_queue, &BatchQueue::close);
+    connect(m_skip, &QPushButton::clicked, m_queue, &BatchQueue::skip);
+    connect(m_primary, &QPushButton::clicked, m_queue, &BatchQueue::pressPrimary);
+    connect(m_confirm, &QPushButton::clicked, m_queue, &BatchQueue::confirm);
+}
+
+void QueueSheet::showEvent(QShowEvent *event)
+{
+    if (!m_opened) {
+        m_opened = true;
+        m_queue->open();
+    }
+    Sheet::showEvent(event);
+}
+
+void QueueSheet::keyPressEvent(QKeyEvent *event)
+{
+    // Escape may be held down as long as one likes; Enter would confirm one contact per repeat.
+    if (!event->isAutoRepeat())
+        Sheet::keyPressEvent(event);
+}
+
+void QueueSheet::refresh()
+{
+    const Prospect *contact = m_queue->current();
+    const QueueState &state = m_queue->state();
+    m_progress->setVisible(contact);
+    m_progressText->setText(m_queue->progressText());
+    m_progressBar->setAccessibleName(m_queue->progressText());
+    m_progressBar->setRange(0, std::max(state.initialQueueCount, 1));
+    m_progressBar->setValue(state.completedCount);
+    m_options->refresh();
+    m_message->setVisible(contact);
+    m_finished->setVisible(!contact);
+    if (contact)
+        m_message->setMessage(contact->label, m_queue->message(), m_store.attachmentName(*contact));
+    refreshStatus();
+    refreshButtons();
+}
+
+void QueueSheet::refreshStatus()
+{
+    if (m_queue->isRunning())
+        m_status->setStatus(u"Envoi automatique en cours…"_s, Tint::accent, u"gearshape.2.fill"_s);
+    else if (m_queue->canConfirm())
+        m_status->setStatus(m_channel.preparedNote, Tint::positive, u"checkmark.circle.fill"_s);
+    else
+        m_status->setStatus({}, Tint::text);
+    m_error->setStatus(m_queue->state().error.value_or(QString()), Tint::negative,
+                       m_channel.errorSymbol);
+}
+
+void QueueSheet::refreshButtons()
+{
+    const bool running = m_queue->isRunning();
+    const bool finished = !m_queue->current();
+    QPushButton *next = finished ? m_close : m_queue->canConfirm() ? m_confirm : m_primary;
+    const bool moves = !keepsFocus(focusWidget());
+    // A button that is disabled while it has the focus gives it to any neighbour: take it first.
+    if (moves)
+        setFocus();
+    m_buttons->setVisible(!finished);
+    m_primary->setText(m_queue->primaryText());
+    m_primary->setDisabled(running);
+    m_skip->setDisabled(running);
+    m_confirm->setEnabled(m_queue->canConfirm());
+    next->setDefault(true);
+    if (moves && !running)
+        next->setFocus();
+}
+
+/// The focus follows the step to take next, unless the user has put it elsewhere.
+bool QueueSheet::keepsFocus(const QWidget *widget) const
+{
+    if (!widget || widget == this || widget == m_primary || widget == m_confirm)
+        return false;
+    return widget != m_skip || !m_queue->isRunning();
+}
+
+} // namespace quenoria

@@ -1,0 +1,87 @@
+#pragma once
+
+#include "ui/kit/sheet.h"
+#include "ui/queue/queue_channel.h"
+
+#include <QPointer>
+
+class QLabel;
+class QProgressBar;
+
+namespace quenoria {
+
+class BatchQueue;
+class Clock;
+class MessagePanel;
+class QueueOptions;
+class StatusLabel;
+
+/// Walks through the contacts selected on a channel, one at a time: shows a BatchQueue and passes
+/// on what the user does. Closing it leaves the queue to end a send that is under way.
+class QueueSheet : public Sheet {
+    Q_OBJECT
+
+public:
+    ~QueueSheet() override;
+
+protected:
+    QueueSheet(const QueueChannel &channel, ProspectStore &store, Switches &switches, Clock &clock,
+               QWidget *parent);
+
+    void showEvent(QShowEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
+
+private:
+    QWidget *makeProgress();
+    QWidget *makeFinishedPanel();
+    QWidget *makeButtons();
+    void connectQueue();
+    void refresh();
+    void refreshStatus();
+    void refreshButtons();
+    bool keepsFocus(const QWidget *widget) const;
+
+    const QueueChannel &m_channel;
+    ProspectStore &m_store;
+    QPointer<BatchQueue> m_queue; ///< owned by the store, which it must outlive to end a send
+    bool m_opened = false;
+
+    QWidget *m_progress;
+    QLabel *m_progressText;
+    QProgressBar *m_progressBar;
+    QueueOptions *m_options;
+    MessagePanel *m_message;
+    QWidget *m_finished;
+    QPushButton *m_close; ///< of the finished panel
+    StatusLabel *m_status;
+    StatusLabel *m_error;
+    QWidget *m_buttons;
+    QPushButton *m_skip;
+    QPushButton *m_primary;
+    QPushButton *m_confirm;
+};
+
+/// The queue of SMS.
+class BatchSendView : public QueueSheet {
+    Q_OBJECT
+
+public:
+    BatchSendView(ProspectStore &store, Switches &switches, Clock &clock, QWidget *parent = nullptr)
+        : QueueSheet(smsChannel(), store, switches, clock, parent)
+    {
+    }
+};
+
+/// The queue of e-mails.
+class BatchEmailSendView : public QueueSheet {
+    Q_OBJECT
+
+public:
+    BatchEmailSendView(ProspectStore &store, Switches &switches, Clock &clock,
+                       QWidget *parent = nullptr)
+        : QueueSheet(emailChannel(), store, switches, clock, parent)
+    {
+    }
+};
+
+} // namespace quenoria

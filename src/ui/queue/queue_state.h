@@ -1,0 +1,79 @@
+#pragma once
+
+#include "store/refusal.h"
+
+#include <QStringList>
+
+#include <variant>
+
+namespace quenoria {
+
+/// Where a queue stands: a value, from which next() makes the one that follows.
+struct QueueState {
+    enum class Phase {
+        waiting,  ///< for the user, on the head of the queue
+        prepared, ///< the head's message is in front of the user, who sends and confirms it
+        running,  ///< an automatic run works the queue
+        leaving,  ///< closed during a run, which ends what it has begun and no more
+        closed,
+    };
+
+    QStringList queueIDs; ///< contacts still to handle, the current one first
+    int completedCount = 0;
+    int initialQueueCount = 0;
+    Phase phase = Phase::waiting;
+    Refusal error;
+    bool operator==(const QueueState &) const = default;
+};
+
+/// The queue was built.
+struct Opened {
+    QStringList queueIDs;
+};
+struct PrimaryPressed {};
+/// What the preparation that was asked for said.
+struct PrepareAnswered {
+    Refusal refusal;
+};
+struct Confirmed {};
+struct Skipped {};
+/// The switch for automatic sending went from off to on.
+struct SwitchedOn {};
+/// A run is about to take the head of the queue.
+struct TurnReached {};
+/// What the automatic send that was asked for said.
+struct SendAnswered {
+    Refusal refusal;
+};
+struct Closed {};
+
+using QueueEvent = std::variant<Opened, PrimaryPressed, PrepareAnswered, Confirmed, Skipped,
+                                SwitchedOn, TurnReached, SendAnswered, Closed>;
+
+/// What the rules ask about the world around the queue.
+struct Circumstances {
+    bool automatic = false; ///< the switch for automatic sending is on
+    bool present = true;    ///< the head of the queue is a contact of the store
+};
+
+/// What is to be done about the contact that was the head of the queue before the event.
+enum class QueueAction {
+    none,
+    prepare,  ///< and hand the answer back
+    startRun, ///< one that begins by reaching its turn
+    send,     ///< automatically, and hand the answer back
+    record,   ///< the send, and take the contact out of the selection
+    deselect,
+};
+
+struct Step {
+    QueueState state;
+    QueueAction action = QueueAction::none;
+    bool operator==(const Step &) const = default;
+};
+
+/// The rules of both queues. An event that the phase has no use for (a second click, an answer
+/// that comes too late) changes nothing.
+[[nodiscard]] Step next(QueueState state, const QueueEvent &event, Circumstances circumstances);
+
+} // namespace quenoria
