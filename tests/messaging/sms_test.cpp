@@ -15,8 +15,7 @@ using namespace std::chrono_literals;
 
 namespace {
 
-class SMS : public testing::Test
-{
+class SMS : public testing::Test {
 protected:
     SMS()
     {
@@ -147,7 +146,8 @@ TEST_F(SMS, AutomaticSendsKeepElevenSecondsFromTheLastSuccess)
     EXPECT_EQ(answers.back(), u"envoyé"_s) << "a failure does not restart the interval";
     desktop.clock.set(desktop.clock.now() - 1h);
     start(contact(2));
-    EXPECT_EQ(desktop.clock.pending(), std::vector{11000ms}) << "a clock set back costs 11 s at most";
+    EXPECT_EQ(desktop.clock.pending(), std::vector{11000ms})
+        << "a clock set back costs 11 s at most";
     desktop.clock.advance(11s);
 }
 

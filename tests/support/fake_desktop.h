@@ -2,6 +2,7 @@
 
 #include "platform/platform.h"
 #include "support/fake_clock.h"
+#include "support/readable.h"
 
 #include <QTemporaryDir>
 

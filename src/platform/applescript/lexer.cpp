@@ -1,5 +1,7 @@
 #include "platform/applescript/lexer.h"
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace quenoria::applescript {
@@ -20,6 +22,8 @@ bool belongsToNumber(QChar character) { return isDigit(character) || character =
 bool isBlank(QChar character) { return character == u' ' || character == u'\t'; }
 
 bool isLineEnd(QChar character) { return character == u'\n' || character == u'\r'; }
+
+bool isLineEndOrBlank(QChar character) { return isLineEnd(character) || isBlank(character); }
 
 std::optional<QChar> escaped(QChar letter)
 {
@@ -49,7 +53,7 @@ public:
             return Token{Token::Kind::End, {}};
         const QChar first = m_rest.front();
         if (isLineEnd(first)) {
-            take(isLineEnd);
+            take(isLineEndOrBlank); // empty lines too
             return Token{Token::Kind::LineEnd, {}};
         }
         if (isLetter(first))

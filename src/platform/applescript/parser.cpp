@@ -135,7 +135,7 @@ private:
 Block Parser::block()
 {
     Block statements;
-    while (sees(Token::Kind::LineEnd))
+    if (sees(Token::Kind::LineEnd))
         lineEnd();
     while (!sees(u"end") && !sees(u"else") && !sees(u"on") && !sees(Token::Kind::End)) {
         statements.push_back(statement());
@@ -218,14 +218,14 @@ Statement Parser::raise()
 {
     Raise raise;
     if (!sees(u"number") && !sees(Token::Kind::LineEnd) && !sees(Token::Kind::End))
-        raise.message = operand();
+        raise.message = joined();
     raise.number = operandAfter(u"number");
     return {std::move(raise)};
 }
 
 Statement Parser::sending()
 {
-    Expression what = operand();
+    Expression what = joined();
     return {Send{std::move(what), operandAfter(u"to")}};
 }
 

@@ -8,8 +8,8 @@ namespace quenoria::applescript {
 ///
 ///   script     = block
 ///   block      = { statement LINE-END }
-///   statement  = set NAME to expression | send operand [to operand] | delay operand | activate
-///              | error [operand] [number operand] | tell operand LINE-END block end tell
+///   statement  = set NAME to expression | send joined [to operand] | delay operand | activate
+///              | error [joined] [number operand] | tell operand LINE-END block end tell
 ///              | try LINE-END block [on error [NAME [number NAME]] LINE-END block] end try
 ///              | if expression then (statement | LINE-END block [else LINE-END block] end if)
 ///              | make …
