@@ -1,8 +1,8 @@
 #include "platform/qt/single_instance.h"
 
+#include "platform/qt/private_folder.h"
+
 #include <QCryptographicHash>
-#include <QDir>
-#include <QFileInfo>
 #include <QLocalSocket>
 #include <QStandardPaths>
 
@@ -13,12 +13,6 @@ namespace quenoria {
 namespace {
 
 constexpr int answerLimit = 2000; ///< milliseconds that a living owner gets to accept the call
-
-void makePrivateFolder(const QString &path)
-{
-    QDir().mkpath(QFileInfo(path).path());
-    QDir().mkdir(path, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
-}
 
 /// A socket that only this user can reach, the same for every spelling of the folder.
 QString socketAddress(const QString &folder)

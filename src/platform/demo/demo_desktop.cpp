@@ -1,0 +1,21 @@
+#include "platform/demo/demo_desktop.h"
+
+#include <QStandardPaths>
+
+using namespace Qt::StringLiterals;
+
+namespace quenoria {
+
+DemoDesktop::DemoDesktop(const QString &folder)
+    : Desktop(folder, folder + u"/preferences.ini"_s), m_outbox(folder + u"/envois"_s, m_clock),
+      m_messages(m_outbox), m_mail(m_outbox), m_workspace(m_outbox), m_sharing(m_outbox, m_log)
+{
+}
+
+QString DemoDesktop::standardFolder()
+{
+    return QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) +
+           u"/Quenoria v.7.29 (démonstration)"_s;
+}
+
+} // namespace quenoria

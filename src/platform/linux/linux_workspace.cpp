@@ -1,0 +1,25 @@
+#include "platform/linux/linux_workspace.h"
+
+#include "platform/linux/applications.h"
+#include "platform/linux/mail_program.h"
+#include "platform/qt/main_window.h"
+
+using namespace Qt::StringLiterals;
+
+namespace quenoria {
+
+bool LinuxWorkspace::openUrl(const QUrl &url) { return openInApplication(url); }
+
+std::optional<QString> LinuxWorkspace::defaultApplication(const QUrl &url) const
+{
+    if (url.scheme() == u"mailto"_s && mailProgram())
+        return u"com.apple.mail"_s;
+    return applicationFor(url.scheme());
+}
+
+/// What sends here has no window.
+void LinuxWorkspace::hideApplications(const QString & /*bundleIdentifier*/) {}
+
+void LinuxWorkspace::comeToFront() { bringMainWindowToFront(); }
+
+} // namespace quenoria
