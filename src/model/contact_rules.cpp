@@ -90,6 +90,18 @@ std::optional<QString> validEmail(const QString &text)
     return address;
 }
 
+QString contactLabel(const QString &name, const QString &town, const QString &department,
+                     const QString &shownPhone)
+{
+    QString label = name.toUpper();
+    if (!town.isEmpty())
+        label += u" — "_s + town.toUpper();
+    label += u" ("_s + department + u')';
+    if (!shownPhone.isEmpty())
+        label += u" — "_s + shownPhone;
+    return label;
+}
+
 QString duplicateKey(const Prospect &prospect)
 {
     QString digits = normalizePhone(prospect.phone);

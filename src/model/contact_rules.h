@@ -31,6 +31,11 @@ struct Prospect;
 ///   "anne@example"       -> nothing
 [[nodiscard]] std::optional<QString> validEmail(const QString &text);
 
+/// How a contact is called in the lists: "BOULANGERIE — QUIMPER (29) — 06 39 98 00 01". Without a
+/// town or a phone, their part is left out.
+[[nodiscard]] QString contactLabel(const QString &name, const QString &town,
+                                   const QString &department, const QString &shownPhone);
+
 /// Key under which two contacts count as one: the mobile's digits, else "email:" and the valid
 /// address, else the contact's id.
 [[nodiscard]] QString duplicateKey(const Prospect &prospect);

@@ -42,17 +42,6 @@ bool sameReach(const Prospect &other, const QString &digits, const std::optional
     return email && other.email && other.email->compare(*email, Qt::CaseInsensitive) == 0;
 }
 
-QString editedLabel(const ProspectStore::ContactEdit &edit, const QString &digits)
-{
-    QString label = edit.name.trimmed().toUpper();
-    if (const auto commune = textOrNothing(edit.commune))
-        label += u" — "_s + commune->toUpper();
-    label += u" (%1)"_s.arg(edit.department);
-    if (!digits.isEmpty())
-        label += u" — "_s + formatPhone(digits);
-    return label;
-}
-
 } // namespace
 
 Refusal ProspectStore::add(const QString &name, const QString &phone, const QString &email,
@@ -94,8 +83,10 @@ Refusal ProspectStore::update(const Prospect &prospect, const ContactEdit &edit)
         if (other.id != id && sameReach(other, digits, address))
             return belongsToAnother;
     }
-    m_contactOverrides.set(id, {editedLabel(edit, digits), formatPhone(digits), address,
-                                edit.department, textOrNothing(edit.profession)});
+    const QString shownPhone = formatPhone(digits);
+    m_contactOverrides.set(
+        id, {contactLabel(edit.name.trimmed(), edit.commune.trimmed(), edit.department, shownPhone),
+             shownPhone, address, edit.department, textOrNothing(edit.profession)});
     publish(Collection::contactOverrides, id);
     m_emailOverrides.remove(id);
     publish(Collection::emailOverrides, id);

@@ -1,0 +1,95 @@
+#include "import/import_report.h"
+#include "import/prospect_excel_importer.h"
+#include "model/contact_rules.h"
+#include "store/prospect_store.h"
+
+using namespace Qt::StringLiterals;
+
+namespace quenoria {
+
+namespace {
+
+/// Contact ids by duplicate key; of two contacts with one key the first in the list counts.
+QHash<QString, QString> idsByKey(const std::vector<Prospect> &prospects)
+{
+    QHash<QString, QString> ids;
+    for (const Prospect &prospect : prospects) {
+        const QString key = duplicateKey(prospect);
+        if (!ids.contains(key))
+            ids.insert(key, prospect.id);
+    }
+    return ids;
+}
+
+QString reportMessage(const ProspectImportAnalysis &analysis)
+{
+    const auto line = [](auto count, const QString &text) { return QString::number(count) + text; };
+    QStringList lines{line(analysis.prospects.size(), u" contact(s) ajouté(s)."_s),
+                      line(analysis.duplicates, u" doublon(s) déjà présent(s)."_s)};
+    if (!analysis.emailUpdates.empty()) {
+        lines << line(analysis.emailUpdates.size(),
+                      u" adresse(s) e-mail ajoutée(s) ou mise(s) à jour sur des contacts"
+                      u" existants."_s);
+    }
+    lines << line(analysis.rowsWithoutMobile, u" ligne(s) sans mobile ni e-mail ignorée(s)."_s);
+    if (analysis.invalidRows > 0) {
+        lines << line(analysis.invalidRows, u" ligne(s) avec département invalide ignorée(s)."_s);
+    }
+    return lines.join(u'\n');
+}
+
+} // namespace
+
+IdSet ProspectStore::duplicateKeys() const
+{
+    IdSet keys;
+    for (const Prospect &prospect : allProspects())
+        keys.insert(duplicateKey(prospect));
+    return keys;
+}
+
+ImportReport ProspectStore::importProspects(const QString &workbookPath)
+{
+    return merge(ProspectExcelImporter::analyze(workbookPath, duplicateKeys()));
+}
+
+ImportReport ProspectStore::merge(const ProspectImportAnalysis &analysis)
+{
+    // Keys of the contacts known before: the new ones have their key as id.
+    const auto knownIds =
+        analysis.emailUpdates.empty() ? QHash<QString, QString>() : idsByKey(allProspects());
+    if (!analysis.prospects.empty()) {
+        m_customProspects.append(analysis.prospects);
+        publish(Collection::customProspects);
+    }
+    std::set<Collection> changed;
+    for (const auto &[key, address] : analysis.emailUpdates) {
+        const QString id = knownIds.value(key, key);
+        if (const ContactOverride *edited = m_contactOverrides.find(id)) {
+            ContactOverride updated = *edited;
+            updated.email = address;
+            m_contactOverrides.set(id, std::move(updated));
+            changed.insert(Collection::contactOverrides);
+        } else {
+            m_emailOverrides.set(id, address);
+            changed.insert(Collection::emailOverrides);
+        }
+    }
+    for (const Collection collection : changed) // once each: a workbook may bring thousands
+        publish(collection);
+    for (const DepartmentInfo &department : analysis.departments) {
+        const auto sameCode = [&department](const DepartmentInfo &known) {
+            return known.code == department.code;
+        };
+        if (!m_departments.find(sameCode))
+            m_departments.append(department);
+    }
+    publish(Collection::departments);
+
+    ImportReport report;
+    report.title = analysis.prospects.empty() ? u"Aucun nouveau contact"_s : u"Import terminé"_s;
+    report.message = reportMessage(analysis);
+    return report;
+}
+
+} // namespace quenoria

@@ -1,0 +1,120 @@
+#include "import/worksheet_xml_parser.h"
+
+#include "import/import_error.h"
+
+#include <charconv>
+#include <cstring>
+#include <optional>
+
+using namespace Qt::StringLiterals;
+
+namespace quenoria {
+
+namespace {
+
+const QString impossibleColumn =
+    u"Le fichier Excel contient une cellule au-delà de la dernière colonne possible (XFD)."_s;
+
+/// Position in a table of the given size, written in base 10 with an optional sign.
+std::optional<std::size_t> tableIndex(std::string_view text, std::size_t size)
+{
+    if (text.starts_with('+') && !text.starts_with("+-"))
+        text.remove_prefix(1);
+    long long index = 0;
+    const char *end = text.data() + text.size();
+    const auto [last, error] = std::from_chars(text.data(), end, index);
+    if (error != std::errc() || last != end || index < 0 || std::size_t(index) >= size)
+        return std::nullopt;
+    return std::size_t(index);
+}
+
+} // namespace
+
+std::size_t columnIndex(std::string_view reference)
+{
+    constexpr std::size_t alphabet = 26;
+    std::size_t number = 0;
+    for (const char c : reference) {
+        if (c < 'A' || c > 'Z')
+            continue;
+        number = number * alphabet + std::size_t(c - 'A') + 1;
+        if (number > WorksheetRow::columnLimit)
+            return WorksheetRow::columnLimit;
+    }
+    return number == 0 ? 0 : number - 1;
+}
+
+void WorksheetXMLParser::parse(const ByteSource &source, const RowVisitor &visit)
+{
+    m_visit = visit;
+    parseXml(source, *this);
+}
+
+void WorksheetXMLParser::startElement(std::string_view name, const char **attributes)
+{
+    if (name == "c")
+        startCell(attributes);
+    else if (name == "v")
+        m_insideValue = true;
+    else if (name == "t")
+        m_insideInlineText = true;
+    else if (name == "row")
+        m_row.clear();
+}
+
+void WorksheetXMLParser::startCell(const char **attributes)
+{
+    const char *reference = "A1";
+    const char *type = "";
+    for (; *attributes; attributes += 2) {
+        if (std::strcmp(attributes[0], "r") == 0)
+            reference = attributes[1];
+        else if (std::strcmp(attributes[0], "t") == 0)
+            type = attributes[1];
+    }
+    m_cellColumn = columnIndex(reference);
+    m_cellType = type;
+    m_valueText.clear();
+    m_inlineText.clear();
+}
+
+void WorksheetXMLParser::characters(std::string_view text)
+{
+    if (m_insideValue)
+        m_valueText += text;
+    if (m_insideInlineText)
+        m_inlineText += text;
+}
+
+void WorksheetXMLParser::endElement(std::string_view name)
+{
+    if (name == "c") {
+        endCell();
+    } else if (name == "v") {
+        m_insideValue = false;
+    } else if (name == "t") {
+        m_insideInlineText = false;
+    } else if (name == "row") {
+        m_row.close();
+        m_visit(m_row);
+    }
+}
+
+void WorksheetXMLParser::endCell()
+{
+    const auto index = m_cellType == "s" ? tableIndex(m_valueText, m_sharedStrings.size())
+                                         : std::optional<std::size_t>();
+    const std::string_view text = index                       ? m_sharedStrings[*index]
+                                  : m_cellType == "inlineStr" ? m_inlineText
+                                                              : m_valueText;
+    if (text.empty())
+        return;
+    if (m_cellColumn >= WorksheetRow::columnLimit)
+        throw ReaderError(impossibleColumn);
+    if (index)
+        m_row.setShared(m_cellColumn, text);
+    else
+        m_row.setOwn(m_cellColumn, text);
+}
+
+} // namespace quenoria
