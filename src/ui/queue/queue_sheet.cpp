@@ -7,9 +7,9 @@
 #include "ui/queue/deliberate_button.h"
 #include "ui/queue/message_panel.h"
 #include "ui/queue/queue_options.h"
+#include "ui/queue/slim_progress_bar.h"
 
 #include <QLabel>
-#include <QProgressBar>
 #include <QShortcut>
 #include <QVBoxLayout>
 
@@ -55,8 +55,7 @@ QWidget *QueueSheet::makeProgress()
 {
     auto *progress = new QWidget;
     m_progressText = makeLabel({}, TextStyle::body, Tint::secondary);
-    m_progressBar = new QProgressBar;
-    m_progressBar->setTextVisible(false);
+    m_progressBar = new SlimProgressBar;
     auto *column = new QVBoxLayout(progress);
     column->setContentsMargins({});
     column->setSpacing(progressGap);

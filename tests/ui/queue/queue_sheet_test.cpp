@@ -1,0 +1,206 @@
+#include "support/fake_desktop.h"
+#include "ui/kit/switches.h"
+#include "ui/queue/batch_queue.h"
+#include "ui/queue/queue_sheet.h"
+
+#include <QApplication>
+#include <QLabel>
+#include <QMouseEvent>
+#include <QPointer>
+#include <QPushButton>
+#include <QSemaphore>
+
+#include <gtest/gtest.h>
+
+using namespace quenoria;
+using namespace quenoria::test;
+using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
+
+namespace {
+
+class QueueSheets : public testing::Test {
+protected:
+    QueueSheets()
+    {
+        desktop.workspace.mailApplication = u"com.apple.mail"_s;
+        desktop.resources.files[u"prospects.tsv"_s] = "b\t06 39 98 00 10\tb@example.org\n"
+                                                      "A\t06 39 98 00 11\ta@example.org\n"
+                                                      "c\t06 39 98 00 12\tc@example.org\n"
+                                                      "d\t06 39 98 00 13\n";
+        store = std::make_unique<ProspectStore>(desktop.platform());
+        for (const Prospect &prospect : store->allProspects()) {
+            store->setSelectedForSending(true, prospect);
+            store->setSelectedForEmailSending(true, prospect);
+        }
+    }
+
+    Prospect contact(int number) { return *store->prospect(u"06399800%1"_s.arg(10 + number)); }
+    std::size_t sent(int number) { return store->sendHistory(contact(number)).size(); }
+
+    template <typename View = BatchSendView>
+    void show()
+    {
+        sheet = new View(*store, switches, desktop.clock);
+        sheet->present();
+        QCoreApplication::processEvents();
+    }
+
+    bool shows(const QString &text) const
+    {
+        return std::ranges::any_of(sheet->findChildren<QLabel *>(), [&](const QLabel *label) {
+            return label->isVisible() && label->text() == text;
+        });
+    }
+
+    QPushButton *button(const QString &text) const
+    {
+        const auto buttons = sheet->findChildren<QPushButton *>();
+        const auto found = std::ranges::find(buttons, text, &QPushButton::text);
+        return found == buttons.end() ? nullptr : *found;
+    }
+
+    void press(const QString &text)
+    {
+        button(text)->click();
+        settle();
+    }
+
+    void enter(bool repeated)
+    {
+        QKeyEvent key(QEvent::KeyPress, Qt::Key_Return, {}, u"\r"_s, repeated);
+        QWidget *focused = sheet->focusWidget();
+        QCoreApplication::sendEvent(focused ? focused : sheet, &key);
+    }
+
+    FakeDesktop desktop;
+    std::unique_ptr<ProspectStore> store;
+    Switches switches{desktop.preferences};
+    QPointer<QueueSheet> sheet;
+    QSemaphore gate;
+};
+
+TEST_F(QueueSheets, WorkByHandInTheOrderOfTheLabels)
+{
+    store->setStopped(true, contact(3));
+    show();
+    EXPECT_TRUE(shows(u"A"_s) && shows(u"Contact 1 sur 3"_s) && shows(u"0/250 ce mois"_s));
+    EXPECT_FALSE(button(u"Envoyé, suivant"_s)->isEnabled());
+    desktop.workspace.accepts = false;
+    press(u"Préparer ce SMS"_s);
+    EXPECT_TRUE(shows(u"Messages n’a pas pu être ouvert."_s));
+    desktop.workspace.accepts = true;
+    press(u"Préparer ce SMS"_s);
+    press(u"Envoyé, suivant"_s);
+    EXPECT_TRUE(shows(u"b"_s) && shows(u"Contact 2 sur 3"_s) && shows(u"1/250 ce mois"_s));
+    press(u"Ignorer"_s);
+    press(u"Ignorer"_s);
+    EXPECT_FALSE(sheet) << "the last contact closes the sheet";
+    EXPECT_EQ(sent(1), 1U);
+    EXPECT_EQ(sent(0), 0U);
+    EXPECT_TRUE(store->sendSelection().empty());
+}
+
+TEST_F(QueueSheets, EmailsGoOneAfterTheOtherAndStopOnARefusal)
+{
+    switches.setAutoValidateEmail(true);
+    show<BatchEmailSendView>();
+    EXPECT_TRUE(shows(u"Contact 2 sur 3"_s)) << "a contact without an address is not queued";
+    EXPECT_EQ(desktop.clock.pending(), std::vector{800ms});
+    desktop.scripts.answer = [](const QString &) { return ScriptError{u"x"_s, {}}; };
+    desktop.clock.advance(800ms);
+    EXPECT_TRUE(shows(u"b"_s));
+    EXPECT_TRUE(store->emailStatus(contact(1)) && !store->emailStatus(contact(0)));
+    EXPECT_EQ(store->emailSendSelection().size(), 2U);
+    desktop.scripts.answer = [](const QString &) { return ScriptDone{}; };
+    press(u"Envoyer automatiquement"_s);
+    switches.setAutoValidateEmail(false);
+    desktop.clock.advance(800ms);
+    EXPECT_TRUE(shows(u"c"_s) && button(u"Préparer cet e-mail"_s)->isEnabled());
+    EXPECT_TRUE(button(u"Préparer cet e-mail"_s)->hasFocus());
+}
+
+TEST_F(QueueSheets, ASecondClickOrAHeldKeyNeverMeetsTheNextContact)
+{
+    show();
+    for (const QEvent::Type type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease,
+                                    QEvent::MouseButtonDblClick, QEvent::MouseButtonRelease}) {
+        QMouseEvent event(type, {5, 5}, {5, 5}, Qt::LeftButton, Qt::LeftButton, {});
+        QCoreApplication::sendEvent(button(u"Ignorer"_s), &event);
+    }
+    EXPECT_TRUE(shows(u"Contact 2 sur 4"_s));
+    button(u"Préparer ce SMS"_s)->setFocus();
+    for (const bool repeated : {false, true, true})
+        enter(repeated);
+    EXPECT_EQ(desktop.workspace.opened.size(), 1);
+    EXPECT_EQ(sent(0), 0U);
+    enter(false);
+    enter(true);
+    EXPECT_EQ(sent(0), 1U);
+    EXPECT_EQ(desktop.workspace.opened.size(), 1);
+}
+
+TEST_F(QueueSheets, ClosedWhileWaitingSendsNothingMore)
+{
+    switches.setAutoValidateSMS(true);
+    show();
+    settle();
+    desktop.clock.advance(800ms);
+    ASSERT_EQ(desktop.clock.pending(), std::vector{10200ms});
+    sheet->close();
+    desktop.clock.advance(0ms);
+    EXPECT_FALSE(sheet || BatchQueue::sending(*store) || store->automaticSMSBusy());
+    EXPECT_EQ(desktop.scripts.sources.size(), 1);
+    EXPECT_EQ(store->sendSelection().size(), 3U);
+}
+
+TEST_F(QueueSheets, ClosedDuringASendStillRecordsItAndQueuesItNowhereElse)
+{
+    switches.setAutoValidateSMS(true);
+    desktop.scripts.answer = [this](const QString &) {
+        gate.acquire();
+        return ScriptDone{};
+    };
+    show();
+    BatchQueue *queue = BatchQueue::sending(*store);
+    ASSERT_TRUE(queue);
+    delete sheet;
+    switches.setAutoValidateSMS(false);
+    show();
+    EXPECT_TRUE(shows(u"b"_s) && shows(u"Contact 1 sur 3"_s));
+    bool recordedAtIdle = false;
+    QObject::connect(queue, &BatchQueue::idle, [&] { recordedAtIdle = sent(1) == 1; });
+    gate.release();
+    settle();
+    EXPECT_TRUE(recordedAtIdle);
+    EXPECT_FALSE(BatchQueue::sending(*store));
+    EXPECT_EQ(desktop.scripts.sources.size(), 1);
+    delete sheet;
+    settle();
+}
+
+TEST_F(QueueSheets, AContactDeletedInItsTurnIsCountedIfItsMessageWent)
+{
+    const Prospect first = contact(1);
+    switches.setAutoValidateSMS(true);
+    desktop.scripts.answer = [this](const QString &) {
+        gate.acquire();
+        return ScriptDone{};
+    };
+    show();
+    store->deleteProspects({first.id});
+    gate.release();
+    settle();
+    EXPECT_EQ(store->smsRecipientsSentThisMonth(), 1);
+    EXPECT_EQ(store->sendHistory(first).size(), 1U);
+    desktop.clock.advance(800ms);
+    store->deleteProspects({contact(0).id});
+    desktop.clock.advance(0ms);
+    EXPECT_TRUE(shows(u"Sélection terminée"_s));
+    EXPECT_FALSE(shows(u"L’envoi a été abandonné avant d’être remis à Messages."_s));
+    EXPECT_EQ(desktop.scripts.sources.size(), 1) << "deleted before its turn: nothing goes";
+    sheet->close();
+    settle();
+}
+
+} // namespace

@@ -1,0 +1,93 @@
+#include "ui/queue/queue_state.h"
+
+#include <gtest/gtest.h>
+
+using namespace quenoria;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+using enum QueueState::Phase;
+using enum QueueAction;
+
+const QStringList both{u"a"_s, u"b"_s};
+const Refusal panne = u"panne"_s;
+const Circumstances byHand{false, true};
+const Circumstances automatic{true, true};
+const Circumstances deleted{true, false};
+
+/// A queue of two contacts, of which so many are done.
+QueueState at(QueueState::Phase phase, int done = 0, const Refusal &error = {})
+{
+    return {both.mid(done), done, 2, phase, error};
+}
+
+struct Row {
+    const char *name;
+    QueueState before;
+    QueueEvent event;
+    Circumstances circumstances;
+    Step after;
+};
+
+void PrintTo(const Row &row, std::ostream *out) { *out << row.name; }
+
+const Row rows[] = {
+    {"Shown", {}, Opened{both}, byHand, {at(waiting)}},
+    {"ShownSwitchedOn", {}, Opened{both}, automatic, {at(running), startRun}},
+    {"ShownEmptyStartsNothing", {}, Opened{}, automatic, {}},
+
+    {"Prepare", at(waiting), PrimaryPressed{}, byHand, {at(waiting), prepare}},
+    {"PrepareAgain", at(prepared), PrimaryPressed{}, byHand, {at(prepared), prepare}},
+    {"PrimaryStartsARun", at(prepared), PrimaryPressed{}, automatic, {at(running), startRun}},
+    {"PrimaryDuringARun", at(running), PrimaryPressed{}, automatic, {at(running)}},
+    {"PrimaryWhileARunStops", at(running), PrimaryPressed{}, byHand, {at(running)}},
+    {"Refusal", at(prepared), PrepareAnswered{panne}, byHand, {at(waiting, 0, panne)}},
+    {"Prepared", at(waiting, 1, panne), PrepareAnswered{}, byHand, {at(prepared, 1)}},
+    {"PreparedOnceClosed", at(closed), PrepareAnswered{}, byHand, {at(closed)}},
+
+    {"Confirm", at(prepared), Confirmed{}, byHand, {at(waiting, 1), record}},
+    {"ConfirmTheLast", at(prepared, 1), Confirmed{}, byHand, {at(closed, 2), record}},
+    {"ConfirmTwiceRecordsOnce", at(waiting, 1), Confirmed{}, byHand, {at(waiting, 1)}},
+    {"ConfirmDuringARun", at(running), Confirmed{}, automatic, {at(running)}},
+    {"ConfirmADeletedContact", at(prepared), Confirmed{}, deleted, {at(waiting, 1)}},
+    {"Skip", at(waiting, 0, panne), Skipped{}, byHand, {at(waiting, 1), deselect}},
+    {"SkipTheLast", at(prepared, 1), Skipped{}, byHand, {at(closed, 2), deselect}},
+    {"SkipDuringARun", at(running), Skipped{}, automatic, {at(running)}},
+
+    {"SwitchedOn", at(waiting, 1, panne), SwitchedOn{}, automatic, {at(running, 1), startRun}},
+    {"SwitchedOffAndOnDuringARun", at(running), SwitchedOn{}, automatic, {at(running)}},
+    {"SwitchedOnWithNothingLeft", at(waiting, 2), SwitchedOn{}, automatic, {at(waiting, 2)}},
+    {"SwitchedOnOnceClosed", at(leaving), SwitchedOn{}, automatic, {at(leaving)}},
+
+    {"Turn", at(running), TurnReached{}, automatic, {at(running), send}},
+    {"TurnSwitchedOff", at(running), TurnReached{}, byHand, {at(waiting)}},
+    {"TurnOfADeletedContact", at(running), TurnReached{}, deleted, {at(waiting)}},
+    {"TurnOnceClosedSendsNothing", at(leaving), TurnReached{}, automatic, {at(closed)}},
+    {"Sent", at(running), SendAnswered{}, automatic, {at(running, 1), record}},
+    {"SentTheLast", at(running, 1), SendAnswered{}, automatic, {at(closed, 2), record}},
+    {"SentThoughDeleted", at(running), SendAnswered{}, deleted, {at(running, 1), record}},
+    {"SentOnceClosed", at(leaving), SendAnswered{}, automatic, {at(closed, 1), record}},
+    {"Refused", at(running), SendAnswered{panne}, automatic, {at(waiting, 0, panne)}},
+    {"RefusedForADeletedContact", at(running), SendAnswered{panne}, deleted, {at(waiting)}},
+
+    {"Close", at(prepared), Closed{}, byHand, {at(closed)}},
+    {"CloseDuringARun", at(running), Closed{}, automatic, {at(leaving)}},
+    {"CloseTwice", at(leaving), Closed{}, automatic, {at(leaving)}},
+};
+
+class QueueRules : public testing::TestWithParam<Row> {};
+
+TEST_P(QueueRules, GiveStateAndAction)
+{
+    const Row &row = GetParam();
+    const Step step = next(row.before, row.event, row.circumstances);
+    EXPECT_EQ(step.action, row.after.action);
+    EXPECT_EQ(step.state.phase, row.after.state.phase);
+    EXPECT_TRUE(step.state == row.after.state);
+}
+
+INSTANTIATE_TEST_SUITE_P(All, QueueRules, testing::ValuesIn(rows),
+                         [](const auto &test) { return test.param.name; });
+
+} // namespace
