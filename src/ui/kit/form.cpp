@@ -2,6 +2,9 @@
 
 #include <QFormLayout>
 #include <QLineEdit>
+#include <QPushButton>
+
+#include <algorithm>
 
 namespace quenoria {
 
@@ -39,6 +42,17 @@ QLineEdit *makeField(const QString &placeholder)
     field->setPlaceholderText(placeholder);
     field->setAccessibleName(placeholder);
     return field;
+}
+
+void enableWhenFilled(QPushButton *button, const QList<QLineEdit *> &fields)
+{
+    const auto isFilled = [](const QLineEdit *field) { return !field->text().trimmed().isEmpty(); };
+    const auto enable = [button, fields, isFilled] {
+        button->setEnabled(std::ranges::all_of(fields, isFilled));
+    };
+    for (const QLineEdit *field : fields)
+        QObject::connect(field, &QLineEdit::textChanged, button, enable);
+    enable();
 }
 
 } // namespace quenoria

@@ -1,9 +1,11 @@
 #pragma once
 
 #include <QFrame>
+#include <QList>
 
 class QFormLayout;
 class QLineEdit;
+class QPushButton;
 
 namespace quenoria {
 
@@ -24,5 +26,8 @@ private:
 
 /// A single-line field whose placeholder is also its accessible name.
 [[nodiscard]] QLineEdit *makeField(const QString &placeholder);
+
+/// Keeps the button disabled while one of the fields is blank.
+void enableWhenFilled(QPushButton *button, const QList<QLineEdit *> &fields);
 
 } // namespace quenoria

@@ -10,6 +10,10 @@ QFont styledFont(TextStyle style)
     QFont font = QApplication::font();
     const qreal size = font.pointSizeF();
     switch (style) {
+    case TextStyle::largeTitle:
+        font.setPointSizeF(size * 2.2);
+        font.setWeight(QFont::Bold);
+        break;
     case TextStyle::title:
         font.setPointSizeF(size * 1.5);
         font.setWeight(QFont::Bold);

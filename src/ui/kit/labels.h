@@ -7,8 +7,8 @@ class QLabel;
 
 namespace quenoria {
 
-/// The four sizes of text in the product.
-enum class TextStyle { title, headline, body, footnote };
+/// The sizes of text in the product.
+enum class TextStyle { largeTitle, title, headline, body, footnote };
 
 [[nodiscard]] QFont styledFont(TextStyle style);
 

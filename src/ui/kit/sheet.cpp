@@ -47,6 +47,11 @@ void Sheet::addHeader(const QString &title, const QString &note)
     m_column->addLayout(row);
 }
 
+void Sheet::addTitle(const QString &title)
+{
+    m_column->addWidget(makeLabel(title, TextStyle::title));
+}
+
 QPushButton *Sheet::addConfirmRow(const QString &confirm)
 {
     auto *cancel = new QPushButton(u"Annuler"_s);

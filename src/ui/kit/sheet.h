@@ -27,6 +27,9 @@ protected:
     /// Title in bold with a note under it (none when empty) and "Fermer" at the right.
     void addHeader(const QString &title, const QString &note = {});
 
+    /// Title in bold alone, for a sheet that ends in "Annuler" and its confirmation.
+    void addTitle(const QString &title);
+
     /// Row aligned right: "Annuler", which rejects, and the prominent default button, returned.
     QPushButton *addConfirmRow(const QString &confirm);
 

@@ -1,6 +1,7 @@
 #include "ui/kit/text_boxes.h"
 
 #include <QEvent>
+#include <QSignalBlocker>
 
 namespace quenoria {
 
@@ -42,6 +43,22 @@ void PreviewBox::takeFaintBackground()
 TextBox::TextBox(const QString &accessibleName, QWidget *parent) : QPlainTextEdit(parent)
 {
     furnish(this, accessibleName);
+}
+
+QString TextBox::text() const
+{
+    QString text = document()->toRawText();
+    text.replace(QChar::ParagraphSeparator, u'\n');
+    text.replace(QChar::LineSeparator, u'\n');
+    return text;
+}
+
+void TextBox::setText(const QString &text)
+{
+    if (text == this->text())
+        return;
+    const QSignalBlocker silence(this);
+    setPlainText(text);
 }
 
 } // namespace quenoria

@@ -24,6 +24,13 @@ class TextBox : public QPlainTextEdit {
 
 public:
     explicit TextBox(const QString &accessibleName, QWidget *parent = nullptr);
+
+    /// The text to the character: toPlainText() would turn no-break spaces into plain ones, which
+    /// French puts before "!" and "?".
+    QString text() const;
+
+    /// Shows a text without announcing it as a change; leaves the cursor alone if it is the same.
+    void setText(const QString &text);
 };
 
 } // namespace quenoria

@@ -13,6 +13,12 @@ class AboutView : public Sheet {
 
 public:
     explicit AboutView(QWidget *parent);
+
+private:
+    void addEmblem();
+    void addCompatibility();
+    void addPrivacy();
+    void addFooter();
 };
 
 } // namespace quenoria

@@ -1,10 +1,12 @@
 #pragma once
 
 #include "ui/kit/sheet.h"
+#include "ui/sheets/contact_fields.h"
 
 namespace quenoria {
 
-class ProspectStore;
+class ContactForm;
+class StatusLabel;
 
 /// Types a new contact in.
 class AddProspectView : public Sheet {
@@ -12,6 +14,15 @@ class AddProspectView : public Sheet {
 
 public:
     AddProspectView(ProspectStore &store, QWidget *parent);
+
+private:
+    void createDepartment();
+    void add();
+
+    ProspectStore &m_store;
+    ContactFields m_fields = newContactFields();
+    ContactForm *m_form;
+    StatusLabel *m_error;
 };
 
 } // namespace quenoria

@@ -1,11 +1,11 @@
 #pragma once
 
 #include "ui/kit/sheet.h"
+#include "ui/sheets/contact_fields.h"
 
 namespace quenoria {
 
-class ProspectStore;
-struct Prospect;
+class StatusLabel;
 
 /// Changes one contact; its histories stay.
 class EditProspectView : public Sheet {
@@ -13,6 +13,14 @@ class EditProspectView : public Sheet {
 
 public:
     EditProspectView(ProspectStore &store, const Prospect &prospect, QWidget *parent);
+
+private:
+    void save();
+
+    ProspectStore &m_store;
+    Prospect m_prospect;
+    ContactFields m_fields;
+    StatusLabel *m_error;
 };
 
 } // namespace quenoria

@@ -2,9 +2,12 @@
 
 #include "ui/kit/sheet.h"
 
+class QLineEdit;
+
 namespace quenoria {
 
 class ProspectStore;
+class StatusLabel;
 
 /// Creates a department from inside a contact form.
 class NewDepartmentView : public Sheet {
@@ -16,6 +19,14 @@ public:
 Q_SIGNALS:
     /// The department exists now; the form that opened the sheet selects it.
     void created(const QString &code);
+
+private:
+    void create();
+
+    ProspectStore &m_store;
+    QLineEdit *m_code;
+    QLineEdit *m_name;
+    StatusLabel *m_error;
 };
 
 } // namespace quenoria

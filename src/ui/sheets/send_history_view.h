@@ -3,11 +3,12 @@
 #include "model/records.h"
 #include "ui/kit/sheet.h"
 
-class QTimeZone;
+#include <QTimeZone>
 
 namespace quenoria {
 
 class ProspectStore;
+struct HistoryRow;
 
 /// Lists the confirmed SMS of one contact, newest first.
 class SendHistoryView : public Sheet {
@@ -16,6 +17,16 @@ class SendHistoryView : public Sheet {
 public:
     SendHistoryView(ProspectStore &store, const QTimeZone &zone, const Prospect &prospect,
                     QWidget *parent);
+
+private:
+    void refresh();
+    QWidget *makeContent() const;
+    QWidget *makeList(const std::vector<HistoryRow> &rows) const;
+
+    ProspectStore &m_store;
+    QTimeZone m_zone;
+    Prospect m_prospect;
+    QWidget *m_content = nullptr;
 };
 
 } // namespace quenoria

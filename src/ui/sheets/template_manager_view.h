@@ -1,25 +1,59 @@
 #pragma once
 
 #include "ui/kit/sheet.h"
+#include "ui/sheets/template_editor.h"
+
+class QLabel;
+class QLineEdit;
 
 namespace quenoria {
 
-class ProspectStore;
+class StatusLabel;
+class TextBox;
 
-/// Creates, edits and deletes the message templates.
-class MessageManagerView : public Sheet {
+/// Creates, edits and deletes the templates of one channel.
+class TemplateManagerView : public Sheet {
     Q_OBJECT
 
-public:
-    MessageManagerView(ProspectStore &store, QWidget *parent);
+protected:
+    TemplateManagerView(ProspectStore &store, const TemplateChannel &channel, QWidget *parent);
+
+private:
+    void addSelectionRow();
+    void addFields();
+    void addBottomRow();
+    void refresh();
+    void refreshCounter();
+
+    const TemplateChannel &m_channel;
+    TemplateEditor m_editor;
+    ChoicePicker *m_picker;
+    QPushButton *m_remove;
+    QLineEdit *m_title;
+    QLineEdit *m_subject;
+    TextBox *m_body;
+    QLabel *m_counter;
+    StatusLabel *m_message;
 };
 
-/// Creates, edits and deletes the e-mail templates.
-class EmailMessageManagerView : public Sheet {
+class MessageManagerView : public TemplateManagerView {
     Q_OBJECT
 
 public:
-    EmailMessageManagerView(ProspectStore &store, QWidget *parent);
+    MessageManagerView(ProspectStore &store, QWidget *parent)
+        : TemplateManagerView(store, smsTemplateChannel(), parent)
+    {
+    }
+};
+
+class EmailMessageManagerView : public TemplateManagerView {
+    Q_OBJECT
+
+public:
+    EmailMessageManagerView(ProspectStore &store, QWidget *parent)
+        : TemplateManagerView(store, emailTemplateChannel(), parent)
+    {
+    }
 };
 
 } // namespace quenoria

@@ -2,16 +2,35 @@
 
 #include "ui/kit/sheet.h"
 
+class QLineEdit;
+
 namespace quenoria {
 
+class ChoicePicker;
+class PreviewBox;
 class ProspectStore;
+class StatusLabel;
 
-/// Tries a message template on the user’s own number.
+/// Tries a message template on the user's own number.
 class TestMessageView : public Sheet {
     Q_OBJECT
 
 public:
     TestMessageView(ProspectStore &store, QWidget *parent);
+
+private:
+    void addNumber();
+    void addPreview();
+    void addBottomRow();
+    void refresh();
+    void prepare();
+
+    ProspectStore &m_store;
+    QString m_selectedID;
+    ChoicePicker *m_picker;
+    QLineEdit *m_number;
+    PreviewBox *m_preview;
+    StatusLabel *m_error;
 };
 
 } // namespace quenoria

@@ -1,0 +1,24 @@
+#include "ui/sheets/choice_picker.h"
+
+namespace quenoria {
+
+ChoicePicker::ChoicePicker(const QString &accessibleName, QWidget *parent) : QComboBox(parent)
+{
+    setAccessibleName(accessibleName);
+    setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    connect(this, &QComboBox::activated, this,
+            [this](int row) { Q_EMIT picked(itemData(row).toString()); });
+}
+
+void ChoicePicker::setChoices(const std::vector<Choice> &choices, const QString &selected,
+                              LastRow last)
+{
+    clear();
+    for (const Choice &choice : choices)
+        addItem(choice.text, choice.id);
+    if (last == LastRow::setApart)
+        insertSeparator(count() - 1);
+    setCurrentIndex(findData(selected));
+}
+
+} // namespace quenoria

@@ -1,0 +1,37 @@
+#include "ui/sheets/history_rows.h"
+
+#include "model/text_order.h"
+
+#include <QLocale>
+
+using namespace Qt::StringLiterals;
+
+namespace quenoria {
+
+namespace {
+
+QString shownDate(Instant instant, const QTimeZone &zone)
+{
+    const QDateTime local =
+        QDateTime::fromMSecsSinceEpoch(instant.time_since_epoch().count(), zone);
+    const QLocale locale = displayLocale();
+    const QString time = locale.toString(local.time(), QLocale::ShortFormat);
+    return u"%1 à %2"_s.arg(locale.toString(local.date(), u"d MMMM yyyy"_s), time);
+}
+
+} // namespace
+
+std::vector<HistoryRow> historyRows(const ProspectStore &store, const Prospect &prospect,
+                                    const QTimeZone &zone)
+{
+    std::vector<Instant> history = store.sendHistory(prospect);
+    std::ranges::stable_sort(history, std::greater());
+    std::vector<HistoryRow> rows;
+    for (const Instant instant : history) {
+        rows.push_back(
+            {rows.empty() ? u"Dernier envoi"_s : u"Envoi précédent"_s, shownDate(instant, zone)});
+    }
+    return rows;
+}
+
+} // namespace quenoria

@@ -1,0 +1,71 @@
+#include "ui/sheets/template_editor.h"
+
+namespace quenoria {
+
+namespace {
+
+TemplateDraft trimmed(const TemplateDraft &draft)
+{
+    return {draft.title.trimmed(), draft.subject.trimmed(), draft.body.trimmed()};
+}
+
+} // namespace
+
+TemplateEditor::TemplateEditor(ProspectStore &store, const TemplateChannel &channel)
+    : m_store(store), m_channel(channel)
+{
+    select(channel.defaultID);
+}
+
+std::vector<Choice> TemplateEditor::choices() const
+{
+    std::vector<Choice> choices;
+    for (const EmailTemplate &entry : m_channel.all(m_store))
+        choices.push_back({entry.id, entry.title});
+    choices.push_back({m_channel.newID, m_channel.newEntry});
+    return choices;
+}
+
+bool TemplateEditor::canRemove() const
+{
+    return m_selectedID != m_channel.defaultID && m_selectedID != m_channel.newID;
+}
+
+void TemplateEditor::select(const QString &id)
+{
+    m_selectedID = id;
+    m_message.clear();
+    draft = {};
+    const std::vector<EmailTemplate> templates = m_channel.all(m_store);
+    const auto found = std::ranges::find(templates, id, &EmailTemplate::id);
+    if (found != templates.end())
+        draft = {found->title, found->subject, found->body};
+    else if (canRemove())
+        select(m_channel.defaultID);
+}
+
+void TemplateEditor::removeSelected()
+{
+    m_channel.remove(m_store, m_selectedID);
+    select(m_channel.defaultID);
+}
+
+void TemplateEditor::save()
+{
+    const TemplateDraft texts = trimmed(draft);
+    if (const Refusal refusal = m_channel.check(texts))
+        return say(*refusal, Tint::negative);
+    if (m_selectedID == m_channel.newID)
+        select(m_channel.create(m_store, texts));
+    else
+        m_channel.update(m_store, m_selectedID, texts);
+    say(m_channel.saved, m_channel.savedTint);
+}
+
+void TemplateEditor::say(const QString &message, Tint tint)
+{
+    m_message = message;
+    m_messageTint = tint;
+}
+
+} // namespace quenoria

@@ -1,0 +1,38 @@
+#pragma once
+
+#include "ui/sheets/choice_picker.h"
+#include "ui/sheets/template_channel.h"
+
+namespace quenoria {
+
+/// State of a template manager: which template is shown, what is typed, what came of the last
+/// command. The draft belongs to the user until another template is selected.
+class TemplateEditor {
+public:
+    TemplateEditor(ProspectStore &store, const TemplateChannel &channel);
+
+    TemplateDraft draft;
+
+    std::vector<Choice> choices() const; ///< the templates in store order, then the new one
+    const QString &selectedID() const { return m_selectedID; }
+    bool canRemove() const;
+    const QString &message() const { return m_message; }
+    Tint messageTint() const { return m_messageTint; }
+
+    /// Loads the template's texts; one that is gone gives the default template.
+    void select(const QString &id);
+    void startNew() { select(m_channel.newID); }
+    void removeSelected();
+    void save();
+
+private:
+    void say(const QString &message, Tint tint);
+
+    ProspectStore &m_store;
+    const TemplateChannel &m_channel;
+    QString m_selectedID;
+    QString m_message;
+    Tint m_messageTint = Tint::negative;
+};
+
+} // namespace quenoria

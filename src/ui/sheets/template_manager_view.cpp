@@ -1,0 +1,141 @@
+#include "ui/sheets/template_manager_view.h"
+
+#include "model/contact_rules.h"
+#include "ui/kit/form.h"
+#include "ui/kit/labels.h"
+#include "ui/kit/status_label.h"
+#include "ui/kit/symbol.h"
+#include "ui/kit/text_boxes.h"
+
+#include <QBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QShortcut>
+
+using namespace Qt::StringLiterals;
+
+namespace quenoria {
+
+namespace {
+
+/// Leaves the cursor where it is when the text is already there.
+void showText(QLineEdit *field, const QString &text)
+{
+    if (field->text() != text)
+        field->setText(text);
+}
+
+} // namespace
+
+TemplateManagerView::TemplateManagerView(ProspectStore &store, const TemplateChannel &channel,
+                                         QWidget *parent)
+    : Sheet(channel.heading, channel.size, parent), m_channel(channel), m_editor(store, channel),
+      m_picker(new ChoicePicker(u"Modèle"_s)),
+      m_remove(new QPushButton(symbol(u"trash"_s, Tint::negative), u"Supprimer"_s)),
+      m_title(makeField(channel.titleField)), m_subject(makeField(channel.subjectField)),
+      m_body(new TextBox(channel.bodyLabel)), m_counter(new QLabel), m_message(new StatusLabel)
+{
+    addHeader(channel.heading, channel.note);
+    addSelectionRow();
+    addFields();
+    addBottomRow();
+    refresh();
+    m_title->setFocus();
+    connect(&store, &ProspectStore::published, this, [this](Collection collection) {
+        if (collection == m_channel.collection)
+            refresh();
+    });
+}
+
+void TemplateManagerView::addSelectionRow()
+{
+    auto *add = new QPushButton(symbol(u"plus"_s), u"Nouveau"_s);
+    makeDestructive(m_remove);
+    auto *caption = new QLabel(u"Modèle"_s);
+    caption->setBuddy(m_picker);
+    auto *row = new QHBoxLayout;
+    row->addWidget(caption);
+    row->addWidget(m_picker, 1);
+    row->addWidget(add);
+    row->addWidget(m_remove);
+    column()->addLayout(row);
+    connect(m_picker, &ChoicePicker::picked, this, [this](const QString &id) {
+        m_editor.select(id);
+        refresh();
+    });
+    connect(add, &QPushButton::clicked, this, [this] {
+        m_editor.startNew();
+        refresh();
+        m_title->setFocus();
+    });
+    connect(m_remove, &QPushButton::clicked, this, [this] {
+        m_editor.removeSelected();
+        refresh();
+    });
+}
+
+void TemplateManagerView::addFields()
+{
+    column()->addWidget(m_title);
+    column()->addWidget(m_subject);
+    m_subject->setVisible(!m_channel.subjectField.isEmpty());
+    auto *body = new QVBoxLayout;
+    body->setSpacing(8);
+    body->addWidget(makeLabel(m_channel.bodyLabel, TextStyle::headline));
+    body->addWidget(m_body, 1);
+    column()->addLayout(body, 1);
+    connect(m_title, &QLineEdit::textChanged, this,
+            [this](const QString &text) { m_editor.draft.title = text; });
+    connect(m_subject, &QLineEdit::textChanged, this,
+            [this](const QString &text) { m_editor.draft.subject = text; });
+    connect(m_body, &TextBox::textChanged, this, [this] {
+        m_editor.draft.body = m_body->text();
+        refreshCounter();
+    });
+}
+
+void TemplateManagerView::addBottomRow()
+{
+    auto *save = new QPushButton(m_channel.saveButton);
+    makeProminent(save);
+    save->setDefault(true);
+    save->setToolTip(u"Ctrl+Entrée"_s);
+    m_counter->setForegroundRole(tintRole(Tint::secondary));
+    m_counter->setVisible(m_channel.countsCharacters);
+    auto *row = new QHBoxLayout;
+    row->setSpacing(16);
+    row->addWidget(m_counter);
+    row->addWidget(m_message, 1);
+    row->addStretch();
+    row->addWidget(save);
+    column()->addLayout(row);
+    connect(save, &QPushButton::clicked, this, [this] {
+        m_editor.save();
+        refresh();
+    });
+    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter}) {
+        auto *shortcut = new QShortcut(Qt::CTRL | key, this);
+        connect(shortcut, &QShortcut::activated, save, &QPushButton::click);
+    }
+}
+
+void TemplateManagerView::refresh()
+{
+    m_picker->setChoices(m_editor.choices(), m_editor.selectedID(),
+                         ChoicePicker::LastRow::setApart);
+    m_remove->setEnabled(m_editor.canRemove());
+    const TemplateDraft draft = m_editor.draft; // the fields write back what they are shown
+    showText(m_title, draft.title);
+    showText(m_subject, draft.subject);
+    m_body->setText(draft.body);
+    refreshCounter();
+    m_message->setStatus(m_editor.message(), m_editor.messageTint());
+}
+
+void TemplateManagerView::refreshCounter()
+{
+    m_counter->setText(u"%1 caractères"_s.arg(characterCount(m_editor.draft.body)));
+}
+
+} // namespace quenoria
