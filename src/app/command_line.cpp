@@ -1,0 +1,61 @@
+#include "app/command_line.h"
+
+#include <QCommandLineParser>
+#include <QCoreApplication>
+
+using namespace Qt::StringLiterals;
+
+namespace quenoria {
+
+namespace {
+
+constexpr int misuse = 2;
+
+Answer refuse(const QString &reason)
+{
+    return {reason + u"\nEssayez « quenoria --help ».\n"_s, misuse};
+}
+
+std::optional<QString> valueOf(const QCommandLineParser &parser, const QCommandLineOption &option)
+{
+    return parser.isSet(option) ? std::optional(parser.value(option)) : std::nullopt;
+}
+
+} // namespace
+
+std::variant<StartOptions, Answer> parseCommandLine(const QStringList &arguments)
+{
+    const QCommandLineOption demo(u"demo"_s, u"Contacts fictifs ; rien ne quitte l’ordinateur."_s);
+    const QCommandLineOption data(u"data-dir"_s, u"Dossier de données à utiliser."_s, u"DOSSIER"_s);
+    const QCommandLineOption tour(
+        u"tour"_s, u"Avec --demo : visite guidée, images dans ce dossier."_s, u"DOSSIER"_s);
+    const QCommandLineOption appearance(
+        u"appearance"_s, u"light, dark ou auto (celle du bureau)."_s, u"APPARENCE"_s, u"auto"_s);
+    QCommandLineParser parser;
+    parser.setApplicationDescription(
+        u"Suivi de prospects et files d’envoi SMS et e-mail, sans intermédiaire."_s);
+    const QCommandLineOption help = parser.addHelpOption();
+    const QCommandLineOption version = parser.addVersionOption();
+    parser.addOptions({demo, data, tour, appearance});
+
+    if (!parser.parse(arguments))
+        return refuse(parser.errorText());
+    if (parser.isSet(help))
+        return Answer{parser.helpText()};
+    if (parser.isSet(version))
+        return Answer{u"Quenoria %1\n"_s.arg(QCoreApplication::applicationVersion())};
+    if (!parser.positionalArguments().isEmpty())
+        return refuse(u"Argument inattendu : %1"_s.arg(parser.positionalArguments().first()));
+    if (parser.isSet(tour) && !parser.isSet(demo))
+        return refuse(u"La visite guidée n’existe qu’en démonstration : ajoutez --demo."_s);
+    const QString look = parser.value(appearance);
+    if (look != u"auto"_s && look != u"light"_s && look != u"dark"_s)
+        return refuse(u"Apparence inconnue : %1"_s.arg(look));
+
+    StartOptions options{parser.isSet(demo), valueOf(parser, data), valueOf(parser, tour), {}};
+    if (look != u"auto"_s)
+        options.darkAppearance = look == u"dark"_s;
+    return options;
+}
+
+} // namespace quenoria

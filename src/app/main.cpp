@@ -1,0 +1,123 @@
+#include "app/appearance.h"
+#include "app/command_line.h"
+#include "app/olvak_sms_manual_app.h"
+#include "model/text_order.h"
+#include "platform/demo/demo_desktop.h"
+#include "platform/linux/linux_desktop.h"
+#include "platform/qt/main_window.h"
+#include "platform/qt/single_instance.h"
+#include "resources/resources.h"
+#include "tour/tour.h"
+#include "ui/sheets/about_view.h"
+#include "ui/window/content_view.h"
+
+#include <QApplication>
+#include <QLibraryInfo>
+#include <QTranslator>
+
+#include <iostream>
+
+using namespace Qt::StringLiterals;
+using namespace quenoria;
+
+namespace {
+
+void nameApplication()
+{
+    QCoreApplication::setOrganizationName(u"Quenoria"_s);
+    QCoreApplication::setApplicationName(u"Quenoria"_s);
+    QCoreApplication::setApplicationVersion(QStringLiteral(QUENORIA_VERSION));
+}
+
+/// The toolkit's own texts: buttons of dialogs, file panels, help.
+void speakFrench(QTranslator &translator)
+{
+    const QString folder = QLibraryInfo::path(QLibraryInfo::TranslationsPath);
+    if (translator.load(u"qtbase_fr"_s, folder))
+        QCoreApplication::installTranslator(&translator);
+}
+
+std::variant<StartOptions, Answer> readCommandLine(int argc, char **argv)
+{
+    const QCoreApplication application(argc, argv);
+    QTranslator translator;
+    speakFrench(translator);
+    return parseCommandLine(QCoreApplication::arguments());
+}
+
+int print(const Answer &answer)
+{
+    (answer.status == 0 ? std::cout : std::cerr) << answer.text.toStdString() << std::flush;
+    return answer.status;
+}
+
+bool hasDisplay()
+{
+    for (const char *name : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"}) {
+        if (!qEnvironmentVariableIsEmpty(name))
+            return true;
+    }
+    return false;
+}
+
+std::unique_ptr<Desktop> makeDesktop(const StartOptions &options)
+{
+    if (options.tourFolder && !options.dataFolder)
+        return std::make_unique<DemoDesktop>(Tour::freshDataFolder(*options.tourFolder));
+    if (options.demonstration)
+        return std::make_unique<DemoDesktop>(
+            options.dataFolder.value_or(DemoDesktop::standardFolder()));
+    return std::make_unique<LinuxDesktop>(
+        options.dataFolder.value_or(LinuxDesktop::standardDataFolder()));
+}
+
+int run(const StartOptions &options)
+{
+    const std::unique_ptr<Desktop> desktop = makeDesktop(options);
+    OlvakSMSManualApp application(*desktop);
+    const QString folder = application.platform().folders.data();
+    SingleInstance instance(folder, bringMainWindowToFront);
+    if (!instance.own()) {
+        std::cerr << "Quenoria est déjà ouvert avec ce dossier de données : sa fenêtre passe au "
+                     "premier plan.\n";
+        return 0;
+    }
+    const AppearanceKeeper appearance(options.darkAppearance);
+    ContentView window(application.store(), application.switches(), application.platform());
+    if (options.demonstration)
+        window.showBanner(u"Démonstration : contacts fictifs, rien ne quitte cet ordinateur. Les "
+                          "messages sont classés dans « %1 »."_s.arg(
+                              static_cast<DemoDesktop &>(*desktop).outboxFolder()));
+    window.show();
+    if (options.tourFolder)
+        return Tour(window, application.store(), application.switches(), *options.tourFolder).run();
+    if (options.demonstration)
+        window.welcome();
+    return QApplication::exec();
+}
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    nameApplication();
+    const auto parsed = readCommandLine(argc, argv);
+    if (const auto *answer = std::get_if<Answer>(&parsed))
+        return print(*answer);
+    const StartOptions &options = std::get<StartOptions>(parsed);
+    if (!hasDisplay()) {
+        if (!options.tourFolder)
+            return print({u"Aucun écran n’est disponible. Essayez « quenoria --demo --tour "
+                          "DOSSIER ».\n"_s,
+                          1});
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    }
+    QGuiApplication::setDesktopFileName(u"com.example.Quenoria"_s);
+    QApplication application(argc, argv);
+    application.setProperty(buildNumberProperty, QStringLiteral(QUENORIA_BUILD));
+    QLocale::setDefault(displayLocale());
+    QTranslator translator;
+    speakFrench(translator);
+    initResources();
+    return run(options);
+}

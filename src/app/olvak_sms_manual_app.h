@@ -1,0 +1,33 @@
+#pragma once
+
+#include "platform/applescript/apple_script_host.h"
+#include "platform/applescript/mail_application.h"
+#include "platform/applescript/messages_application.h"
+#include "platform/qt/desktop.h"
+#include "store/prospect_store.h"
+#include "ui/kit/switches.h"
+
+namespace quenoria {
+
+/// What lives as long as the process: the applications that scripts can tell, the one store and
+/// the three switches. The desktop outlives it.
+class OlvakSMSManualApp {
+public:
+    explicit OlvakSMSManualApp(Desktop &desktop);
+
+    const Platform &platform() const { return m_platform; }
+    Switches &switches() { return m_switches; }
+
+    /// Created when it is first asked for, since that reads the files.
+    ProspectStore &store();
+
+private:
+    MessagesApplication m_messages;
+    MailApplication m_mail;
+    AppleScriptHost m_scripts;
+    Platform m_platform;
+    Switches m_switches;
+    std::unique_ptr<ProspectStore> m_store;
+};
+
+} // namespace quenoria
