@@ -1,0 +1,12 @@
+#include "resources/resources.h"
+
+#include <QDir>
+
+// Outside any namespace: the macro declares a function of the resource compiler.
+static void registerFiles() { Q_INIT_RESOURCE(built_in); }
+
+namespace quenoria {
+
+void initResources() { registerFiles(); }
+
+} // namespace quenoria
