@@ -1,12 +1,11 @@
 #include "ui/kit/calm_style.h"
 
-#include "ui/kit/button_role.h"
-#include "ui/kit/theme.h"
+#include "ui/kit/calm_painting.h"
 
+#include <QAbstractItemView>
 #include <QPainter>
-#include <QPainterPath>
+#include <QPushButton>
 #include <QStyleOption>
-#include <QWidget>
 
 using namespace Qt::StringLiterals;
 
@@ -14,115 +13,46 @@ namespace quenoria {
 
 namespace {
 
-constexpr qreal radius = 6;
-constexpr qreal checkRadius = 4;
 constexpr int controlHeight = 32;
-constexpr int buttonPadding = 28; ///< both sides together
+constexpr int buttonPadding = 32; ///< both sides together
 constexpr int smallestButton = 80;
-constexpr int hoverShade = 104; ///< per cent, as QColor::darker() takes it
-constexpr int pressedShade = 112;
+constexpr int fieldInset = 6;
+constexpr int rowPadding = 8;
+constexpr int shortestThumb = 32;
 
-QColor shaded(const QColor &color, QStyle::State state)
+/// Where the part of a scroll bar without arrow buttons lies.
+QRect scrollBarPart(const QStyleOptionSlider &bar, QStyle::SubControl part)
 {
-    if (state & QStyle::State_Sunken)
-        return color.darker(pressedShade);
-    const bool hovered = state & QStyle::State_MouseOver && state & QStyle::State_Enabled;
-    return hovered ? color.darker(hoverShade) : color;
-}
-
-/// A rounded box: one physical line of border, or a ring of accent while it has the focus.
-void drawBox(QPainter *painter, const QRect &rect, const QColor &fill, const QPen &border,
-             qreal corner = radius)
-{
-    painter->save();
-    painter->setRenderHint(QPainter::Antialiasing);
-    painter->setPen(border);
-    painter->setBrush(fill);
-    const qreal inset = border.widthF() / 2;
-    painter->drawRoundedRect(QRectF(rect).adjusted(inset, inset, -inset, -inset), corner - inset,
-                             corner - inset);
-    painter->restore();
-}
-
-QPen fieldBorder(const QStyleOption *option)
-{
-    const bool focused = option->state & QStyle::State_HasFocus;
-    return focused ? QPen(option->palette.color(QPalette::Highlight), 2)
-                   : QPen(option->palette.color(QPalette::Mid), 1);
-}
-
-void drawButton(QPainter *painter, const QStyleOption *option, const QWidget *widget)
-{
-    const QPalette &palette = option->palette;
-    const bool prominent = buttonRole(widget) == ButtonRole::prominent;
-    const bool flat = option->state & QStyle::State_AutoRaise;
-    QColor fill = palette.color(prominent ? QPalette::Highlight : QPalette::Button);
-    if (!prominent && option->state & QStyle::State_On)
-        fill = palette.color(QPalette::Midlight);
-    QPen border(palette.color(prominent ? QPalette::Highlight : QPalette::Mid), 1);
-    if (option->state & QStyle::State_HasFocus && option->state & QStyle::State_KeyboardFocusChange)
-        border = QPen(palette.color(prominent ? QPalette::WindowText : QPalette::Highlight), 2);
-    if (flat && !(option->state & (QStyle::State_MouseOver | QStyle::State_Sunken)))
-        return;
-    drawBox(painter, option->rect, shaded(fill, option->state), border);
-}
-
-void drawTick(QPainter *painter, const QRectF &box, bool partly)
-{
-    const auto at = [&box](qreal x, qreal y) {
-        return QPointF(box.left() + x * box.width(), box.top() + y * box.height());
+    const bool across = bar.orientation == Qt::Horizontal;
+    const int length = across ? bar.rect.width() : bar.rect.height();
+    const int steps = bar.maximum - bar.minimum;
+    const qint64 share = qint64(length) * bar.pageStep / qMax(qint64(steps) + bar.pageStep, 1LL);
+    const int thumb = steps == 0 ? length : qBound(qMin(shortestThumb, length), int(share), length);
+    const int start = QStyle::sliderPositionFromValue(bar.minimum, bar.maximum, bar.sliderPosition,
+                                                      length - thumb, bar.upsideDown);
+    const auto span = [&bar, across](int from, int to) {
+        const QRect &rect = bar.rect;
+        return across ? QRect(rect.left() + from, rect.top(), to - from, rect.height())
+                      : QRect(rect.left(), rect.top() + from, rect.width(), to - from);
     };
-    QPainterPath path(partly ? at(0.28, 0.5) : at(0.26, 0.52));
-    if (!partly)
-        path.lineTo(at(0.43, 0.69));
-    path.lineTo(partly ? at(0.72, 0.5) : at(0.75, 0.33));
-    painter->drawPath(path);
-}
-
-void drawCheckBox(QPainter *painter, const QStyleOption *option)
-{
-    const bool partly = option->state & QStyle::State_NoChange;
-    const bool checked = partly || option->state & QStyle::State_On;
-    const QPalette &palette = option->palette;
-    const QColor fill = palette.color(checked ? QPalette::Highlight : QPalette::Base);
-    QPen border = QPen(palette.color(checked ? QPalette::Highlight : QPalette::Dark), 1);
-    if (option->state & QStyle::State_HasFocus)
-        border = QPen(palette.color(checked ? QPalette::WindowText : QPalette::Highlight), 2);
-    drawBox(painter, option->rect, shaded(fill, option->state), border, checkRadius);
-    if (!checked)
-        return;
-    painter->save();
-    painter->setRenderHint(QPainter::Antialiasing);
-    painter->setBrush(Qt::NoBrush);
-    painter->setPen(QPen(palette.color(QPalette::HighlightedText), 1.75, Qt::SolidLine,
-                         Qt::RoundCap, Qt::RoundJoin));
-    drawTick(painter, option->rect, partly);
-    painter->restore();
-}
-
-void drawChevron(QPainter *painter, const QRect &rect, const QColor &color)
-{
-    const QPointF centre = QRectF(rect).center();
-    painter->save();
-    painter->setRenderHint(QPainter::Antialiasing);
-    painter->setPen(QPen(color, 1.5, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
-    const QPolygonF line{centre + QPointF(-3.5, -1.75), centre + QPointF(0, 1.75),
-                         centre + QPointF(3.5, -1.75)};
-    painter->drawPolyline(line);
-    painter->restore();
-}
-
-QPalette::ColorRole labelRole(ButtonRole role)
-{
-    switch (role) {
-    case ButtonRole::plain:
-        return QPalette::ButtonText;
-    case ButtonRole::prominent:
-        return tintRole(Tint::onAccent);
-    case ButtonRole::destructive:
-        return tintRole(Tint::negative);
+    switch (part) {
+    case QStyle::SC_ScrollBarSlider:
+        return span(start, start + thumb);
+    case QStyle::SC_ScrollBarSubPage:
+        return span(0, start);
+    case QStyle::SC_ScrollBarAddPage:
+        return span(start + thumb, length);
+    case QStyle::SC_ScrollBarGroove:
+        return bar.rect;
+    default:
+        return {};
     }
-    Q_UNREACHABLE();
+}
+
+bool isFramed(const QStyleOption *option)
+{
+    const auto *frame = qstyleoption_cast<const QStyleOptionFrame *>(option);
+    return frame && frame->lineWidth > 0;
 }
 
 } // namespace
@@ -143,9 +73,13 @@ int CalmStyle::pixelMetric(PixelMetric metric, const QStyleOption *option,
         return 0;
     case PM_LayoutHorizontalSpacing:
     case PM_LayoutVerticalSpacing:
+    case PM_ScrollBarExtent:
         return 12;
     case PM_CheckBoxLabelSpacing:
-        return 8;
+    case PM_HeaderMargin:
+        return rowPadding;
+    case PM_FocusFrameHMargin:
+        return rowPadding - 1; // item views add one to it, and so line up with their header
     default:
         return QProxyStyle::pixelMetric(metric, option, widget);
     }
@@ -157,6 +91,7 @@ int CalmStyle::styleHint(StyleHint hint, const QStyleOption *option, const QWidg
     switch (hint) {
     case SH_EtchDisabledText:
     case SH_DialogButtonBox_ButtonsHaveIcons:
+    case SH_ComboBox_Popup:
         return 0;
     case SH_FormLayoutLabelAlignment:
         return int(Qt::AlignLeading | Qt::AlignVCenter);
@@ -172,19 +107,42 @@ QSize CalmStyle::sizeFromContents(ContentsType type, const QStyleOption *option,
     switch (type) {
     case CT_PushButton:
         result.setWidth(qMax(size.width() + buttonPadding, smallestButton));
-        result.setHeight(qMax(result.height(), controlHeight));
-        break;
-    case CT_LineEdit:
-        result.setHeight(qMax(result.height(), controlHeight));
-        break;
+        return result.expandedTo({0, controlHeight});
     case CT_ComboBox:
-        result.setHeight(qMax(result.height(), controlHeight));
-        result.rwidth() += 12;
-        break;
+        result.rwidth() += 2 * fieldInset;
+        return result.expandedTo({0, controlHeight});
+    case CT_LineEdit:
+    case CT_SpinBox:
+        return result.expandedTo({0, controlHeight});
+    case CT_ItemViewItem:
+        if (widget && widget->inherits("QComboBoxListView"))
+            result.rheight() += rowPadding;
+        return result;
     default:
-        break;
+        return result;
     }
-    return result;
+}
+
+QRect CalmStyle::subElementRect(SubElement element, const QStyleOption *option,
+                                const QWidget *widget) const
+{
+    const QRect rect = QProxyStyle::subElementRect(element, option, widget);
+    if (element == SE_LineEditContents && isFramed(option))
+        return rect.adjusted(fieldInset, 0, -fieldInset, 0);
+    return rect;
+}
+
+QRect CalmStyle::subControlRect(ComplexControl control, const QStyleOptionComplex *option,
+                                SubControl part, const QWidget *widget) const
+{
+    if (control == CC_ScrollBar) {
+        if (const auto *bar = qstyleoption_cast<const QStyleOptionSlider *>(option))
+            return scrollBarPart(*bar, part);
+    }
+    const QRect rect = QProxyStyle::subControlRect(control, option, part, widget);
+    if (control == CC_ComboBox && part == SC_ComboBoxEditField)
+        return rect.adjusted(fieldInset, 0, 0, 0);
+    return rect;
 }
 
 void CalmStyle::drawPrimitive(PrimitiveElement element, const QStyleOption *option,
@@ -192,26 +150,22 @@ void CalmStyle::drawPrimitive(PrimitiveElement element, const QStyleOption *opti
 {
     switch (element) {
     case PE_PanelButtonCommand:
-        return drawButton(painter, option, widget);
-    case PE_FrameDefaultButton:
-    case PE_FrameFocusRect:
-        if (element == PE_FrameFocusRect && !(widget && widget->inherits("QPushButton")))
-            break;
-        return;
-    case PE_PanelLineEdit: {
-        const auto *frame = qstyleoption_cast<const QStyleOptionFrame *>(option);
-        if (!frame || frame->lineWidth <= 0)
-            break;
-        return drawBox(painter, option->rect, option->palette.color(QPalette::Base),
-                       fieldBorder(option));
-    }
-    case PE_FrameLineEdit:
-        return;
+        return drawButtonPanel(painter, option, widget);
+    case PE_PanelLineEdit:
+        if (isFramed(option))
+            return drawField(painter, option, QPalette::Base);
+        break;
     case PE_Frame:
-        return drawBox(painter, option->rect, option->palette.color(QPalette::Base),
-                       fieldBorder(option));
+        return drawField(painter, option, QPalette::Base);
     case PE_IndicatorCheckBox:
         return drawCheckBox(painter, option);
+    case PE_FrameDefaultButton: // said by the accent
+    case PE_FrameLineEdit:      // drawn with the panel
+        return;
+    case PE_FrameFocusRect:
+        if (qobject_cast<const QPushButton *>(widget))
+            return; // drawn with the panel
+        break;
     default:
         break;
     }
@@ -221,12 +175,22 @@ void CalmStyle::drawPrimitive(PrimitiveElement element, const QStyleOption *opti
 void CalmStyle::drawControl(ControlElement element, const QStyleOption *option, QPainter *painter,
                             const QWidget *widget) const
 {
-    const auto *button = qstyleoption_cast<const QStyleOptionButton *>(option);
-    if (element == CE_PushButtonLabel && button) {
-        QStyleOptionButton tinted = *button;
-        tinted.palette.setColor(QPalette::ButtonText,
-                                button->palette.color(labelRole(buttonRole(widget))));
-        return QProxyStyle::drawControl(element, &tinted, painter, widget);
+    switch (element) {
+    case CE_PushButtonLabel:
+        if (const auto *button = qstyleoption_cast<const QStyleOptionButton *>(option))
+            return drawButtonLabel(painter, button, widget);
+        break;
+    case CE_HeaderSection:
+        return drawHeaderSection(painter, option);
+    case CE_ShapedFrame: {
+        const auto *frame = qstyleoption_cast<const QStyleOptionFrame *>(option);
+        if (!frame || frame->frameShape != QFrame::HLine)
+            break;
+        const QRect line(option->rect.left(), option->rect.center().y(), option->rect.width(), 1);
+        return painter->fillRect(line, option->palette.color(QPalette::Mid));
+    }
+    default:
+        break;
     }
     QProxyStyle::drawControl(element, option, painter, widget);
 }
@@ -234,13 +198,24 @@ void CalmStyle::drawControl(ControlElement element, const QStyleOption *option, 
 void CalmStyle::drawComplexControl(ComplexControl control, const QStyleOptionComplex *option,
                                    QPainter *painter, const QWidget *widget) const
 {
-    const auto *combo = qstyleoption_cast<const QStyleOptionComboBox *>(option);
-    if (control != CC_ComboBox || !combo || combo->editable)
-        return QProxyStyle::drawComplexControl(control, option, painter, widget);
-    drawBox(painter, option->rect, shaded(option->palette.color(QPalette::Button), option->state),
-            fieldBorder(option));
-    drawChevron(painter, subControlRect(CC_ComboBox, option, SC_ComboBoxArrow, widget),
-                option->palette.color(QPalette::ButtonText));
+    const auto part = [&](SubControl name) {
+        return subControlRect(control, option, name, widget);
+    };
+    const QColor ink = option->palette.color(QPalette::ButtonText);
+    switch (control) {
+    case CC_ComboBox:
+        drawField(painter, option, QPalette::Button);
+        return drawChevron(painter, part(SC_ComboBoxArrow), ink, Pointing::down);
+    case CC_SpinBox:
+        drawField(painter, option, QPalette::Base);
+        drawChevron(painter, part(SC_SpinBoxUp), ink, Pointing::up);
+        return drawChevron(painter, part(SC_SpinBoxDown), ink, Pointing::down);
+    case CC_ScrollBar:
+        painter->fillRect(option->rect, option->palette.color(QPalette::Base));
+        return drawScrollThumb(painter, part(SC_ScrollBarSlider), option);
+    default:
+        QProxyStyle::drawComplexControl(control, option, painter, widget);
+    }
 }
 
 } // namespace quenoria

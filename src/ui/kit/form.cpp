@@ -1,6 +1,7 @@
 #include "ui/kit/form.h"
 
 #include <QFormLayout>
+#include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 
@@ -30,8 +31,11 @@ QLineEdit *Form::addField(const QString &label)
 
 void Form::addRow(const QString &label, QWidget *control)
 {
+    auto *caption = new QLabel(label);
+    caption->setBuddy(control);
+    caption->setMinimumHeight(control->sizeHint().height()); // centres it on the control
     control->setAccessibleName(label);
-    m_rows->addRow(label, control);
+    m_rows->addRow(caption, control);
 }
 
 void Form::addRow(QWidget *control) { m_rows->addRow(nullptr, control); }

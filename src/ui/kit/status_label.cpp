@@ -11,11 +11,15 @@ namespace quenoria {
 StatusLabel::StatusLabel(QWidget *parent)
     : QWidget(parent), m_symbol(new SymbolView({}, 18)), m_text(makeLabel({}))
 {
-    auto *row = new QHBoxLayout(this);
-    row->setContentsMargins({});
+    auto *row = new QHBoxLayout;
     row->setSpacing(8);
     row->addWidget(m_symbol, 0, Qt::AlignTop);
     row->addWidget(m_text, 1);
+    auto *column = new QVBoxLayout(this);
+    column->setContentsMargins({});
+    column->addStretch();
+    column->addLayout(row);
+    column->addStretch();
     m_text->setTextInteractionFlags(Qt::TextSelectableByMouse);
     setStatus({}, Tint::text);
 }

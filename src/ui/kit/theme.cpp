@@ -3,6 +3,7 @@
 #include "ui/kit/calm_style.h"
 
 #include <QApplication>
+#include <QToolTip>
 
 #include <array>
 
@@ -95,7 +96,9 @@ void applyTheme(Appearance appearance)
 {
     if (!qobject_cast<CalmStyle *>(QApplication::style()))
         QApplication::setStyle(new CalmStyle);
-    QApplication::setPalette(themePalette(appearance));
+    const QPalette palette = themePalette(appearance);
+    QApplication::setPalette(palette);
+    QToolTip::setPalette(palette);
 }
 
 } // namespace quenoria

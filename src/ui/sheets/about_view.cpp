@@ -15,11 +15,14 @@ namespace quenoria {
 namespace {
 
 constexpr int emblemSide = 68;
+constexpr int sectionSpacing = 24;
 
 const QStringList privacyLines{
     u"Les contacts et les suivis sont enregistrés localement sur ce Mac."_s,
-    u"Les SMS sont préparés dans Messages et les e-mails dans l’application de messagerie par défaut."_s,
-    u"Selon les options choisies, l’utilisateur confirme l’envoi ou l’application l’automatise avec les contrôles de délai et de quota."_s,
+    u"Les SMS sont préparés dans Messages et les e-mails dans l’application de messagerie par "
+    "défaut."_s,
+    u"Selon les options choisies, l’utilisateur confirme l’envoi ou l’application l’automatise "
+    "avec les contrôles de délai et de quota."_s,
 };
 
 QString versionLine()
@@ -52,10 +55,13 @@ QLayout *makePoint(const QString &text)
 
 AboutView::AboutView(QWidget *parent) : Sheet(u"À propos de l’application"_s, {780, 680}, parent)
 {
+    column()->setSpacing(sectionSpacing);
     addEmblem();
     column()->addWidget(makeDivider());
     column()->addWidget(makeLabel(
-        u"Quenoria permet d’organiser des contacts, de créer des modèles de SMS et d’e-mails, de préparer ou d’automatiser les envois depuis le Mac et de conserver le suivi des envois, commentaires et demandes STOP."_s));
+        u"Quenoria permet d’organiser des contacts, de créer des modèles de SMS et d’e-mails, "
+        "de préparer ou d’automatiser les envois depuis le Mac et de conserver le suivi des "
+        "envois, commentaires et demandes STOP."_s));
     column()->addWidget(makeDivider());
     addCompatibility();
     column()->addWidget(makeDivider());

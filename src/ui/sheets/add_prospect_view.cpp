@@ -33,6 +33,7 @@ AddProspectView::AddProspectView(ProspectStore &store, QWidget *parent)
     const auto enable = [this, confirm] { confirm->setEnabled(hasPhoneOrEmail(m_fields)); };
     connect(m_form, &ContactForm::edited, confirm, enable);
     enable();
+    m_form->focusFirstField();
 }
 
 void AddProspectView::createDepartment()

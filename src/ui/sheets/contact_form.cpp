@@ -41,6 +41,8 @@ ContactForm::ContactForm(ProspectStore &store, ContactFields &fields,
     }
 }
 
+void ContactForm::focusFirstField() { findChild<QLineEdit *>()->setFocus(); }
+
 void ContactForm::selectDepartment(const QString &code)
 {
     m_fields.department = code;

@@ -20,6 +20,7 @@ public:
     /// The fields outlive the form.
     ContactForm(ProspectStore &store, ContactFields &fields, std::initializer_list<Row> rows);
 
+    void focusFirstField();
     void selectDepartment(const QString &code);
 
 Q_SIGNALS:

@@ -24,6 +24,7 @@ EditProspectView::EditProspectView(ProspectStore &store, const Prospect &prospec
     column()->addStretch();
     connect(addConfirmRow(u"Enregistrer les modifications"_s), &QPushButton::clicked, this,
             &EditProspectView::save);
+    form->focusFirstField();
 }
 
 void EditProspectView::save()

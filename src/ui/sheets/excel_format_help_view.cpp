@@ -18,7 +18,7 @@ namespace quenoria {
 
 namespace {
 
-constexpr int rowHeight = 32;
+constexpr int rowHeight = 34;
 
 // Column, whether it is required, expected format.
 const std::array rows{
@@ -33,7 +33,8 @@ const std::array rows{
 
 const QStringList rules{
     u"Une seule ligne d’en-têtes, puis un contact par ligne."_s,
-    u"Conservez la colonne « Nom de l’entreprise » et au moins une colonne Mobile ou Adresse e-mail."_s,
+    u"Conservez la colonne « Nom de l’entreprise » et au moins une colonne Mobile ou Adresse "
+    "e-mail."_s,
     u"Les mobiles français 06/07 et les adresses e-mail valides sont reconnus."_s,
     u"Les doublons et les lignes sans mobile ni e-mail sont automatiquement ignorés."_s,
 };
@@ -71,7 +72,7 @@ QTableWidget *makeTable()
 
 ExcelFormatHelpView::ExcelFormatHelpView(FilePanels &panels, const Resources &resources,
                                          QWidget *parent)
-    : Sheet(u"Format du fichier Excel attendu"_s, {760, 680}, parent), m_export(panels, resources),
+    : Sheet(u"Format du fichier Excel attendu"_s, {760, 640}, parent), m_export(panels, resources),
       m_result(new StatusLabel)
 {
     addHeader(windowTitle(), u"L’application accepte les classeurs Excel au format .xlsx."_s);

@@ -24,6 +24,7 @@ QLayout *makeRow(const HistoryRow &row, bool newest)
                               : symbol(u"clock.fill"_s, Tint::secondary);
     QLabel *label = makeLabel(row.label);
     label->setFixedWidth(labelWidth);
+    label->setTextInteractionFlags(Qt::TextSelectableByMouse); // laid out as the date is
     QLabel *date = makeLabel(row.date);
     date->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     auto *line = new QHBoxLayout;

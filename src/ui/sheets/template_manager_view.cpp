@@ -41,7 +41,7 @@ TemplateManagerView::TemplateManagerView(ProspectStore &store, const TemplateCha
     addFields();
     addBottomRow();
     refresh();
-    m_title->setFocus();
+    m_picker->setFocus();
     connect(&store, &ProspectStore::published, this, [this](Collection collection) {
         if (collection == m_channel.collection)
             refresh();
