@@ -17,9 +17,8 @@ StatusLabel::StatusLabel(QWidget *parent)
     row->addWidget(m_text, 1);
     auto *column = new QVBoxLayout(this);
     column->setContentsMargins({});
-    column->addStretch();
     column->addLayout(row);
-    column->addStretch();
+    column->setAlignment(row, Qt::AlignVCenter);
     m_text->setTextInteractionFlags(Qt::TextSelectableByMouse);
     setStatus({}, Tint::text);
 }
