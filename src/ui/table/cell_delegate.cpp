@@ -1,0 +1,188 @@
+#include "ui/table/cell_delegate.h"
+
+#include "ui/kit/symbol.h"
+#include "ui/kit/theme.h"
+
+#include <QAbstractItemView>
+#include <QApplication>
+#include <QHelpEvent>
+#include <QPainter>
+#include <QToolTip>
+
+using namespace Qt::StringLiterals;
+
+namespace quenoria {
+
+namespace {
+
+constexpr float selectionStrength = 0.12F;
+constexpr int focusRing = 2;
+constexpr int iconSide = 16;
+
+const QStyle *styleOf(const QStyleOptionViewItem &option)
+{
+    return option.widget ? option.widget->style() : QApplication::style();
+}
+
+QString elided(const QFont &font, const QString &text, int width)
+{
+    return QFontMetrics(font).elidedText(text, Qt::ElideRight, width);
+}
+
+CellKind kindOf(const QModelIndex &index) { return CellKind(index.data(KindRole).toInt()); }
+
+} // namespace
+
+CellDelegate::CellDelegate(const HotButton &hot, QObject *parent)
+    : QStyledItemDelegate(parent), m_hot(hot),
+      m_stopped(symbol(u"hand.raised.circle.fill"_s, Tint::negative)),
+      m_sent(symbol(u"checkmark.circle.fill"_s, Tint::positive))
+{
+}
+
+QSize CellDelegate::sizeHint(const QStyleOptionViewItem &option, const QModelIndex &) const
+{
+    return {option.rect.width(), CellLayout::rowHeight(option.font)};
+}
+
+void CellDelegate::paint(QPainter *painter, const QStyleOptionViewItem &option,
+                         const QModelIndex &index) const
+{
+    const CellLayout layout = CellLayout::of(option, index);
+    painter->save();
+    painter->setClipRect(option.rect);
+    paintGround(painter, option);
+    if (!layout.check.isNull())
+        paintCheck(painter, option, layout.check, index);
+    if (!layout.frame.isNull())
+        paintFrame(painter, option, layout.frame, index);
+    paintTexts(painter, option, layout, index);
+    paintButtons(painter, option, layout.buttons, index);
+    painter->restore();
+}
+
+void CellDelegate::paintGround(QPainter *painter, const QStyleOptionViewItem &option) const
+{
+    const QPalette &palette = option.palette;
+    painter->fillRect(option.rect, palette.base());
+    if (option.state & QStyle::State_Selected) {
+        QColor wash = palette.color(QPalette::Highlight);
+        wash.setAlphaF(selectionStrength);
+        painter->fillRect(option.rect, wash);
+    }
+    painter->fillRect(QRect(option.rect.bottomLeft(), QSize(option.rect.width(), 1)),
+                      palette.color(QPalette::Midlight));
+    if (option.state & QStyle::State_HasFocus) {
+        painter->setRenderHint(QPainter::Antialiasing);
+        painter->setPen(QPen(palette.color(QPalette::Highlight), focusRing));
+        painter->setBrush(Qt::NoBrush);
+        painter->drawRoundedRect(QRectF(option.rect).adjusted(2, 2, -2, -3), 6, 6);
+    }
+}
+
+void CellDelegate::paintCheck(QPainter *painter, const QStyleOptionViewItem &option,
+                              const QRect &box, const QModelIndex &index) const
+{
+    QStyleOptionButton check;
+    check.palette = option.palette;
+    check.rect = box;
+    const bool checked = index.data(Qt::CheckStateRole).toInt() == Qt::Checked;
+    check.state = checked ? QStyle::State_On : QStyle::State_Off;
+    check.state.setFlag(QStyle::State_Enabled, index.flags() & Qt::ItemIsUserCheckable);
+    if (!check.state.testFlag(QStyle::State_Enabled))
+        painter->setOpacity(0.4);
+    styleOf(option)->drawPrimitive(QStyle::PE_IndicatorCheckBox, &check, painter, option.widget);
+}
+
+void CellDelegate::paintFrame(QPainter *painter, const QStyleOptionViewItem &option,
+                              const QRect &frame, const QModelIndex &index) const
+{
+    if (kindOf(index) == CellKind::picker) {
+        QStyleOptionComboBox picker;
+        picker.palette = option.palette;
+        picker.rect = frame;
+        picker.state = QStyle::State_Enabled;
+        styleOf(option)->drawComplexControl(QStyle::CC_ComboBox, &picker, painter, option.widget);
+        return;
+    }
+    QStyleOptionFrame field;
+    field.palette = option.palette;
+    field.rect = frame;
+    field.state = QStyle::State_Enabled;
+    field.lineWidth = 1;
+    styleOf(option)->drawPrimitive(QStyle::PE_PanelLineEdit, &field, painter, option.widget);
+}
+
+void CellDelegate::paintTexts(QPainter *painter, const QStyleOptionViewItem &option,
+                              const CellLayout &layout, const QModelIndex &index) const
+{
+    if (!layout.mark.isNull()) {
+        const bool isStopped = ContactMark(index.data(MarkRole).toInt()) == ContactMark::stopped;
+        (isStopped ? m_stopped : m_sent).paint(painter, layout.mark);
+    }
+    const QString text = index.data().toString();
+    const QString shown = text.isEmpty() ? index.data(PlaceholderRole).toString() : text;
+    const QPalette::ColorRole ink = text.isEmpty() ? QPalette::PlaceholderText : QPalette::Text;
+    painter->setFont(option.font);
+    painter->setPen(option.palette.color(ink));
+    painter->drawText(layout.text, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
+                      elided(option.font, shown, layout.text.width()));
+    if (layout.warning.isNull())
+        return;
+    painter->setFont(CellLayout::warningFont(option.font));
+    painter->setPen(tintColor(Tint::negative, option.palette));
+    painter->drawText(layout.warning, Qt::AlignLeft | Qt::AlignTop | Qt::TextWordWrap,
+                      index.data(WarningRole).toString());
+}
+
+void CellDelegate::paintButtons(QPainter *painter, const QStyleOptionViewItem &option,
+                                const QList<QRect> &rects, const QModelIndex &index) const
+{
+    if (rects.isEmpty())
+        return;
+    const auto buttons = index.data(ButtonsRole).value<CellButtons>();
+    for (qsizetype each = 0; each < rects.size(); ++each) {
+        const CellButton &button = buttons[each];
+        const bool isHot = m_hot.cell == index && m_hot.button == each;
+        QStyleOptionButton painted;
+        painted.palette = option.palette;
+        painted.fontMetrics = option.fontMetrics;
+        painted.rect = rects[each];
+        painted.text = button.caption;
+        if (!button.symbol.isEmpty())
+            painted.icon = icon(button.symbol);
+        painted.iconSize = {iconSide, iconSide};
+        painted.state = QStyle::State_Enabled;
+        painted.state.setFlag(QStyle::State_AutoRaise, button.caption.isEmpty());
+        painted.state.setFlag(QStyle::State_MouseOver, isHot);
+        painted.state.setFlag(QStyle::State_Sunken, isHot && m_hot.isPressed);
+        painter->setFont(option.font);
+        styleOf(option)->drawControl(QStyle::CE_PushButton, &painted, painter, option.widget);
+    }
+}
+
+QIcon CellDelegate::icon(const QString &name) const
+{
+    QIcon &kept = m_icons[name];
+    if (kept.isNull())
+        kept = symbol(name, Tint::secondary);
+    return kept;
+}
+
+bool CellDelegate::helpEvent(QHelpEvent *event, QAbstractItemView *view,
+                             const QStyleOptionViewItem &option, const QModelIndex &index)
+{
+    if (event->type() != QEvent::ToolTip)
+        return false;
+    const CellLayout layout = CellLayout::of(option, index);
+    QString text;
+    if (const qsizetype button = layout.buttonAt(event->pos()); button >= 0)
+        text = index.data(ButtonsRole).value<CellButtons>()[button].name;
+    else if (const QString whole = index.data().toString();
+             option.fontMetrics.horizontalAdvance(whole) > layout.text.width())
+        text = whole;
+    QToolTip::showText(event->globalPos(), text, view);
+    return true;
+}
+
+} // namespace quenoria

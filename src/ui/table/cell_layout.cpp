@@ -1,0 +1,134 @@
+#include "ui/table/cell_layout.h"
+
+#include <QFontMetrics>
+#include <QStyleOptionViewItem>
+
+#include <algorithm>
+#include <numeric>
+
+namespace quenoria {
+
+namespace {
+
+constexpr int margin = 10;
+constexpr int gap = 6;
+constexpr int controlHeight = 30;
+constexpr int symbolSide = 16;
+constexpr int captionPadding = 20; ///< both sides together
+constexpr int checkSide = 18;
+constexpr int checkReach = 36;
+constexpr int framePadding = 8;
+constexpr int pickerArrow = 22;
+constexpr int rowPadding = 12;
+constexpr int warningLines = 2;
+
+QRect centred(const QRect &within, QSize size)
+{
+    QRect rect({}, size);
+    rect.moveCenter(within.center());
+    return rect;
+}
+
+int buttonWidth(const CellButton &button, const QFontMetrics &metrics)
+{
+    if (button.caption.isEmpty())
+        return controlHeight;
+    const int symbol = button.symbol.isEmpty() ? 0 : symbolSide + gap;
+    return metrics.horizontalAdvance(button.caption) + symbol + captionPadding;
+}
+
+/// Lays the buttons in a row that starts at the left; they share the room when it is too small.
+QList<QRect> buttonRow(const CellButtons &buttons, const QRect &room, const QFontMetrics &metrics)
+{
+    QList<int> widths;
+    for (const CellButton &button : buttons)
+        widths << buttonWidth(button, metrics);
+    const int gaps = gap * int(buttons.size() - 1);
+    if (std::accumulate(widths.begin(), widths.end(), gaps) > room.width())
+        widths.fill((room.width() - gaps) / int(buttons.size()));
+    QList<QRect> rects;
+    int x = room.left();
+    for (const int width : widths) {
+        rects << QRect(x, room.center().y() - controlHeight / 2 + 1, width, controlHeight);
+        x += width + gap;
+    }
+    return rects;
+}
+
+void alignRight(QList<QRect> &row, int right)
+{
+    const int shift = right - row.last().right();
+    for (QRect &rect : row)
+        rect.translate(shift, 0);
+}
+
+/// The text, and under it the lines of the warning.
+void stack(CellLayout &layout, const QRect &room, const QFont &font)
+{
+    const int line = QFontMetrics(font).height();
+    const int warning = warningLines * QFontMetrics(CellLayout::warningFont(font)).lineSpacing();
+    const int top = room.center().y() - (line + warning) / 2;
+    layout.text = QRect(room.left(), top, room.width(), line);
+    layout.warning = QRect(room.left(), top + line, room.width(), warning);
+}
+
+} // namespace
+
+CellLayout CellLayout::of(const QStyleOptionViewItem &option, const QModelIndex &index)
+{
+    CellLayout layout;
+    const auto kind = CellKind(index.data(KindRole).toInt());
+    if (kind == CellKind::check) {
+        layout.check = centred(option.rect, {checkSide, checkSide});
+        return layout;
+    }
+    QRect room = option.rect.adjusted(margin, 0, -margin, 0);
+    const auto buttons = index.data(ButtonsRole).value<CellButtons>();
+    if (!buttons.isEmpty()) {
+        layout.buttons = buttonRow(buttons, room, option.fontMetrics);
+        if (kind == CellKind::buttons && index.data().toString().isEmpty())
+            return layout;
+        alignRight(layout.buttons, room.right());
+        room.setRight(layout.buttons.first().left() - gap);
+    }
+    if (kind == CellKind::picker || kind == CellKind::date || kind == CellKind::field) {
+        layout.frame = centred(room, {room.width(), controlHeight});
+        room.adjust(framePadding, 0, -(kind == CellKind::picker ? pickerArrow : framePadding), 0);
+    }
+    if (ContactMark(index.data(MarkRole).toInt()) != ContactMark::none) {
+        layout.mark = centred(room, {symbolSide, symbolSide});
+        layout.mark.moveLeft(room.left());
+        room.setLeft(layout.mark.right() + gap);
+    }
+    layout.text = room;
+    if (!index.data(WarningRole).toString().isEmpty())
+        stack(layout, room, option.font);
+    return layout;
+}
+
+qsizetype CellLayout::buttonAt(QPoint point) const
+{
+    const auto found = std::ranges::find_if(
+        buttons, [point](const QRect &button) { return button.contains(point); });
+    return found == buttons.end() ? -1 : found - buttons.begin();
+}
+
+bool CellLayout::checkReaches(QPoint point) const
+{
+    return !check.isNull() && centred(check, {checkReach, checkReach}).contains(point);
+}
+
+int CellLayout::rowHeight(const QFont &font)
+{
+    return QFontMetrics(font).height() +
+           warningLines * QFontMetrics(warningFont(font)).lineSpacing() + rowPadding;
+}
+
+QFont CellLayout::warningFont(const QFont &font)
+{
+    QFont small = font;
+    small.setPointSizeF(font.pointSizeF() * 0.8);
+    return small;
+}
+
+} // namespace quenoria

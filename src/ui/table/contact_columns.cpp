@@ -1,0 +1,360 @@
+#include "ui/table/contact_columns.h"
+
+#include "model/text_order.h"
+
+#include <QDateTime>
+#include <QLocale>
+
+#include <algorithm>
+#include <numeric>
+
+using namespace Qt::StringLiterals;
+
+namespace quenoria {
+
+namespace {
+
+QVariant isTickedForDeletion(const Cell &cell)
+{
+    return cell.state.deleteSelection.contains(cell.contact.id);
+}
+
+void tickForDeletion(const Cell &cell, const QVariant &ticked)
+{
+    if (ticked.toBool())
+        cell.state.deleteSelection.insert(cell.contact.id);
+    else
+        cell.state.deleteSelection.erase(cell.contact.id);
+}
+
+QVariant isSelected(const Cell &cell) { return cell.store.isSelectedForSending(cell.contact); }
+
+void select(const Cell &cell, const QVariant &selected)
+{
+    cell.store.setSelectedForSending(selected.toBool(), cell.contact);
+}
+
+bool canBeSelected(const Cell &cell)
+{
+    return isSelected(cell).toBool() ||
+           (!cell.store.isStopped(cell.contact) && !cell.contact.phone.isEmpty());
+}
+
+QVariant isSent(const Cell &cell)
+{
+    const SendStatus *status = cell.store.status(cell.contact);
+    return status && status->sent;
+}
+
+void markSent(const Cell &cell, const QVariant &sent)
+{
+    cell.store.setSent(sent.toBool(), cell.contact);
+}
+
+QVariant isEmailSelected(const Cell &cell)
+{
+    return cell.store.isSelectedForEmailSending(cell.contact);
+}
+
+void selectEmail(const Cell &cell, const QVariant &selected)
+{
+    cell.store.setSelectedForEmailSending(selected.toBool(), cell.contact);
+}
+
+bool canBeEmailSelected(const Cell &cell)
+{
+    return isEmailSelected(cell).toBool() || (!cell.store.isStopped(cell.contact) &&
+                                              !cell.contact.email.value_or(QString()).isEmpty());
+}
+
+QVariant isEmailSent(const Cell &cell)
+{
+    const EmailSendStatus *status = cell.store.emailStatus(cell.contact);
+    return status && status->sent;
+}
+
+void markEmailSent(const Cell &cell, const QVariant &sent)
+{
+    cell.store.setEmailSent(sent.toBool(), cell.contact);
+}
+
+QVariant isStopped(const Cell &cell) { return cell.store.isStopped(cell.contact); }
+
+void stop(const Cell &cell, const QVariant &stopped)
+{
+    cell.store.setStopped(stopped.toBool(), cell.contact);
+}
+
+QString label(const Cell &cell) { return cell.contact.label; }
+
+ContactMark mark(const Cell &cell)
+{
+    if (isStopped(cell).toBool())
+        return ContactMark::stopped;
+    return isSent(cell).toBool() || isEmailSent(cell).toBool() ? ContactMark::sent
+                                                               : ContactMark::none;
+}
+
+/// A contact without a department has nothing to name.
+QString department(const Cell &cell)
+{
+    const QString &code = cell.contact.department;
+    return code.isEmpty() ? QString() : u"%1 (%2)"_s.arg(cell.store.departmentName(code), code);
+}
+
+SortValue departmentCode(const Cell &cell) { return cell.contact.department; }
+
+QString profession(const Cell &cell) { return cell.contact.profession.value_or(QString()); }
+
+template <typename Template>
+CellChoices choicesFrom(const Sequence<Template> &templates)
+{
+    CellChoices choices;
+    templates.forEach([&choices](const Template &entry) {
+        choices << CellChoice{entry.id, entry.title};
+    });
+    return choices;
+}
+
+QString messageTitle(const Cell &cell) { return cell.store.assignedMessage(cell.contact).title; }
+QVariant messageID(const Cell &cell) { return cell.store.assignedMessageID(cell.contact); }
+CellChoices messages(const ProspectStore &store) { return choicesFrom(store.messageTemplates()); }
+
+void assignMessage(const Cell &cell, const QVariant &id)
+{
+    cell.store.assignMessage(id.toString(), cell.contact);
+}
+
+QString emailTitle(const Cell &cell)
+{
+    return cell.store.assignedEmailTemplate(cell.contact).title;
+}
+
+QVariant emailTemplateID(const Cell &cell)
+{
+    return cell.store.assignedEmailTemplateID(cell.contact);
+}
+
+CellChoices emailTemplates(const ProspectStore &store)
+{
+    return choicesFrom(store.emailTemplates());
+}
+
+void assignEmailTemplate(const Cell &cell, const QVariant &id)
+{
+    cell.store.assignEmailTemplate(id.toString(), cell.contact);
+}
+
+QString attachmentName(const Cell &cell)
+{
+    return cell.store.attachmentName(cell.contact).value_or(QString());
+}
+
+bool attachmentIsMissing(const Cell &cell)
+{
+    if (attachmentName(cell).isEmpty())
+        return false;
+    auto found = cell.state.attachmentsFound.constFind(cell.contact.id);
+    if (found == cell.state.attachmentsFound.cend())
+        found = cell.state.attachmentsFound.insert(cell.contact.id,
+                                                   cell.store.attachmentExists(cell.contact));
+    return !*found;
+}
+
+QString attachmentWarning(const Cell &cell)
+{
+    return attachmentIsMissing(cell)
+               ? u"Le fichier a été déplacé ou supprimé. Choisissez-le à nouveau."_s
+               : QString();
+}
+
+CellButtons attachmentButtons(const Cell &cell)
+{
+    const QString choose = u"Choisir un fichier joint"_s;
+    if (attachmentName(cell).isEmpty())
+        return {{RowAction::chooseAttachment, choose, choose, u"paperclip"_s}};
+    CellButtons buttons{
+        {RowAction::removeAttachment, u"Retirer le fichier joint"_s, {}, u"xmark"_s}};
+    if (attachmentIsMissing(cell))
+        buttons.prepend({RowAction::chooseAttachment, choose, {}, u"paperclip"_s});
+    return buttons;
+}
+
+QString emailAddress(const Cell &cell) { return cell.contact.email.value_or(QString()); }
+QString phone(const Cell &cell) { return cell.contact.phone; }
+SortValue contactID(const Cell &cell) { return cell.contact.id; }
+
+QDateTime localTime(const Cell &cell, Instant instant)
+{
+    return QDateTime::fromMSecsSinceEpoch(instant.time_since_epoch().count(), cell.state.zone);
+}
+
+/// Editing starts from now where nothing was sent.
+QVariant lastDate(const Cell &cell)
+{
+    const SendStatus *status = cell.store.status(cell.contact);
+    return localTime(cell, status ? status->sentAt : cell.state.clock.now());
+}
+
+QString lastDateText(const Cell &cell)
+{
+    const SendStatus *status = cell.store.status(cell.contact);
+    return status ? displayLocale().toString(localTime(cell, status->sentAt), u"dd/MM/yyyy HH:mm"_s)
+                  : QString();
+}
+
+/// The typed day and time are the user's: they only become an instant in the user's zone.
+void setLastDate(const Cell &cell, const QVariant &typed)
+{
+    const QDateTime local = typed.toDateTime();
+    const QDateTime date(local.date(), local.time(), cell.state.zone);
+    cell.store.setDate(Instant(std::chrono::milliseconds(date.toMSecsSinceEpoch())), cell.contact);
+}
+
+SortValue lastSend(const Cell &cell)
+{
+    const SendStatus *status = cell.store.status(cell.contact);
+    return status ? status->sentAt : Instant::min();
+}
+
+CellButtons historyButton(const Cell &cell)
+{
+    return {{RowAction::showHistory, u"Voir tout l’historique des envois"_s,
+             QString::number(cell.store.sendHistory(cell.contact).size()),
+             u"clock.arrow.circlepath"_s}};
+}
+
+QString comment(const Cell &cell)
+{
+    const SendStatus *status = cell.store.status(cell.contact);
+    return status ? status->comment.value_or(QString()) : QString();
+}
+
+QVariant commentValue(const Cell &cell) { return comment(cell); }
+
+void setComment(const Cell &cell, const QVariant &text)
+{
+    cell.store.setComment(text.toString(), cell.contact);
+}
+
+CellButtons actions(const Cell &cell)
+{
+    const QString sms = u"Préparer SMS"_s;
+    const QString email = cell.state.emailIsAutomatic ? u"Envoyer mail"_s : u"Préparer mail"_s;
+    return {{RowAction::sendSMS, sms, sms, {}}, {RowAction::sendEmail, email, email, {}}};
+}
+
+constexpr ContactColumn checkColumn(const char16_t *header, int width,
+                                    std::optional<SortColumn> sort, QVariant (*value)(const Cell &),
+                                    void (*edit)(const Cell &, const QVariant &))
+{
+    return {.header = header,
+            .width = width,
+            .kind = CellKind::check,
+            .sort = sort,
+            .value = value,
+            .edit = edit};
+}
+
+constexpr ContactColumn available(ContactColumn column, bool (*test)(const Cell &))
+{
+    column.available = test;
+    return column;
+}
+
+constexpr std::array columns{
+    checkColumn(u"Supprimer", 95, {}, isTickedForDeletion, tickForDeletion),
+    available(checkColumn(u"Envoyer SMS", 85, SortColumn::selection, isSelected, select),
+              canBeSelected),
+    checkColumn(u"SMS envoyé", 80, SortColumn::sent, isSent, markSent),
+    available(
+        checkColumn(u"Envoyer mail", 90, SortColumn::emailSelection, isEmailSelected, selectEmail),
+        canBeEmailSelected),
+    checkColumn(u"Mail envoyé", 85, SortColumn::emailSent, isEmailSent, markEmailSent),
+    checkColumn(u"STOP", 60, SortColumn::stopped, isStopped, stop),
+    ContactColumn{
+        .header = u"Contact", .width = 680, .sort = SortColumn::name, .text = label, .mark = mark},
+    ContactColumn{.header = u"Département",
+                  .width = 160,
+                  .sort = SortColumn::department,
+                  .text = department,
+                  .key = departmentCode},
+    ContactColumn{
+        .header = u"Métier", .width = 100, .sort = SortColumn::profession, .text = profession},
+    ContactColumn{.header = u"Message SMS",
+                  .width = 180,
+                  .kind = CellKind::picker,
+                  .sort = SortColumn::message,
+                  .text = messageTitle,
+                  .value = messageID,
+                  .edit = assignMessage,
+                  .choices = messages},
+    ContactColumn{.header = u"Message e-mail",
+                  .width = 180,
+                  .kind = CellKind::picker,
+                  .sort = SortColumn::emailMessage,
+                  .text = emailTitle,
+                  .value = emailTemplateID,
+                  .edit = assignEmailTemplate,
+                  .choices = emailTemplates},
+    ContactColumn{.header = u"Fichier joint",
+                  .width = 220,
+                  .kind = CellKind::buttons,
+                  .sort = SortColumn::attachment,
+                  .text = attachmentName,
+                  .buttons = attachmentButtons,
+                  .warning = attachmentWarning},
+    ContactColumn{
+        .header = u"Adresse e-mail", .width = 230, .sort = SortColumn::email, .text = emailAddress},
+    ContactColumn{.header = u"Mobile",
+                  .width = 125,
+                  .sort = SortColumn::phone,
+                  .text = phone,
+                  .key = contactID},
+    ContactColumn{.header = u"Dates et heures d’envoi",
+                  .width = 230,
+                  .kind = CellKind::date,
+                  .sort = SortColumn::date,
+                  .text = lastDateText,
+                  .value = lastDate,
+                  .edit = setLastDate,
+                  .key = lastSend,
+                  .buttons = historyButton,
+                  .placeholder = u"Aucune date"},
+    ContactColumn{.header = u"Commentaire",
+                  .width = 250,
+                  .kind = CellKind::field,
+                  .sort = SortColumn::comment,
+                  .text = comment,
+                  .value = commentValue,
+                  .edit = setComment,
+                  .placeholder = u"Ajouter un commentaire"},
+    ContactColumn{
+        .header = u"Actions", .width = 230, .kind = CellKind::buttons, .buttons = actions},
+};
+
+static_assert(std::accumulate(columns.begin(), columns.end(), 0,
+                              [](int sum, const ContactColumn &column) {
+                                  return sum + column.width;
+                              }) == tableContentWidth);
+
+} // namespace
+
+std::span<const ContactColumn> contactColumns() { return columns; }
+
+int columnOf(SortColumn column)
+{
+    const auto sorts = [column](const ContactColumn &entry) { return entry.sort == column; };
+    return int(std::ranges::find_if(columns, sorts) - columns.begin());
+}
+
+SortValue sortValue(const ContactColumn &column, const Cell &cell)
+{
+    if (column.key)
+        return column.key(cell);
+    if (column.text)
+        return column.text(cell);
+    return column.value(cell).toBool();
+}
+
+} // namespace quenoria

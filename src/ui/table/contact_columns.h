@@ -1,0 +1,83 @@
+#pragma once
+
+#include "store/prospect_store.h"
+#include "ui/table/cell_roles.h"
+
+#include <QTimeZone>
+
+#include <span>
+#include <variant>
+
+namespace quenoria {
+
+/// The columns that the table can be sorted by.
+enum class SortColumn {
+    selection,
+    sent,
+    emailSelection,
+    emailSent,
+    stopped,
+    name,
+    department,
+    profession,
+    message,
+    emailMessage,
+    attachment,
+    email,
+    phone,
+    date,
+    comment,
+};
+
+/// What two contacts are compared by in one column: false before true, texts in dictionary order,
+/// earlier before later.
+using SortValue = std::variant<bool, QString, Instant>;
+
+/// What the table shows or decides by itself, without the store.
+struct TableState {
+    const Clock &clock;
+    IdSet deleteSelection = {}; ///< contacts ticked for deletion
+    bool emailIsAutomatic = false;
+    QTimeZone zone = clock.zone();              ///< dates are shown and typed in it
+    QHash<QString, bool> attachmentsFound = {}; ///< by contact: what the last look at the disk gave
+};
+
+/// One contact, as a column sees it.
+struct Cell {
+    ProspectStore &store;
+    TableState &state;
+    const Prospect &contact;
+};
+
+/// Everything about one column. A member that is null is something the column does not have.
+struct ContactColumn {
+    const char16_t *header;
+    int width; ///< in points
+    CellKind kind = CellKind::text;
+    std::optional<SortColumn> sort = {};
+    QString (*text)(const Cell &) = nullptr;                 ///< what is shown
+    QVariant (*value)(const Cell &) = nullptr;               ///< what is edited; bool when ticked
+    void (*edit)(const Cell &, const QVariant &) = nullptr;  ///< takes an edited value
+    SortValue (*key)(const Cell &) = nullptr;                ///< null: the tick, else the text
+    bool (*available)(const Cell &) = nullptr;               ///< null: it can always be ticked
+    CellChoices (*choices)(const ProspectStore &) = nullptr; ///< of a picker
+    CellButtons (*buttons)(const Cell &) = nullptr;
+    ContactMark (*mark)(const Cell &) = nullptr;
+    QString (*warning)(const Cell &) = nullptr;
+    const char16_t *placeholder = u"";
+};
+
+/// Width of the table's content when nobody has resized a column; the contact's column takes what
+/// the others leave.
+inline constexpr int tableContentWidth = 3080;
+
+/// The seventeen columns from left to right.
+[[nodiscard]] std::span<const ContactColumn> contactColumns();
+
+/// Where the column stands that sorts so.
+[[nodiscard]] int columnOf(SortColumn column);
+
+/// What the column compares its contacts by.
+[[nodiscard]] SortValue sortValue(const ContactColumn &column, const Cell &cell);
+
+} // namespace quenoria

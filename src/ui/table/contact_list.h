@@ -1,0 +1,87 @@
+#pragma once
+
+#include "ui/table/contact_columns.h"
+
+#include <QCollator>
+
+namespace quenoria {
+
+/// The contacts as the table displays them: those that the search finds, in the order of one
+/// column. What a search or a comparison needs of a contact is computed once and kept until the
+/// contact changes, so that a keystroke costs one pass and a change of one contact next to none.
+class ContactList {
+public:
+    struct Change {
+        int from; ///< row before, or none
+        int to;   ///< row after, counted without the old one, or none
+    };
+    static constexpr int none = -1;
+
+    ContactList(ProspectStore &store, TableState &state);
+
+    int size() const { return int(m_shown.size()); }
+    const Prospect &at(int row) const { return m_entries[m_shown[std::size_t(row)]].contact; }
+    int rowOf(const QString &id) const; ///< or none
+    std::uint32_t entryAt(int row) const { return m_shown[std::size_t(row)]; }
+    int rowOfEntry(std::uint32_t entry) const; ///< or none
+
+    // Counted over all contacts, found or not.
+    int total() const { return int(m_entries.size()); }
+    int smsSent() const { return m_smsSent; }
+    int emailsSent() const { return m_emailsSent; }
+
+    void setSearchText(const QString &text);
+    const QString &searchText() const { return m_searchText; }
+
+    void sort(SortColumn column, Qt::SortOrder order);
+    SortColumn sortColumn() const { return m_sortColumn; }
+    Qt::SortOrder sortOrder() const { return m_sortOrder; }
+
+    /// Takes the store's whole list again.
+    void rebuild();
+
+    /// Rebuilding by halves, for one contact whose records changed: reload() finds out where its
+    /// row goes, move() carries it there. The contact may stand in the list more than once.
+    std::vector<std::uint32_t> entriesOf(const QString &id) const;
+    Change reload(std::uint32_t entry);
+    void move(std::uint32_t entry, Change change);
+
+private:
+    using OrderKey = std::variant<bool, Instant, QCollatorSortKey>;
+    using Order = std::vector<std::uint32_t>;
+
+    struct Entry {
+        Prospect contact;
+        OrderKey key;
+        bool smsSent;
+        bool emailSent;
+        mutable std::optional<QCollatorSortKey> label = {}; ///< made once a comparison needs it
+        mutable QString texts = {};                         ///< folded, made once a search reads it
+    };
+
+    Entry fresh(const Prospect &contact) const;
+    void tally(const Entry &entry, int by);
+    OrderKey orderKey(const Prospect &contact) const;
+    static const QCollatorSortKey &labelKey(const Entry &entry);
+    QString foldedTexts(const Prospect &contact) const;
+    bool precedes(std::uint32_t a, std::uint32_t b) const;
+    bool matches(const Entry &entry) const;
+    static std::size_t placeOf(const Order &order, std::uint32_t entry);
+    std::size_t targetIn(const Order &order, std::size_t without, std::uint32_t entry) const;
+    void arrange();
+    void filter();
+
+    ProspectStore &m_store;
+    TableState &m_state;
+    std::vector<Entry> m_entries; ///< in the store's order
+    Order m_order;                ///< every entry, sorted
+    Order m_shown;                ///< those that the search finds, in that order
+    QString m_searchText;
+    QString m_needle; ///< folded; null when everything is shown
+    SortColumn m_sortColumn = SortColumn::name;
+    Qt::SortOrder m_sortOrder = Qt::AscendingOrder;
+    int m_smsSent = 0;
+    int m_emailsSent = 0;
+};
+
+} // namespace quenoria

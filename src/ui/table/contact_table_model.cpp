@@ -1,0 +1,350 @@
+#include "ui/table/contact_table_model.h"
+
+#include "platform/clock.h"
+#include "ui/kit/switches.h"
+
+using namespace Qt::StringLiterals;
+
+namespace quenoria {
+
+namespace {
+
+const ContactColumn &columnAt(int section) { return contactColumns()[std::size_t(section)]; }
+
+QString headerText(int section) { return QString::fromUtf16(columnAt(section).header); }
+
+/// Records that only ever concern the contact that is named; the other collections shape the list
+/// or lend their texts to many contacts.
+bool belongsToOneContact(Collection collection)
+{
+    return collection == Collection::statuses || collection == Collection::emailStatuses ||
+           collection == Collection::messageAssignments ||
+           collection == Collection::emailAssignments || collection == Collection::attachmentPaths;
+}
+
+QString markText(ContactMark mark)
+{
+    switch (mark) {
+    case ContactMark::none:
+        return {};
+    case ContactMark::sent:
+        return u"envoyé"_s;
+    case ContactMark::stopped:
+        return u"STOP"_s;
+    }
+    Q_UNREACHABLE();
+}
+
+} // namespace
+
+ContactTableModel::ContactTableModel(ProspectStore &store, Switches &switches, const Clock &clock,
+                                     QObject *parent)
+    : QAbstractTableModel(parent),
+      m_store(store), m_state{.clock = clock, .emailIsAutomatic = switches.autoValidateEmail()},
+      m_list(store, m_state)
+{
+    connect(&store, &ProspectStore::published, this, &ContactTableModel::follow);
+    connect(&store, &ProspectStore::selectionPublished, this,
+            [this](const QString &id) { id.isEmpty() ? refreshSoon() : refreshContact(id); });
+    connect(&switches, &Switches::changed, this, [this, &switches] {
+        m_state.emailIsAutomatic = switches.autoValidateEmail();
+        announceColumn(columnCount() - 1);
+    });
+}
+
+int ContactTableModel::rowCount(const QModelIndex &parent) const
+{
+    return parent.isValid() ? 0 : m_list.size();
+}
+
+int ContactTableModel::columnCount(const QModelIndex &parent) const
+{
+    return parent.isValid() ? 0 : int(contactColumns().size());
+}
+
+Qt::ItemFlags ContactTableModel::flags(const QModelIndex &index) const
+{
+    Qt::ItemFlags flags = QAbstractTableModel::flags(index);
+    if (!index.isValid())
+        return flags;
+    const ContactColumn &column = columnAt(index.column());
+    if (column.kind == CellKind::check && (!column.available || column.available(cell(index))))
+        flags |= Qt::ItemIsUserCheckable;
+    else if (column.kind == CellKind::date || column.kind == CellKind::field)
+        flags |= Qt::ItemIsEditable;
+    return flags;
+}
+
+Cell ContactTableModel::cell(const QModelIndex &index) const
+{
+    return {m_store, m_state, m_list.at(index.row())};
+}
+
+QVariant ContactTableModel::data(const QModelIndex &index, int role) const
+{
+    if (!index.isValid())
+        return {};
+    const ContactColumn &column = columnAt(index.column());
+    const bool isCheck = column.kind == CellKind::check;
+    switch (role) {
+    case Qt::DisplayRole:
+        return column.text ? QVariant(column.text(cell(index))) : QVariant();
+    case Qt::EditRole:
+        return column.value && !isCheck ? column.value(cell(index)) : QVariant();
+    case Qt::CheckStateRole:
+        if (!isCheck)
+            return {};
+        return column.value(cell(index)).toBool() ? Qt::Checked : Qt::Unchecked;
+    case Qt::AccessibleTextRole:
+        return accessibleText(index);
+    case KindRole:
+        return int(column.kind);
+    case ButtonsRole:
+        return column.buttons ? QVariant::fromValue(column.buttons(cell(index))) : QVariant();
+    case ChoicesRole:
+        return column.choices ? QVariant::fromValue(column.choices(m_store)) : QVariant();
+    case MarkRole:
+        return int(column.mark ? column.mark(cell(index)) : ContactMark::none);
+    case WarningRole:
+        return column.warning ? QVariant(column.warning(cell(index))) : QVariant();
+    case PlaceholderRole:
+        return QString::fromUtf16(column.placeholder);
+    default:
+        return {};
+    }
+}
+
+bool ContactTableModel::setData(const QModelIndex &index, const QVariant &value, int role)
+{
+    if (!index.isValid())
+        return false;
+    const ContactColumn &column = columnAt(index.column());
+    const int expected = column.kind == CellKind::check ? Qt::CheckStateRole : Qt::EditRole;
+    if (!column.edit || role != expected)
+        return false;
+    const Prospect contact = m_list.at(index.row()); // the row may move while the store publishes
+    const QVariant edited =
+        role == Qt::CheckStateRole ? QVariant(value.toInt() == Qt::Checked) : value;
+    column.edit({m_store, m_state, contact}, edited);
+    if (!column.sort) { // the store knows nothing of it
+        m_allAreTicked.reset();
+        Q_EMIT dataChanged(index, index);
+        Q_EMIT headerDataChanged(Qt::Horizontal, index.column(), index.column());
+        Q_EMIT changed();
+    }
+    return true;
+}
+
+/// "Contact : DUPONT — BREST (29), STOP" and the like: what the cell shows, read aloud.
+QString ContactTableModel::accessibleText(const QModelIndex &index) const
+{
+    const ContactColumn &column = columnAt(index.column());
+    const Cell seen = cell(index);
+    QStringList parts;
+    if (column.text)
+        parts << column.text(seen);
+    else if (column.value)
+        parts << (column.value(seen).toBool() ? u"coché"_s : u"non coché"_s);
+    if (column.mark)
+        parts << markText(column.mark(seen));
+    if (column.warning)
+        parts << column.warning(seen);
+    if (column.kind == CellKind::date)
+        parts << u"%1 envoi(s)"_s.arg(m_store.sendHistory(seen.contact).size());
+    else if (column.buttons) {
+        for (const CellButton &button : column.buttons(seen))
+            parts << button.name;
+    }
+    if (column.sort != SortColumn::name)
+        parts << seen.contact.label;
+    parts.removeAll(QString());
+    return headerText(index.column()) + u" : "_s + parts.join(u", "_s);
+}
+
+QVariant ContactTableModel::headerTick(int section) const
+{
+    const ContactColumn &column = columnAt(section);
+    if (column.kind != CellKind::check || column.sort)
+        return {};
+    return allAreTicked() ? Qt::Checked : Qt::Unchecked;
+}
+
+QVariant ContactTableModel::headerData(int section, Qt::Orientation orientation, int role) const
+{
+    if (orientation != Qt::Horizontal || section < 0 || section >= columnCount())
+        return QAbstractTableModel::headerData(section, orientation, role);
+    const bool isCurrent = columnAt(section).sort == m_list.sortColumn();
+    const bool ascending = m_list.sortOrder() == Qt::AscendingOrder;
+    switch (role) {
+    case Qt::DisplayRole:
+        return headerText(section);
+    case Qt::CheckStateRole:
+        return headerTick(section);
+    case Qt::ToolTipRole:
+        return headerTick(section).isValid()
+                   ? u"Cocher ou décocher tous les contacts actuellement affichés"_s
+                   : QVariant();
+    case SortDirectionRole:
+        return isCurrent ? QVariant(int(m_list.sortOrder())) : QVariant();
+    case Qt::AccessibleTextRole:
+        if (!isCurrent)
+            return headerText(section);
+        return headerText(section) + (ascending ? u", tri croissant"_s : u", tri décroissant"_s);
+    default:
+        return {};
+    }
+}
+
+void ContactTableModel::sort(int column, Qt::SortOrder order)
+{
+    if (!columnAt(column).sort)
+        return;
+    Q_EMIT layoutAboutToBeChanged({}, VerticalSortHint);
+    const QModelIndexList before = persistentIndexList();
+    std::vector<std::uint32_t> entries;
+    for (const QModelIndex &index : before)
+        entries.push_back(m_list.entryAt(index.row()));
+    m_list.sort(*columnAt(column).sort, order);
+    QModelIndexList after;
+    for (qsizetype moved = 0; moved < before.size(); ++moved)
+        after << index(m_list.rowOfEntry(entries[std::size_t(moved)]), before[moved].column());
+    changePersistentIndexList(before, after);
+    Q_EMIT layoutChanged({}, VerticalSortHint);
+    Q_EMIT headerDataChanged(Qt::Horizontal, 0, columnCount() - 1);
+}
+
+void ContactTableModel::toggleSort(int column)
+{
+    const bool turnsRound =
+        columnAt(column).sort == m_list.sortColumn() && m_list.sortOrder() == Qt::AscendingOrder;
+    sort(column, turnsRound ? Qt::DescendingOrder : Qt::AscendingOrder);
+}
+
+void ContactTableModel::setSearchText(const QString &text)
+{
+    if (text == m_list.searchText())
+        return;
+    beginResetModel();
+    m_list.setSearchText(text);
+    m_allAreTicked.reset();
+    endResetModel();
+    Q_EMIT changed();
+}
+
+void ContactTableModel::clearDeleteSelection()
+{
+    m_state.deleteSelection.clear();
+    m_allAreTicked.reset();
+    announceColumn(0);
+}
+
+bool ContactTableModel::allAreTicked() const
+{
+    const auto isTicked = [this](int row) {
+        return m_state.deleteSelection.contains(m_list.at(row).id);
+    };
+    if (!m_allAreTicked) {
+        bool all = m_list.size() > 0 && m_state.deleteSelection.size() > 0;
+        for (int row = 0; all && row < m_list.size(); ++row)
+            all = isTicked(row);
+        m_allAreTicked = all;
+    }
+    return *m_allAreTicked;
+}
+
+void ContactTableModel::tickAll(bool ticked)
+{
+    for (int row = 0; row < m_list.size(); ++row) {
+        if (ticked)
+            m_state.deleteSelection.insert(m_list.at(row).id);
+        else
+            m_state.deleteSelection.erase(m_list.at(row).id);
+    }
+    m_allAreTicked.reset();
+    announceColumn(0);
+}
+
+void ContactTableModel::lookForAttachments()
+{
+    m_state.attachmentsFound.clear();
+    if (m_list.size() == 0)
+        return;
+    const int column = columnOf(SortColumn::attachment);
+    Q_EMIT dataChanged(index(0, column), index(rowCount() - 1, column));
+}
+
+void ContactTableModel::follow(Collection collection, const QString &contactId)
+{
+    if (collection == Collection::smsMonthlyRecipientsByMonth)
+        return;
+    if (!contactId.isEmpty() && belongsToOneContact(collection))
+        refreshContact(contactId);
+    else
+        refreshSoon();
+}
+
+void ContactTableModel::refreshContact(const QString &id)
+{
+    m_state.attachmentsFound.remove(id);
+    for (const std::uint32_t entry : m_list.entriesOf(id))
+        refreshEntry(entry);
+    Q_EMIT changed();
+}
+
+void ContactTableModel::refreshEntry(std::uint32_t entry)
+{
+    const ContactList::Change change = m_list.reload(entry);
+    const auto [from, to] = change;
+    if (to == ContactList::none && from == ContactList::none)
+        return;
+    if (from == to) {
+        Q_EMIT dataChanged(index(to, 0), index(to, columnCount() - 1));
+        return;
+    }
+    m_allAreTicked.reset();
+    if (from == ContactList::none) {
+        beginInsertRows({}, to, to);
+        m_list.move(entry, change);
+        endInsertRows();
+    } else if (to == ContactList::none) {
+        beginRemoveRows({}, from, from);
+        m_list.move(entry, change);
+        endRemoveRows();
+    } else {
+        beginMoveRows({}, from, from, {}, to > from ? to + 1 : to);
+        m_list.move(entry, change);
+        endMoveRows();
+        Q_EMIT dataChanged(index(to, 0), index(to, columnCount() - 1));
+    }
+}
+
+/// Several collections often change together; the rows keep their own copies of the contacts, so
+/// the old list can still be shown until all have.
+void ContactTableModel::refreshSoon()
+{
+    if (std::exchange(m_refreshIsDue, true))
+        return;
+    QMetaObject::invokeMethod(this, &ContactTableModel::refresh, Qt::QueuedConnection);
+}
+
+void ContactTableModel::refresh()
+{
+    m_refreshIsDue = false;
+    beginResetModel();
+    m_state.attachmentsFound.clear();
+    m_list.rebuild();
+    m_allAreTicked.reset();
+    endResetModel();
+    Q_EMIT changed();
+}
+
+/// One column changed in every row.
+void ContactTableModel::announceColumn(int column)
+{
+    if (rowCount() > 0)
+        Q_EMIT dataChanged(index(0, column), index(rowCount() - 1, column));
+    Q_EMIT headerDataChanged(Qt::Horizontal, column, column);
+    Q_EMIT changed();
+}
+
+} // namespace quenoria

@@ -1,0 +1,70 @@
+#pragma once
+
+#include "ui/table/contact_list.h"
+
+#include <QAbstractTableModel>
+
+namespace quenoria {
+
+class Clock;
+class Switches;
+
+/// The table's contacts for a view. Follows the store: a change of one contact moves or refreshes
+/// its row at once, a change of more is taken over when control returns to the event loop.
+class ContactTableModel : public QAbstractTableModel {
+    Q_OBJECT
+
+public:
+    ContactTableModel(ProspectStore &store, Switches &switches, const Clock &clock,
+                      QObject *parent = nullptr);
+
+    int rowCount(const QModelIndex &parent = {}) const override;
+    int columnCount(const QModelIndex &parent = {}) const override;
+    Qt::ItemFlags flags(const QModelIndex &index) const override;
+    QVariant data(const QModelIndex &index, int role = Qt::DisplayRole) const override;
+    bool setData(const QModelIndex &index, const QVariant &value, int role = Qt::EditRole) override;
+    QVariant headerData(int section, Qt::Orientation orientation,
+                        int role = Qt::DisplayRole) const override;
+    void sort(int column, Qt::SortOrder order) override;
+
+    /// What a click on a header does: the current column turns round, another one starts
+    /// ascending. Nothing where the column does not sort.
+    void toggleSort(int column);
+
+    void setSearchText(const QString &text);
+
+    /// The displayed contacts; rowOf() gives ContactList::none for one that is not.
+    const ContactList &contacts() const { return m_list; }
+
+    // Contacts ticked for deletion. A search hides ticked contacts without unticking them.
+    const IdSet &deleteSelection() const { return m_state.deleteSelection; }
+    void clearDeleteSelection();
+    bool allAreTicked() const; ///< every displayed contact, and at least one
+    void tickAll(bool ticked); ///< every displayed contact
+
+    /// Looks again for the attached files, which other programs move and delete.
+    void lookForAttachments();
+
+Q_SIGNALS:
+    /// The contacts, their marks or one of the selections changed.
+    void changed();
+
+private:
+    void follow(Collection collection, const QString &contactId);
+    void refreshContact(const QString &id);
+    void refreshEntry(std::uint32_t entry);
+    void refreshSoon();
+    void refresh();
+    void announceColumn(int column);
+    Cell cell(const QModelIndex &index) const;
+    QVariant headerTick(int section) const;
+    QString accessibleText(const QModelIndex &index) const;
+
+    ProspectStore &m_store;
+    mutable TableState m_state;
+    ContactList m_list;
+    bool m_refreshIsDue = false;
+    mutable std::optional<bool> m_allAreTicked; ///< known until something changes
+};
+
+} // namespace quenoria

@@ -1,0 +1,129 @@
+#include "ui/table/contact_table_view.h"
+
+#include "ui/table/contact_header.h"
+#include "ui/table/contact_table_model.h"
+
+using namespace Qt::StringLiterals;
+
+namespace quenoria {
+
+namespace {
+
+const int contactColumn = columnOf(SortColumn::name);
+constexpr QChar widthSeparator(u',');
+
+} // namespace
+
+ContactTableView::ContactTableView(ContactTableModel &model, QWidget *parent)
+    : QTableView(parent), m_model(model),
+      m_contactWidth(contactColumns()[std::size_t(contactColumn)].width)
+{
+    setModel(&model);
+    setItemDelegate(new CellDelegate(m_hot, this));
+    setHorizontalHeader(new ContactHeader(this));
+    setAccessibleName(u"Contacts"_s);
+    setSelectionBehavior(SelectRows);
+    setSelectionMode(SingleSelection);
+    setEditTriggers(EditKeyPressed);
+    setTabKeyNavigation(false);
+    setShowGrid(false);
+    setWordWrap(false);
+    setMouseTracking(true);
+    setFrameShape(NoFrame);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
+    setHorizontalScrollMode(ScrollPerPixel);
+    setVerticalScrollMode(ScrollPerPixel);
+    verticalHeader()->hide();
+    verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    verticalHeader()->setDefaultSectionSize(CellLayout::rowHeight(font()));
+    for (int column = 0; column < model.columnCount(); ++column)
+        setColumnWidth(column, contactColumns()[std::size_t(column)].width);
+    followHeader();
+    connect(&model, &ContactTableModel::modelAboutToBeReset, this, &ContactTableView::keepPlace);
+    connect(&model, &ContactTableModel::modelReset, this, &ContactTableView::returnToPlace);
+}
+
+void ContactTableView::followHeader()
+{
+    connect(horizontalHeader(), &QHeaderView::sectionClicked, this, [this](int column) {
+        if (m_model.headerData(column, Qt::Horizontal, Qt::CheckStateRole).isValid())
+            m_model.tickAll(!m_model.allAreTicked());
+        else
+            m_model.toggleSort(column);
+    });
+    connect(horizontalHeader(), &QHeaderView::sectionResized, this,
+            [this](int column, int, int size) { columnResized(column, size); });
+}
+
+const Prospect *ContactTableView::currentContact() const
+{
+    return currentIndex().isValid() ? &m_model.contacts().at(currentIndex().row()) : nullptr;
+}
+
+// Rows that are replaced as a whole would take the current cell with them.
+
+void ContactTableView::keepPlace()
+{
+    const Prospect *current = currentContact();
+    m_keptContact = current ? current->id : QString();
+    m_keptColumn = currentIndex().column();
+    setHot({});
+}
+
+void ContactTableView::returnToPlace()
+{
+    const int row =
+        m_keptContact.isNull() ? ContactList::none : m_model.contacts().rowOf(m_keptContact);
+    if (row != ContactList::none)
+        selectionModel()->setCurrentIndex(m_model.index(row, m_keptColumn),
+                                          QItemSelectionModel::ClearAndSelect |
+                                              QItemSelectionModel::Rows);
+}
+
+// The contact's column takes the room that the others leave, and never less than its own width.
+
+void ContactTableView::fitContactColumn()
+{
+    if (m_isFitting)
+        return;
+    const int others = horizontalHeader()->length() - columnWidth(contactColumn);
+    m_isFitting = true;
+    setColumnWidth(contactColumn, qMax(m_contactWidth, viewport()->width() - others));
+    m_isFitting = false;
+}
+
+void ContactTableView::columnResized(int column, int size)
+{
+    if (m_isFitting)
+        return;
+    if (column == contactColumn)
+        m_contactWidth = size;
+    fitContactColumn();
+}
+
+QString ContactTableView::columnWidths() const
+{
+    QStringList widths;
+    for (int column = 0; column < m_model.columnCount(); ++column)
+        widths << QString::number(column == contactColumn ? m_contactWidth : columnWidth(column));
+    return widths.join(widthSeparator);
+}
+
+void ContactTableView::setColumnWidths(const QString &widths)
+{
+    const QStringList kept = widths.split(widthSeparator);
+    if (kept.size() != m_model.columnCount())
+        return;
+    for (int column = 0; column < m_model.columnCount(); ++column) {
+        if (const int width = kept[column].toInt(); width > 0)
+            setColumnWidth(column, width);
+    }
+}
+
+void ContactTableView::resizeEvent(QResizeEvent *event)
+{
+    QTableView::resizeEvent(event);
+    fitContactColumn();
+}
+
+} // namespace quenoria

@@ -1,0 +1,185 @@
+#include "ui/table/table_fixture.h"
+
+using namespace quenoria;
+using namespace quenoria::test;
+using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
+
+namespace {
+
+struct Search {
+    const char *name;
+    const char16_t *typed;
+    const char16_t *found;
+};
+
+class Searching : public TableTest, public testing::WithParamInterface<Search> {};
+
+TEST_P(Searching, FindsWhatIsTyped)
+{
+    store().assignMessage(store().createMessage(u"Relance d’été"_s, u"…"_s), chloe());
+    store().assignEmailTemplate(store().createEmailTemplate(u"Vœux"_s, {}, {}),
+                                contact(u"0639980020"));
+    store().setComment(u"rappeler\u00a0lundi"_s, contact(u"0639980021"));
+    desktop.panels.answer = u"/dossier/Tarif 2026.pdf"_s;
+    store().chooseAttachment(alix());
+    model().setSearchText(QString::fromUtf16(GetParam().typed));
+    EXPECT_EQ(shown(), QString::fromUtf16(GetParam().found));
+}
+
+constexpr const char16_t *everyone = u"ALIX, BRUNO, CHLOÉ, CLIENT 10, CLIENT 2, dora";
+
+INSTANTIATE_TEST_SUITE_P(
+    Table, Searching,
+    testing::Values(Search{"nothing", u"", everyone}, Search{"blanks", u" \u2003\n ", everyone},
+                    Search{"label", u"chloé", u"CHLOÉ"}, Search{"accents matter", u"chloe", u""},
+                    Search{"decomposed", u"chloe\u0301", u"CHLOÉ"},
+                    Search{"phone with spaces", u"06 39 98 00 10", u"ALIX"},
+                    Search{"digits are not folded", u"0639980010", u""},
+                    Search{"digits as stored", u"06.39", u"CHLOÉ"},
+                    Search{"e-mail", u"@EXAMPLE.FR", u"dora"}, Search{"code", u"56", u"CHLOÉ"},
+                    Search{"department", u"FINIS", u"ALIX, dora"},
+                    Search{"trade", u"fleur", u"ALIX"}, Search{"SMS template", u"D’ÉTÉ", u"CHLOÉ"},
+                    Search{"e-mail template", u"VŒU", u"CLIENT 10"},
+                    Search{"attached file", u"tarif 2026.pdf", u"ALIX"},
+                    Search{"comment", u"Lundi", u"CLIENT 2"},
+                    Search{"kept blanks", u"ALIX ", u"ALIX"}, Search{"too many", u"ALIX  ", u""},
+                    Search{"no text runs into the next", u"fleuristepremier", u""}),
+    [](const auto &row) {
+        return QString::fromLatin1(row.param.name)
+            .replace(QRegularExpression(u"\\W"_s), u"_"_s)
+            .toStdString();
+    });
+
+struct Sorting {
+    const char *name;
+    SortColumn column;
+    const char16_t *ascending;
+    const char16_t *descending;
+};
+
+class Sorts : public TableTest, public testing::WithParamInterface<Sorting> {};
+
+/// Equal keys stay in the order of the labels, whose numbers count as numbers, both ways.
+TEST_P(Sorts, BothWays)
+{
+    store().setSelectedForSending(true, chloe());
+    store().setSelectedForEmailSending(true, contact(u"email:dora@example.fr"));
+    store().recordSentNow(contact(u"0639980020"));
+    desktop.clock.advance(1h);
+    store().recordSentNow(alix());
+    store().recordEmailSentNow(alix());
+    store().setStopped(true, contact(u"0639980021"));
+    store().setComment(u"Zoé"_s, chloe());
+    store().setComment(u"École"_s, contact(u"0639980020"));
+    const int column = columnOf(GetParam().column);
+    model().sort(column, Qt::DescendingOrder);
+    EXPECT_EQ(shown(), QString::fromUtf16(GetParam().descending));
+    model().sort(column, Qt::AscendingOrder);
+    EXPECT_EQ(shown(), QString::fromUtf16(GetParam().ascending));
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Table, Sorts,
+    testing::Values(
+        Sorting{"selection", SortColumn::selection,
+                u"ALIX, BRUNO, CLIENT 2, CLIENT 10, dora, CHLOÉ",
+                u"CHLOÉ, ALIX, BRUNO, CLIENT 2, CLIENT 10, dora"},
+        Sorting{"sent", SortColumn::sent, u"BRUNO, CHLOÉ, CLIENT 2, dora, ALIX, CLIENT 10",
+                u"ALIX, CLIENT 10, BRUNO, CHLOÉ, CLIENT 2, dora"},
+        Sorting{"emailSelection", SortColumn::emailSelection,
+                u"ALIX, BRUNO, CHLOÉ, CLIENT 2, CLIENT 10, dora",
+                u"dora, ALIX, BRUNO, CHLOÉ, CLIENT 2, CLIENT 10"},
+        Sorting{"emailSent", SortColumn::emailSent,
+                u"BRUNO, CHLOÉ, CLIENT 2, CLIENT 10, dora, ALIX",
+                u"ALIX, BRUNO, CHLOÉ, CLIENT 2, CLIENT 10, dora"},
+        Sorting{"stopped", SortColumn::stopped, u"ALIX, BRUNO, CHLOÉ, CLIENT 10, dora, CLIENT 2",
+                u"CLIENT 2, ALIX, BRUNO, CHLOÉ, CLIENT 10, dora"},
+        Sorting{"name", SortColumn::name, u"ALIX, BRUNO, CHLOÉ, CLIENT 10, CLIENT 2, dora",
+                u"dora, CLIENT 2, CLIENT 10, CHLOÉ, BRUNO, ALIX"},
+        Sorting{"department", SortColumn::department,
+                u"ALIX, dora, CLIENT 2, CLIENT 10, CHLOÉ, BRUNO",
+                u"BRUNO, CHLOÉ, CLIENT 2, CLIENT 10, ALIX, dora"},
+        Sorting{"phone", SortColumn::phone, u"BRUNO, ALIX, CHLOÉ, CLIENT 10, CLIENT 2, dora",
+                u"dora, CLIENT 2, CLIENT 10, CHLOÉ, ALIX, BRUNO"},
+        Sorting{"date", SortColumn::date, u"BRUNO, dora, CLIENT 10, ALIX, CHLOÉ, CLIENT 2",
+                u"ALIX, CHLOÉ, CLIENT 2, CLIENT 10, BRUNO, dora"},
+        Sorting{"comment", SortColumn::comment, u"ALIX, BRUNO, CLIENT 2, dora, CLIENT 10, CHLOÉ",
+                u"CHLOÉ, CLIENT 10, ALIX, BRUNO, CLIENT 2, dora"}),
+    [](const auto &row) { return std::string(row.param.name); });
+
+class DisplayList : public TableTest {
+protected:
+    /// What a table that had just been opened would show.
+    QString shownAnew()
+    {
+        ContactTableModel other(store(), switches(), desktop.clock);
+        other.sort(columnOf(model().contacts().sortColumn()), model().contacts().sortOrder());
+        other.setSearchText(model().contacts().searchText());
+        QStringList names;
+        for (int row = 0; row < other.rowCount(); ++row)
+            names << other.contacts().at(row).label.section(u" — "_s, 0, 0);
+        return names.join(u", "_s);
+    }
+};
+
+TEST_F(DisplayList, AChangedContactMovesToWhereANewListHasIt)
+{
+    for (const SortColumn column : {SortColumn::comment, SortColumn::stopped, SortColumn::date}) {
+        for (const Qt::SortOrder order : {Qt::AscendingOrder, Qt::DescendingOrder}) {
+            model().sort(columnOf(column), order);
+            for (const Prospect &each : std::vector(store().allProspects())) {
+                if (each.id.isEmpty()) // announced as a change of all
+                    continue;
+                store().setComment(each.label.last(9) + each.id, each);
+                EXPECT_EQ(shown(), shownAnew());
+                store().setStopped(!store().isStopped(each), each);
+                EXPECT_EQ(shown(), shownAnew());
+                store().setDate(desktop.clock.now() - std::chrono::hours(each.id.size()), each);
+                EXPECT_EQ(shown(), shownAnew());
+            }
+        }
+    }
+}
+
+TEST_F(DisplayList, AChangedContactEntersAndLeavesASearch)
+{
+    model().setSearchText(u"urgent"_s);
+    EXPECT_EQ(shown(), QString());
+    store().setComment(u"Urgent"_s, chloe());
+    store().setComment(u"urgent !"_s, alix());
+    EXPECT_EQ(shown(), u"ALIX, CHLOÉ"_s);
+    store().setComment({}, alix());
+    EXPECT_EQ(shown(), u"CHLOÉ"_s);
+}
+
+TEST_F(DisplayList, KeepsShowingTheOldContactsUntilItTakesTheNewOnes)
+{
+    EXPECT_EQ(model().rowCount(), 6);
+    store().deleteProspects({alix().id, chloe().id});
+    EXPECT_EQ(model().contacts().at(0).label, u"ALIX — BREST (29)"_s);
+    settle();
+    EXPECT_EQ(shown(), u"BRUNO, CLIENT 10, CLIENT 2, dora"_s);
+    ASSERT_FALSE(store().add(u"Éric"_s, u"06 39 98 00 99"_s, {}, u"29"_s, {}));
+    store().updateMessage(ProspectStore::defaultMessageID, u"Nouveau titre"_s, {});
+    settle();
+    EXPECT_EQ(shown(), u"BRUNO, CLIENT 10, CLIENT 2, dora, ÉRIC"_s);
+    model().setSearchText(u"nouveau titre"_s);
+    EXPECT_EQ(model().rowCount(), 5);
+}
+
+TEST_F(DisplayList, CountsTheMarkedContactsWhetherFoundOrNot)
+{
+    model().setSearchText(u"zzz"_s);
+    store().setSent(true, alix());
+    store().recordSentNow(chloe());
+    store().recordEmailSentNow(chloe());
+    store().setSent(false, alix());
+    EXPECT_EQ(model().contacts().smsSent(), 1);
+    EXPECT_EQ(model().contacts().emailsSent(), 1);
+    store().deleteProspects({chloe().id});
+    settle();
+    EXPECT_EQ(model().contacts().smsSent() + model().contacts().emailsSent(), 0);
+}
+
+} // namespace

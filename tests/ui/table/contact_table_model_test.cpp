@@ -1,0 +1,193 @@
+#include "ui/table/table_fixture.h"
+
+#include <QSignalSpy>
+
+using namespace quenoria;
+using namespace quenoria::test;
+using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
+
+namespace {
+
+class TableModel : public TableTest {
+protected:
+    QString text(const Prospect &contact, SortColumn column)
+    {
+        return at(contact, column).data().toString();
+    }
+    bool check(const Prospect &contact, SortColumn column, Qt::CheckState state)
+    {
+        model().setData(at(contact, column), state, Qt::CheckStateRole);
+        return at(contact, column).data(Qt::CheckStateRole).toInt() == state;
+    }
+    QStringList captions(const Prospect &contact, int column)
+    {
+        QStringList names;
+        for (const CellButton &button : at(contact, column).data(ButtonsRole).value<CellButtons>())
+            names << button.name;
+        return names;
+    }
+};
+
+TEST_F(TableModel, HeadersStandInTheirOrder)
+{
+    QStringList headers;
+    for (int column = 0; column < model().columnCount(); ++column)
+        headers << model().headerData(column, Qt::Horizontal).toString();
+    EXPECT_EQ(headers.join(u'|'),
+              u"Supprimer|Envoyer SMS|SMS envoyé|Envoyer mail|Mail envoyé|STOP|Contact|"
+              "Département|Métier|Message SMS|Message e-mail|Fichier joint|Adresse e-mail|Mobile|"
+              "Dates et heures d’envoi|Commentaire|Actions"_s);
+}
+
+TEST_F(TableModel, TicksReachTheStore)
+{
+    EXPECT_TRUE(check(alix(), SortColumn::selection, Qt::Checked));
+    EXPECT_TRUE(store().isSelectedForSending(alix()));
+    EXPECT_TRUE(check(alix(), SortColumn::sent, Qt::Checked));
+    EXPECT_TRUE(store().status(alix())->sent);
+    EXPECT_TRUE(check(alix(), SortColumn::emailSelection, Qt::Checked));
+    EXPECT_TRUE(store().isSelectedForEmailSending(alix()));
+    EXPECT_TRUE(check(alix(), SortColumn::emailSent, Qt::Checked));
+    EXPECT_TRUE(store().emailStatus(alix())->sent);
+    EXPECT_TRUE(check(alix(), SortColumn::stopped, Qt::Checked));
+    EXPECT_TRUE(store().isStopped(alix()));
+    EXPECT_TRUE(check(alix(), SortColumn::sent, Qt::Unchecked));
+    EXPECT_FALSE(store().status(alix())->sent);
+}
+
+TEST_F(TableModel, AContactThatCannotBeReachedCannotBeTicked)
+{
+    EXPECT_FALSE(check(chloe(), SortColumn::emailSelection, Qt::Checked));
+    EXPECT_FALSE(at(chloe(), SortColumn::emailSelection).flags() & Qt::ItemIsUserCheckable);
+    EXPECT_TRUE(at(chloe(), SortColumn::selection).flags() & Qt::ItemIsUserCheckable);
+    store().setStopped(true, chloe());
+    EXPECT_FALSE(at(chloe(), SortColumn::selection).flags() & Qt::ItemIsUserCheckable);
+}
+
+TEST_F(TableModel, CellsShowTheContactAndItsRecords)
+{
+    EXPECT_EQ(text(alix(), SortColumn::department), u"Finistère (29)"_s);
+    EXPECT_EQ(text(alix(), SortColumn::phone), u"06 39 98 00 10"_s);
+    EXPECT_EQ(text(alix(), SortColumn::date), QString());
+    EXPECT_EQ(captions(alix(), 16), (QStringList{u"Préparer SMS"_s, u"Préparer mail"_s}));
+    switches().setAutoValidateEmail(true);
+    switches().setAutoValidateSMS(true);
+    EXPECT_EQ(captions(alix(), 16), (QStringList{u"Préparer SMS"_s, u"Envoyer mail"_s}));
+
+    const auto mark = [this] {
+        return ContactMark(at(alix(), SortColumn::name).data(MarkRole).toInt());
+    };
+    EXPECT_EQ(mark(), ContactMark::none);
+    store().setEmailSent(true, alix());
+    EXPECT_EQ(mark(), ContactMark::sent);
+    store().setStopped(true, alix());
+    EXPECT_EQ(mark(), ContactMark::stopped);
+}
+
+TEST_F(TableModel, DatesAreShownAndTypedInTheUsersZone)
+{
+    store().recordSentNow(alix()); // 09:00 UTC, in winter
+    EXPECT_EQ(text(alix(), SortColumn::date), u"10/03/2026 10:00"_s);
+    const QDateTime typed(QDate(2026, 7, 1), QTime(8, 30), Qt::UTC);
+    EXPECT_TRUE(model().setData(at(alix(), SortColumn::date), typed));
+    EXPECT_EQ(instantText(store().status(alix())->sentAt), "2026-07-01T06:30:00Z");
+    EXPECT_EQ(text(alix(), SortColumn::date), u"01/07/2026 08:30"_s);
+}
+
+TEST_F(TableModel, PickersAssignTemplates)
+{
+    const QString id = store().createMessage(u"Relance"_s, u"…"_s);
+    settle();
+    const auto choices = at(alix(), SortColumn::message).data(ChoicesRole).value<CellChoices>();
+    EXPECT_EQ(choices.size(), qsizetype(store().messageTemplates().size()));
+    EXPECT_EQ(choices.last().title, u"Relance"_s);
+    EXPECT_TRUE(model().setData(at(alix(), SortColumn::message), id));
+    EXPECT_EQ(text(alix(), SortColumn::message), u"Relance"_s);
+    EXPECT_EQ(store().assignedMessageID(alix()), id);
+}
+
+TEST_F(TableModel, AMissingAttachmentIsNoticedWhenTheTableLooksAgain)
+{
+    const QString choose = u"Choisir un fichier joint"_s;
+    const QString remove = u"Retirer le fichier joint"_s;
+    const int column = columnOf(SortColumn::attachment);
+    const auto warning = [&] { return at(alix(), column).data(WarningRole).toString(); };
+    EXPECT_EQ(captions(alix(), column), QStringList{choose});
+
+    desktop.writeFile(u"tarif.pdf"_s, "x");
+    const QString path = desktop.folders.data() + u"/tarif.pdf"_s;
+    desktop.panels.answer = path;
+    store().chooseAttachment(alix());
+    EXPECT_EQ(text(alix(), SortColumn::attachment), u"tarif.pdf"_s);
+    EXPECT_EQ(captions(alix(), column), QStringList{remove});
+    EXPECT_EQ(warning(), QString());
+
+    QFile::remove(path);
+    EXPECT_EQ(warning(), QString()) << "the disk is not asked each time";
+    model().lookForAttachments();
+    EXPECT_EQ(warning(), u"Le fichier a été déplacé ou supprimé. Choisissez-le à nouveau."_s);
+    EXPECT_EQ(captions(alix(), column), (QStringList{choose, remove}));
+    store().removeAttachment(alix());
+    EXPECT_EQ(captions(alix(), column), QStringList{choose});
+}
+
+TEST_F(TableModel, TickingAllReachesWhatIsDisplayedOnly)
+{
+    EXPECT_FALSE(model().allAreTicked());
+    model().setData(at(chloe(), 0), Qt::Checked, Qt::CheckStateRole);
+    model().setSearchText(u"client"_s);
+    EXPECT_FALSE(model().allAreTicked());
+    model().tickAll(true);
+    EXPECT_TRUE(model().allAreTicked());
+    EXPECT_EQ(model().deleteSelection(), (IdSet{chloe().id, u"0639980020"_s, u"0639980021"_s}));
+    EXPECT_EQ(model().headerData(0, Qt::Horizontal, Qt::CheckStateRole).toInt(), Qt::Checked);
+    model().setData(model().index(0, 0), Qt::Unchecked, Qt::CheckStateRole);
+    EXPECT_FALSE(model().allAreTicked());
+    model().tickAll(false);
+    EXPECT_EQ(model().deleteSelection(), IdSet{chloe().id});
+    model().setSearchText(u"personne"_s);
+    EXPECT_FALSE(model().allAreTicked()) << "there is nobody to tick";
+    model().setSearchText(u"chloé"_s);
+    EXPECT_TRUE(model().allAreTicked());
+}
+
+TEST_F(TableModel, AClickOnAHeaderTurnsItRoundOrStartsAscending)
+{
+    const auto direction = [this](SortColumn column) {
+        return model().headerData(columnOf(column), Qt::Horizontal, SortDirectionRole);
+    };
+    EXPECT_EQ(direction(SortColumn::name), int(Qt::AscendingOrder));
+    model().toggleSort(columnOf(SortColumn::name));
+    EXPECT_EQ(direction(SortColumn::name), int(Qt::DescendingOrder));
+    model().toggleSort(columnOf(SortColumn::date));
+    EXPECT_EQ(direction(SortColumn::date), int(Qt::AscendingOrder));
+    EXPECT_FALSE(direction(SortColumn::name).isValid());
+    model().toggleSort(0);
+    model().toggleSort(16);
+    EXPECT_EQ(direction(SortColumn::date), int(Qt::AscendingOrder));
+}
+
+TEST_F(TableModel, EveryCellCanBeReadAloud)
+{
+    store().setStopped(true, alix());
+    const auto spoken = [this](int column) {
+        return at(alix(), column).data(Qt::AccessibleTextRole).toString();
+    };
+    EXPECT_EQ(spoken(0), u"Supprimer : non coché, ALIX — BREST (29)"_s);
+    EXPECT_EQ(spoken(5), u"STOP : coché, ALIX — BREST (29)"_s);
+    EXPECT_EQ(spoken(6), u"Contact : ALIX — BREST (29), STOP"_s);
+    EXPECT_EQ(spoken(16), u"Actions : Préparer SMS, Préparer mail, ALIX — BREST (29)"_s);
+}
+
+TEST_F(TableModel, OneTickTouchesOneRow)
+{
+    QSignalSpy data(&model(), &QAbstractItemModel::dataChanged);
+    QSignalSpy reset(&model(), &QAbstractItemModel::modelReset);
+    check(alix(), SortColumn::sent, Qt::Checked);
+    settle();
+    EXPECT_EQ(data.size(), 1);
+    EXPECT_EQ(reset.size(), 0);
+}
+
+} // namespace

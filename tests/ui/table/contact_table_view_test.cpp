@@ -1,0 +1,140 @@
+#include "ui/table/contact_table_view.h"
+#include "ui/table/table_fixture.h"
+
+#include <QAccessible>
+#include <QHeaderView>
+#include <QLineEdit>
+#include <QSignalSpy>
+#include <QTest>
+
+using namespace quenoria;
+using namespace quenoria::test;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+class TableView : public TableTest {
+protected:
+    TableView() : view(model())
+    {
+        view.resize(tableContentWidth + 200, 500);
+        view.show();
+    }
+
+    QPoint centre(const QModelIndex &index) { return view.visualRect(index).center(); }
+    void click(const QModelIndex &index, QPoint offset = {})
+    {
+        QTest::mouseClick(view.viewport(), Qt::LeftButton, {}, centre(index) + offset);
+    }
+    void press(Qt::Key key) { QTest::keyClick(&view, key); }
+
+    ContactTableView view;
+};
+
+TEST_F(TableView, TheContactTakesTheRoomThatIsLeft)
+{
+    const int column = columnOf(SortColumn::name);
+    const int spare = view.viewport()->width() - tableContentWidth;
+    EXPECT_EQ(view.columnWidth(column), 680 + spare);
+    view.resize(900, 500);
+    EXPECT_EQ(view.columnWidth(column), 680);
+    EXPECT_EQ(view.horizontalHeader()->length(), tableContentWidth);
+    view.setColumnWidth(0, 120);
+    view.setColumnWidth(column, 300);
+
+    ContactTableView other(model());
+    other.setColumnWidths(view.columnWidths());
+    EXPECT_EQ(other.columnWidths(), view.columnWidths());
+    other.setColumnWidths(u"1,2,3"_s);
+    EXPECT_EQ(other.columnWidth(0), 120);
+}
+
+TEST_F(TableView, SpaceAndClicksUseTheCell)
+{
+    view.setCurrentIndex(at(alix(), SortColumn::stopped));
+    press(Qt::Key_Space);
+    EXPECT_TRUE(store().isStopped(alix()));
+    click(at(alix(), SortColumn::stopped));
+    EXPECT_FALSE(store().isStopped(alix()));
+    click(at(chloe(), SortColumn::emailSelection));
+    EXPECT_TRUE(store().emailSendSelection().empty());
+
+    QSignalSpy actions(&view, &ContactTableView::actionRequested);
+    click(at(chloe(), 16), QPoint(-60, 0));
+    click(at(chloe(), 16), QPoint(60, 0));
+    view.setCurrentIndex(at(chloe(), SortColumn::attachment));
+    press(Qt::Key_Space);
+    ASSERT_EQ(actions.size(), 3);
+    EXPECT_EQ(actions[0][0].value<RowAction>(), RowAction::sendSMS);
+    EXPECT_EQ(actions[1][0].value<RowAction>(), RowAction::sendEmail);
+    EXPECT_EQ(actions[2][0].value<RowAction>(), RowAction::chooseAttachment);
+    EXPECT_EQ(actions[2][1].toString(), chloe().id);
+}
+
+TEST_F(TableView, CommentsAreTypedInTheCell)
+{
+    click(at(alix(), SortColumn::comment));
+    auto *editor = view.findChild<QLineEdit *>();
+    ASSERT_NE(editor, nullptr);
+    EXPECT_EQ(editor->placeholderText(), u"Ajouter un commentaire"_s);
+    QTest::keyClicks(editor, u"rappeler"_s);
+    QTest::keyClick(editor, Qt::Key_Return);
+    settle();
+    EXPECT_EQ(at(alix(), SortColumn::comment).data(), u"rappeler"_s);
+}
+
+TEST_F(TableView, AFieldThatWasOnlyOpenedChangesNothing)
+{
+    for (const SortColumn column : {SortColumn::date, SortColumn::comment}) {
+        view.edit(at(alix(), column));
+        EXPECT_NE(view.indexWidget(at(alix(), column)), nullptr);
+        view.setCurrentIndex(at(chloe(), SortColumn::name));
+        settle();
+    }
+    EXPECT_EQ(store().status(alix()), nullptr);
+}
+
+TEST_F(TableView, EnterAndADoubleClickBesideControlsEditTheContact)
+{
+    QSignalSpy edits(&view, &ContactTableView::editRequested);
+    view.setCurrentIndex(at(alix(), SortColumn::email));
+    press(Qt::Key_Return);
+    const auto doubleClick = [this](const QModelIndex &index) {
+        QTest::mouseDClick(view.viewport(), Qt::LeftButton, {}, centre(index));
+    };
+    doubleClick(at(chloe(), SortColumn::name));
+    doubleClick(at(chloe(), SortColumn::stopped));
+    ASSERT_EQ(edits.size(), 2);
+    EXPECT_EQ(edits[0][0], alix().id);
+    EXPECT_EQ(edits[1][0], chloe().id);
+}
+
+TEST_F(TableView, TheCurrentCellStaysOnItsContact)
+{
+    view.setCurrentIndex(at(chloe(), SortColumn::stopped));
+    model().sort(columnOf(SortColumn::stopped), Qt::DescendingOrder);
+    press(Qt::Key_Space);
+    EXPECT_EQ(view.currentContact()->id, chloe().id);
+    EXPECT_EQ(view.currentIndex().row(), 0);
+    model().setSearchText(u"(56)"_s);
+    model().setSearchText({});
+    store().deleteProspects({alix().id});
+    settle();
+    EXPECT_EQ(view.currentContact()->id, chloe().id);
+    EXPECT_EQ(view.currentIndex().column(), columnOf(SortColumn::stopped));
+}
+
+TEST_F(TableView, AScreenReaderGetsCellsWithTheirState)
+{
+    store().setStopped(true, alix());
+    QAccessibleInterface *table = QAccessible::queryAccessibleInterface(&view);
+    QAccessibleInterface *cell = table->tableInterface()->cellAt(0, 5);
+    EXPECT_EQ(cell->text(QAccessible::Name), u"STOP : coché, ALIX — BREST (29)"_s);
+    EXPECT_EQ(cell->role(), QAccessible::Cell);
+    EXPECT_TRUE(cell->state().checkable);
+    EXPECT_TRUE(cell->state().checked);
+    QAccessibleInterface *header = table->child(1 + columnOf(SortColumn::name));
+    EXPECT_EQ(header->text(QAccessible::Name), u"Contact, tri croissant"_s);
+}
+
+} // namespace
