@@ -35,6 +35,12 @@ protected:
         }
     }
 
+    ~QueueSheets() override
+    {
+        delete sheet;
+        desktop.clock.advance(0ms);
+    }
+
     Prospect contact(int number) { return *store->prospect(u"06399800%1"_s.arg(10 + number)); }
     std::size_t sent(int number) { return store->sendHistory(contact(number)).size(); }
 
@@ -175,8 +181,6 @@ TEST_F(QueueSheets, ClosedDuringASendStillRecordsItAndQueuesItNowhereElse)
     EXPECT_TRUE(recordedAtIdle);
     EXPECT_FALSE(BatchQueue::sending(*store));
     EXPECT_EQ(desktop.scripts.sources.size(), 1);
-    delete sheet;
-    settle();
 }
 
 TEST_F(QueueSheets, AContactDeletedInItsTurnIsCountedIfItsMessageWent)
@@ -199,8 +203,6 @@ TEST_F(QueueSheets, AContactDeletedInItsTurnIsCountedIfItsMessageWent)
     EXPECT_TRUE(shows(u"Sélection terminée"_s));
     EXPECT_FALSE(shows(u"L’envoi a été abandonné avant d’être remis à Messages."_s));
     EXPECT_EQ(desktop.scripts.sources.size(), 1) << "deleted before its turn: nothing goes";
-    sheet->close();
-    settle();
 }
 
 } // namespace
