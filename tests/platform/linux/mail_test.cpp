@@ -1,0 +1,227 @@
+#include "platform/linux/linux_sharing.h"
+#include "platform/linux/linux_workspace.h"
+#include "platform/linux/sendmail_transport.h"
+#include "support/fake_desktop.h"
+
+#include <QDir>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QProcess>
+
+#include <gmock/gmock.h>
+
+#include <sys/stat.h>
+
+using namespace quenoria;
+using namespace quenoria::test;
+using namespace std::chrono_literals;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// A home folder with programs and settings of its own: a mail application is registered there,
+/// and nothing for telephone messages. GIO reads the environment once, so all tests share it.
+class Mail : public testing::Test {
+protected:
+    static QString path(const QString &name)
+    {
+        static const QTemporaryDir home;
+        return home.filePath(name);
+    }
+
+    static void write(const QString &name, const QByteArray &content)
+    {
+        QDir().mkpath(QFileInfo(path(name)).path());
+        QFile file(path(name));
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly) && file.write(content) == content.size());
+        file.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    }
+
+    static void addProgram(const QString &name, const QByteArray &script)
+    {
+        write(u"bin/"_s + name, "#!/bin/sh\n" + script + '\n');
+    }
+
+    /// What the application that was started says into the pipe; waits for it.
+    static QString answer()
+    {
+        QFile pipe(path(u"answer"_s));
+        return pipe.open(QIODevice::ReadOnly) ? QString::fromUtf8(pipe.readAll()) : QString();
+    }
+
+    static void SetUpTestSuite()
+    {
+        for (const auto &[name, folder] :
+             {std::pair("HOME", u"."_s), std::pair("XDG_CONFIG_HOME", u"config"_s),
+              std::pair("XDG_DATA_HOME", u"data"_s), std::pair("PATH", u"bin"_s)})
+            qputenv(name, path(folder).toUtf8());
+        write(u"data/applications/courrier.desktop"_s,
+              "[Desktop Entry]\nType=Application\nName=Courrier\nExec=" +
+                  path(u"courrier"_s).toUtf8() + " %u\nMimeType=x-scheme-handler/mailto;\n");
+        write(u"config/mimeapps.list"_s,
+              "[Default Applications]\nx-scheme-handler/mailto=courrier.desktop\n");
+        write(u"courrier"_s, "#!/bin/sh\nprintf '%s' \"$1\" >\"$HOME/answer\"\n");
+        mkfifo(path(u"answer"_s).toUtf8(), S_IRUSR | S_IWUSR);
+    }
+
+    Mail()
+    {
+        QDir(path(u"bin"_s)).removeRecursively();
+        QDir().mkpath(path(u"bin"_s));
+        QFile::remove(path(u".msmtprc"_s));
+    }
+
+    QString send(std::chrono::milliseconds limit = 1min)
+    {
+        const auto failure = SendmailTransport(clock, drafts, limit).send(message);
+        return failure ? failure->message.value_or(u"?"_s) : u"sent"_s;
+    }
+
+    FakeClock clock;
+    DraftOpener drafts{QDBusConnection(u"no bus"_s)};
+    OutgoingMessage message{false,
+                            u"Été : « l’offre \"3 pour 2\" »"_s,
+                            u"Bonjour,\n\n.\nÀ bientôt \\o/\n"_s,
+                            {u" alix@example.fr "_s},
+                            {}};
+};
+
+/// The real msmtp, talking to a real SMTP server.
+class Msmtp : public Mail {
+protected:
+    ~Msmtp() override
+    {
+        sink.kill();
+        sink.waitForFinished();
+    }
+
+    void start(const QString &conduct)
+    {
+        const QDir here = QFileInfo(QString::fromUtf8(__FILE__)).dir();
+        sink.start(u"/usr/bin/python3"_s, {here.filePath(u"smtp_sink.py"_s), conduct});
+        write(u".msmtprc"_s,
+              "account default\nhost 127.0.0.1\nfrom agence@example.com\nport " + line());
+        ASSERT_TRUE(QFile::link(u"/usr/bin/msmtp"_s, path(u"bin/msmtp"_s)));
+    }
+
+    /// The next line that the server prints; empty when it has ended.
+    QByteArray line()
+    {
+        while (!sink.canReadLine() && sink.waitForReadyRead())
+            continue;
+        return sink.readLine();
+    }
+
+    QProcess sink;
+};
+
+TEST_F(Msmtp, DeliversWhatAnIndependentParserReads)
+{
+    const QString name = u"l’été \"2026\" ; n°1.txt"_s;
+    const QByteArray bytes = QByteArray("a\nb\r\nc\rd\0.\n", 11) + QByteArray(90, '\xE9');
+    write(name, bytes);
+    message.attachments << path(name);
+    start(u"accept"_s);
+    ASSERT_EQ(send(), u"sent"_s);
+    const QJsonObject expected{
+        {u"From"_s, u"agence@example.com"_s},
+        {u"To"_s, u"alix@example.fr"_s},
+        {u"Subject"_s, message.subject},
+        {u"Date"_s, u"Tue, 10 Mar 2026 10:00:00 +0100"_s},
+        {u"envelope"_s, QJsonArray{u"agence@example.com"_s, u"alix@example.fr"_s}},
+        {u"defects"_s, QJsonArray()},
+        {u"body"_s, QString(message.content).replace(u"\n"_s, u"\r\n"_s)},
+        {u"files"_s, QJsonObject{{name, QString::fromLatin1(bytes.toHex())}}},
+    };
+    EXPECT_EQ(QJsonDocument::fromJson(line()).toJson().toStdString(),
+              QJsonDocument(expected).toJson().toStdString());
+}
+
+TEST_F(Msmtp, GivesTheWordsOfAServerThatRefuses)
+{
+    start(u"refuse"_s);
+    EXPECT_THAT(send().toStdString(), testing::HasSubstr("550 5.7.1 Message refused"));
+}
+
+TEST_F(Msmtp, FailsWhenTheServerHangsUp)
+{
+    start(u"hang-up"_s);
+    EXPECT_THAT(send().toStdString(), testing::StartsWith("msmtp: "));
+}
+
+struct Sendmail {
+    const char *script;
+    const char16_t *outcome;
+    std::chrono::milliseconds limit = 1min;
+};
+
+class SendmailOutcome : public Mail, public testing::WithParamInterface<Sendmail> {};
+
+TEST_P(SendmailOutcome, ComesBack)
+{
+    addProgram(u"sendmail"_s, GetParam().script);
+    message.subject = u"Bonjour\r\nBcc: tous@example.fr"_s;
+    EXPECT_EQ(send(GetParam().limit), QStringView(GetParam().outcome));
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Programs, SendmailOutcome,
+    testing::Values(Sendmail{"[ \"$*\" = '-i -- alix@example.fr' ]", u"sent"},
+                    Sendmail{"/bin/grep -q '^Bcc:' && exit 1; exit 0", u"sent"},
+                    Sendmail{"echo ' boîte pleine ' >&2; exit 75", u"boîte pleine"},
+                    Sendmail{"exit 75", u"Le programme d’envoi « sendmail » a échoué (code 75)."},
+                    Sendmail{"kill -9 $$", u"Le programme d’envoi « sendmail » a échoué (code 9)."},
+                    Sendmail{"exec /bin/sleep 600",
+                             u"Le programme d’envoi « sendmail » n’a pas répondu à temps.", 0ms}));
+
+TEST_F(Mail, RefusesWhatCannotTravel)
+{
+    addProgram(u"sendmail"_s, "exit 0");
+    message.attachments << path(u"parti.pdf"_s);
+    EXPECT_EQ(send(), u"Le fichier joint « %1 » ne peut pas être lu."_s.arg(path(u"parti.pdf"_s)));
+    message.recipients = {u"alix@example.fr\nBcc: tous@example.fr"_s};
+    EXPECT_TRUE(send().startsWith(u"L’adresse « alix"_s));
+}
+
+TEST_F(Mail, CountsAsAppleMailOnceAProgramIsSetUp)
+{
+    const LinuxWorkspace workspace;
+    const QUrl url(u"mailto:alix@example.fr"_s);
+    addProgram(u"msmtp"_s, "exit 0");
+    ASSERT_TRUE(QFile::link(path(u"bin/msmtp"_s), path(u"bin/sendmail"_s)));
+    EXPECT_EQ(workspace.defaultApplication(url), u"courrier"_s) << "msmtp is not configured";
+    write(u".msmtprc"_s, {});
+    EXPECT_EQ(workspace.defaultApplication(url), u"com.apple.mail"_s);
+}
+
+TEST_F(Mail, UrlsGoToTheRegisteredApplicationOnly)
+{
+    LinuxWorkspace workspace;
+    EXPECT_FALSE(workspace.openUrl(QUrl(u"sms:+33639980001?body=a"_s)));
+    const QString url = u"mailto:alix@example.fr?subject=l'%C3%A9t%C3%A9%20%26&body=a%0D%0Ab"_s;
+    ASSERT_TRUE(workspace.openUrl(QUrl(url)));
+    EXPECT_EQ(answer(), url);
+}
+
+TEST_F(Mail, DraftsReachTheMailApplicationWithTheirFile)
+{
+    RecordingLog log;
+    LinuxSharing sharing(drafts, log);
+    EXPECT_EQ(sharing.composeEmail(), nullptr) << "nothing can open a draft";
+    addProgram(u"xdg-email"_s, "printf '%s|' \"$@\" >\"$HOME/answer\"");
+    ASSERT_NE(sharing.composeEmail(), nullptr);
+    write(u"un devis.pdf"_s, "%PDF");
+    message.attachments << path(u"un devis.pdf"_s);
+    const Composition draft{{}, {}, {}, QUrl::fromLocalFile(message.attachments[0])};
+    EXPECT_TRUE(sharing.composeEmail()->canPerform(draft));
+    EXPECT_FALSE(SendmailTransport(clock, drafts).showDraft(message));
+    EXPECT_EQ(answer(), u"--utf8|--to|alix@example.fr|--subject|%1|--body|%2|--attach|%3|"_s.arg(
+                            message.subject, message.content, message.attachments[0]));
+    QFile::remove(message.attachments[0]);
+    EXPECT_FALSE(sharing.composeEmail()->canPerform(draft));
+    sharing.composeEmail()->perform(draft);
+    EXPECT_EQ(log.lines.size(), 1);
+}
+
+} // namespace

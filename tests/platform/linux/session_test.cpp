@@ -1,0 +1,146 @@
+#include "platform/qt/dialog_panels.h"
+#include "platform/qt/settings_preferences.h"
+#include "platform/qt/single_instance.h"
+#include "platform/qt/system_clock.h"
+#include "support/fake_desktop.h"
+
+#include <QApplication>
+#include <QFileDialog>
+#include <QLabel>
+#include <QLayout>
+#include <QTimer>
+
+#include <gtest/gtest.h>
+
+using namespace quenoria;
+using namespace quenoria::test;
+using namespace std::chrono_literals;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+class Session : public testing::Test {
+protected:
+    QTemporaryDir folder;
+
+    void write(const QString &name, const QByteArray &content) const
+    {
+        QFile file(folder.filePath(name));
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        ASSERT_EQ(file.write(content), content.size());
+    }
+};
+
+TEST_F(Session, PreferencesAreOnDiskAtOnceAndKeepTheirType)
+{
+    write(u"quenoria.conf"_s, "[General]\nlist=a, b\nnumber=1\n");
+    SettingsPreferences first(folder.filePath(u"quenoria.conf"_s));
+    first.setFlag(u"EnvoiSMSFreeProPlan"_s, true);
+    first.setFlag(u"EnvoiSMSAutoValidation"_s, false);
+    first.setText(u"OlvakSMSManualTestNumber"_s, u"06 39 98, \"é\"; 00"_s);
+
+    const QString copy = folder.filePath(u"copy.conf"_s); // what a kill at this moment would leave
+    ASSERT_TRUE(QFile::copy(folder.filePath(u"quenoria.conf"_s), copy));
+    const SettingsPreferences second(copy);
+    EXPECT_EQ(second.flag(u"EnvoiSMSFreeProPlan"_s), true);
+    EXPECT_EQ(second.flag(u"EnvoiSMSAutoValidation"_s), false);
+    EXPECT_EQ(second.text(u"OlvakSMSManualTestNumber"_s), u"06 39 98, \"é\"; 00"_s);
+    EXPECT_EQ(second.text(u"list"_s), std::nullopt);
+    for (const QString &key : {u"OlvakSMSManualTestNumber"_s, u"list"_s, u"number"_s, u"none"_s})
+        EXPECT_EQ(second.flag(key), std::nullopt) << key.toStdString();
+}
+
+TEST_F(Session, SecondStartCallsTheFirstAndEnds)
+{
+    const QString data = folder.filePath(u"a/data"_s);
+    int calls = 0;
+    std::optional<SingleInstance> first(std::in_place, data, [&calls] { ++calls; });
+    ASSERT_TRUE(first->own());
+    EXPECT_EQ(QFileInfo(data).permissions() & 0x0077, 0);
+    SingleInstance second(folder.filePath(u"a/../a/data"_s), [] {});
+    EXPECT_FALSE(second.own());
+    settle();
+    EXPECT_EQ(calls, 1);
+    EXPECT_TRUE(SingleInstance(folder.filePath(u"b"_s), [] {}).own()) << "another folder";
+    first.reset();
+    EXPECT_TRUE(second.own());
+    EXPECT_TRUE(SingleInstance(u"/proc/none/data"_s, [] {}).own()) << "nobody could harm it";
+}
+
+class StaleLock : public Session, public testing::WithParamInterface<const char *> {};
+
+TEST_P(StaleLock, IsTakenOver)
+{
+    write(u".quenoria.lock"_s, GetParam());
+    EXPECT_TRUE(SingleInstance(folder.path(), [] {}).own());
+}
+
+INSTANTIATE_TEST_SUITE_P(Contents, StaleLock,
+                         testing::Values("4194305\nquenoria\n\n", // no such process
+                                         "1\nquenoria\n\n",       // another program's number now
+                                         "", "\0\0\0"));          // after a power cut
+
+TEST_F(Session, SleepEndsWithItsTimeOrWithAStop)
+{
+    SystemClock clock;
+    std::stop_source stop;
+    QFuture<void> stopped = clock.sleep(1h, stop.get_token());
+    EXPECT_FALSE(stopped.isFinished());
+    stop.request_stop();
+    EXPECT_TRUE(stopped.isFinished());
+    EXPECT_TRUE(clock.sleep(1h, stop.get_token()).isFinished()) << "asked before it began";
+    const QFuture<void> brief = clock.sleep(1ns, {});
+    while (!brief.isFinished())
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    settle();
+}
+
+/// Answers the next panel, as its user would, with what the callback does.
+void whenShown(std::function<void(QFileDialog &)> act)
+{
+    QTimer::singleShot(0, [act = std::move(act)] {
+        auto *dialog = qobject_cast<QFileDialog *>(QApplication::activeModalWidget());
+        ASSERT_NE(dialog, nullptr);
+        act(*dialog);
+    });
+}
+
+TEST_F(Session, OpenPanelShowsItsTextsAndRemembersTheFolder)
+{
+    write(u"contacts.xlsx"_s, "x");
+    const QString file = folder.filePath(u"contacts.xlsx"_s);
+    MemoryPreferences preferences;
+    DialogPanels panels(preferences);
+    const OpenPanel panel{u"Titre"_s, u"Choisissez un fichier"_s, u"Importer"_s, u"xlsx"_s};
+    whenShown([&](QFileDialog &dialog) {
+        EXPECT_EQ(dialog.windowTitle(), panel.title);
+        EXPECT_EQ(dialog.nameFilters(), QStringList{u"Classeurs Excel (*.xlsx)"_s});
+        EXPECT_EQ(dialog.labelText(QFileDialog::Accept), panel.button);
+        const auto *message = qobject_cast<QLabel *>(dialog.layout()->menuBar());
+        ASSERT_NE(message, nullptr);
+        EXPECT_TRUE(message->isVisible() && message->height() > 0 &&
+                    message->text() == panel.message);
+        dialog.selectFile(file);
+        static_cast<QDialog &>(dialog).accept();
+    });
+    EXPECT_EQ(panels.chooseFile(panel), file);
+    whenShown([&](QFileDialog &dialog) {
+        EXPECT_EQ(dialog.directory().absolutePath(), folder.path());
+        dialog.reject();
+    });
+    EXPECT_EQ(panels.chooseFile(panel), std::nullopt);
+}
+
+TEST_F(Session, SavePanelAddsTheSuffix)
+{
+    MemoryPreferences preferences;
+    preferences.setText(u"DernierDossier"_s, folder.path());
+    whenShown([](QFileDialog &dialog) {
+        dialog.selectFile(u"autre"_s);
+        static_cast<QDialog &>(dialog).accept();
+    });
+    EXPECT_EQ(DialogPanels(preferences).chooseDestination({u"T"_s, u"Modele.xlsx"_s, u"xlsx"_s}),
+              folder.filePath(u"autre.xlsx"_s));
+}
+
+} // namespace
