@@ -28,8 +28,7 @@ AppearanceKeeper::AppearanceKeeper(std::optional<bool> dark)
 
 void AppearanceKeeper::follow(ColorScheme scheme) const
 {
-    const bool dark =
-        scheme == ColorScheme::Unknown ? m_startedDark : scheme == ColorScheme::Dark;
+    const bool dark = scheme == ColorScheme::Unknown ? m_startedDark : scheme == ColorScheme::Dark;
     applyTheme(appearance(dark));
 }
 

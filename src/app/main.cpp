@@ -7,6 +7,7 @@
 #include "platform/qt/main_window.h"
 #include "platform/qt/single_instance.h"
 #include "resources/resources.h"
+#include "tour/demonstration.h"
 #include "tour/tour.h"
 #include "ui/sheets/about_view.h"
 #include "ui/window/content_view.h"
@@ -84,15 +85,14 @@ int run(const StartOptions &options)
     }
     const AppearanceKeeper appearance(options.darkAppearance);
     ContentView window(application.store(), application.switches(), application.platform());
-    if (options.demonstration)
-        window.showBanner(u"Démonstration : contacts fictifs, rien ne quitte cet ordinateur. Les "
-                          "messages sont classés dans « %1 »."_s.arg(
-                              static_cast<DemoDesktop &>(*desktop).outboxFolder()));
+    if (const QString notice = desktop->notice(); !notice.isEmpty())
+        window.showBanner(notice);
     window.show();
     if (options.tourFolder)
-        return Tour(window, application.store(), application.switches(), *options.tourFolder).run();
+        return Tour(window, application.store(), application.switches(), application.platform())
+            .run(*options.tourFolder);
     if (options.demonstration)
-        window.welcome();
+        importDemonstration(window, application.store(), application.platform());
     return QApplication::exec();
 }
 

@@ -18,4 +18,10 @@ QString DemoDesktop::standardFolder()
            u"/Quenoria v.7.29 (démonstration)"_s;
 }
 
+QString DemoDesktop::notice() const
+{
+    return u"Démonstration : contacts fictifs, rien ne quitte cet ordinateur. Les messages sont "
+           "classés dans « %1 »."_s.arg(outboxFolder());
+}
+
 } // namespace quenoria

@@ -18,6 +18,8 @@ public:
 
     [[nodiscard]] QString outboxFolder() const { return m_outbox.folder(); }
 
+    [[nodiscard]] QString notice() const override;
+
     [[nodiscard]] MessagesTransport &messages() override { return m_messages; }
     [[nodiscard]] MailTransport &mail() override { return m_mail; }
     [[nodiscard]] Workspace &workspace() override { return m_workspace; }

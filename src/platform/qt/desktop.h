@@ -25,6 +25,9 @@ public:
     [[nodiscard]] virtual Workspace &workspace() = 0;
     [[nodiscard]] virtual SharingServices &sharing() = 0;
 
+    /// What the window must tell the user about this desktop all the time; empty for a real one.
+    [[nodiscard]] virtual QString notice() const { return {}; }
+
     /// Every service, with the host that runs the scripts.
     [[nodiscard]] Platform platform(ScriptHost &scripts);
 

@@ -1,0 +1,28 @@
+#include "tour/demonstration.h"
+
+#include "store/prospect_store.h"
+#include "ui/window/content_view.h"
+
+#include <QDir>
+#include <QSaveFile>
+
+using namespace Qt::StringLiterals;
+
+namespace quenoria {
+
+void importDemonstration(ContentView &window, const ProspectStore &store, const Platform &platform)
+{
+    const auto workbook = platform.resources.read(u"Contacts_Demonstration"_s, u"xlsx"_s);
+    if (!workbook || !store.customProspects().empty())
+        return;
+    QSaveFile copy(QDir(platform.folders.data()).filePath(u"Contacts_Demonstration.xlsx"_s));
+    if (!copy.open(QIODevice::WriteOnly) || copy.write(*workbook) != workbook->size() ||
+        !copy.commit()) {
+        platform.log.write(u"Le classeur de démonstration n’a pas pu être écrit : "_s +
+                           copy.errorString());
+        return;
+    }
+    window.importWorkbook(copy.fileName());
+}
+
+} // namespace quenoria

@@ -1,0 +1,77 @@
+#include "tour/visits.h"
+
+#include "ui/window/content_view.h"
+
+using namespace Qt::StringLiterals;
+
+namespace quenoria {
+
+namespace {
+
+void lookAt(Guide &guide, const QString &command, const QString &picture)
+{
+    guide.press(command);
+    guide.untilSheetIsOpen();
+    guide.picture(picture);
+    guide.closeSheet();
+}
+
+void addContact(Guide &guide)
+{
+    guide.press(u"Ajouter un contact"_s);
+    guide.untilSheetIsOpen();
+    guide.type(u"Nom de l’entreprise ou du contact"_s, u"Menuiserie Arzel"_s);
+    guide.type(u"Numéro de téléphone"_s, u"06 39 98 77 10"_s);
+    guide.type(u"Adresse e-mail"_s, u"menuiserie-arzel@example.org"_s);
+    guide.type(u"Métier"_s, u"Menuisier"_s);
+    guide.picture(u"ajouter-contact"_s);
+    guide.press(u"Ajouter"_s);
+    guide.untilSheetIsClosed();
+    guide.say(u"Un contact ajouté à la main."_s);
+}
+
+void tryMessage(Guide &guide)
+{
+    guide.press(u"Tester un message"_s);
+    guide.untilSheetIsOpen();
+    guide.picture(u"tester"_s);
+    guide.press(u"Préparer le SMS de test"_s);
+    guide.untilSheetIsClosed();
+    guide.say(u"Un SMS de test préparé, hors du suivi."_s);
+}
+
+void editContact(Guide &guide, ContentView &window)
+{
+    guide.goTo(u"MENUISERIE ARZEL"_s, u"Contact"_s);
+    window.editCurrentContact();
+    guide.untilSheetIsOpen();
+    guide.picture(u"modifier-contact"_s);
+    guide.closeSheet();
+}
+
+} // namespace
+
+void visitImport(Guide &guide)
+{
+    guide.untilSheetIsOpen();
+    guide.picture(u"import-termine"_s);
+    guide.press(u"OK"_s);
+    guide.untilSheetIsClosed();
+    guide.picture(u"fenetre"_s);
+    guide.say(u"Le classeur de démonstration est importé."_s);
+}
+
+void visitSheets(Guide &guide, ContentView &window)
+{
+    addContact(guide);
+    editContact(guide, window);
+    tryMessage(guide);
+    lookAt(guide, u"Départements"_s, u"departements"_s);
+    lookAt(guide, u"Format Excel attendu"_s, u"format-excel"_s);
+    lookAt(guide, u"Gérer les SMS"_s, u"modeles-sms"_s);
+    lookAt(guide, u"Gérer les e-mails"_s, u"modeles-emails"_s);
+    lookAt(guide, u"À propos"_s, u"a-propos"_s);
+    guide.say(u"Chaque feuille a été ouverte."_s);
+}
+
+} // namespace quenoria
