@@ -60,7 +60,7 @@ constexpr qsizetype usualLength = 1325;
 
 QString messagingHandle(const QString &phone)
 {
-    const QString digits = normalizePhone(phone);
+    QString digits = normalizePhone(phone);
     if (digits.startsWith(u'0'))
         return u"+33"_s + digits.mid(1);
     if (digits.startsWith(u"33"_s))

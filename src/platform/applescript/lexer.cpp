@@ -73,7 +73,7 @@ private:
     {
         const auto end = std::find_if_not(m_rest.begin(), m_rest.end(), belongs);
         const auto length = end - m_rest.begin();
-        const QString taken = m_rest.first(length).toString();
+        QString taken = m_rest.first(length).toString();
         m_rest = m_rest.mid(length);
         return taken;
     }

@@ -341,7 +341,7 @@ Expression Parser::make()
     do {
         QString label = words();
         expectSymbol(u":");
-        make.properties.emplace_back(std::move(label), expression());
+        make.properties.push_back({std::move(label), expression()});
     } while (acceptSymbol(u","));
     expectSymbol(u"}");
     if (make.place.isEmpty() && accept(u"at"))

@@ -7,6 +7,7 @@
 namespace quenoria::applescript {
 
 struct Expression;
+struct Property;
 using ExpressionRef = std::unique_ptr<Expression>;
 
 struct Literal {
@@ -43,7 +44,7 @@ struct FileAlias {
 struct Make {
     QString element;
     QString place;
-    std::vector<std::pair<QString, Expression>> properties;
+    std::vector<Property> properties;
 };
 
 /// `a & b & c`: flat, since a text of many lines is joined from as many pieces.
@@ -67,6 +68,12 @@ struct Expression {
     std::variant<Literal, Name, Application, FirstService, Buddy, FileAlias, Make, Concatenation,
                  Comparison, Conjunction>
         node;
+};
+
+/// `label:value`
+struct Property {
+    QString label;
+    Expression value;
 };
 
 struct Statement;

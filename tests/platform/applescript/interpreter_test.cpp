@@ -1,7 +1,4 @@
-#include "platform/applescript/apple_script_host.h"
-#include "platform/applescript/mail_application.h"
-#include "platform/applescript/messages_application.h"
-#include "support/recording_transports.h"
+#include "support/interpreted_scripts.h"
 
 #include <gtest/gtest.h>
 
@@ -11,17 +8,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-struct Desk {
-    RecordingMessages transport;
-    RecordingMail post;
-    MessagesApplication messages{transport};
-    MailApplication mail{post};
-    AppleScriptHost host{{&messages, &mail}, [this](std::chrono::nanoseconds duration) {
-                             transport.carried << u"wait %1 ms"_s.arg(duration.count() / 1'000'000);
-                         }};
-
-    Desk() { transport.offered = {{MessagesService::SMS, {}}}; }
-
+struct Desk : InterpretedScripts {
     QString run(const QString &script)
     {
         const ScriptOutcome outcome = host.run(script);
@@ -54,23 +41,23 @@ TEST(Interpreter, ATextOutsideTheGrammarRunsNothingAtAll)
         u"make new thing with properties {a:1"_s,
         u"end tell"_s,
         u"activate activate"_s,
-        u"if true then "_s.repeated(100'000) + u"activate"_s,
-        u"try\n"_s.repeated(100'000) + u"end try\n"_s.repeated(100'000),
-        u"set a to "_s + u"buddy "_s.repeated(100'000),
-        u"make new a with properties {b:"_s.repeated(100'000),
+        u"if true then "_s.repeated(20'000) + u"activate"_s,
+        u"try\n"_s.repeated(20'000) + u"end try\n"_s.repeated(20'000),
+        u"set a to "_s + u"buddy "_s.repeated(20'000),
+        u"make new a with properties {b:"_s.repeated(20'000),
     };
     for (const QString &text : refused) {
         Desk desk;
         EXPECT_EQ(desk.run(sendOne + text), u"not created"_s) << text.left(60).toStdString();
-        EXPECT_EQ(desk.transport.carried, QStringList());
+        EXPECT_EQ(desk.messages.carried, QStringList());
     }
     EXPECT_EQ(Desk().run(sendOne), u"done"_s) << "else the above proves nothing";
 }
 
 struct Run {
     const char *script;
-    const char *outcome;
-    QStringList carried;
+    QString outcome = u"done"_s;
+    QStringList carried = {};
 };
 
 class Scripts : public testing::TestWithParam<Run> {};
@@ -79,66 +66,46 @@ TEST_P(Scripts, EndAsWritten)
 {
     Desk desk;
     const QString script = u"tell application \"Messages\"\n"
-                           "set b to buddy \"1\" of first service whose service type is SMS\n"_s +
-                           QString::fromUtf8(GetParam().script) + u"\nend tell"_s;
-    EXPECT_EQ(desk.run(script), QString::fromUtf8(GetParam().outcome));
-    EXPECT_EQ(desk.transport.carried, GetParam().carried);
+                           "set b to buddy \"1\" of first service whose service type is SMS\n"
+                           "%1\nend tell"_s.arg(QString::fromUtf8(GetParam().script));
+    EXPECT_EQ(desk.run(script), GetParam().outcome);
+    EXPECT_EQ(desk.messages.carried, GetParam().carried);
+    EXPECT_TRUE(desk.mail.shown.empty()) << "only visible messages are";
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    All, Scripts,
-    testing::Values(
-        Run{"send \"a\" & return & \"\\\"\\\\\" & \"\" to b", "done", {u"SMS 1 a\n\"\\"_s}},
-        Run{"send \"two\nlines\" to b", "done", {u"SMS 1 two\nlines"_s}},
-        Run{"delay 0.5\ndelay 2", "done", {u"wait 500 ms"_s, u"wait 2000 ms"_s}},
-        Run{"delay 9999999999999999999999", "done", {u"wait 3600000 ms"_s}},
-        Run{"if b is missing value then\nsend \"x\" to b\nelse\nsend \"y\" to b\nend if",
-            "done",
-            {u"SMS 1 y"_s}},
-        Run{"if b is not missing value and 1 is 1 then send \"x\" to b", "done", {u"SMS 1 x"_s}},
-        Run{"if false and unknown then send \"x\" to b", "done", {}},
-        Run{"try\nerror \"e\" number 5\non error m number n\nif n is 5 then send m to b\nend try",
-            "done",
-            {u"SMS 1 e"_s}},
-        Run{"try\nerror \"a\"\non error m\nerror m & \"b\"\nend try", "ab", {}},
-        Run{"try\ntell b\nerror \"x\"\nend tell\nend try\nsend \"same target\" to b",
-            "done",
-            {u"SMS 1 same target"_s}},
-        Run{"try\nerror number 5\nend try\nerror", "no message", {}}, Run{"error \"é\"", "é", {}},
-        Run{"send c to b", "La variable « c » n’est pas définie.", {}},
-        Run{"send \"x\" to \"1\"", "Une valeur n’a pas le type attendu.", {}},
-        Run{"send b to b", "Une valeur n’a pas le type attendu.", {}},
-        Run{"activate", "La commande « activate » n’est pas comprise ici.", {}},
-        Run{"first service whose service type is RCS", "not created", {}},
-        Run{"set r to first service whose service type is RCS",
-            "Messages n’a pas de service RCS.",
-            {}},
-        Run{"set f to POSIX file \"/no/such\" as alias",
-            "Le fichier « /no/such » est introuvable.",
-            {}},
-        Run{"tell application \"Finder\"\nend tell",
-            "L’application « Finder » est introuvable.",
-            {}}));
-
-TEST(Interpreter, MailKeepsADraftForTheUserAndSendsTheRest)
-{
-    const QString script = u"tell application \"Mail\"\n"
-                           "set m to make new outgoing message with properties "
-                           "{visible:%1, subject:\"s\", content:\"a\" & return & \"b\"}\n"
-                           "tell m\nmake new to recipient at end of to recipients "
-                           "with properties {address:\"a@example.org\"}\n"
-                           "end tell\n%2\nend tell"_s;
-    Desk desk;
-    EXPECT_EQ(desk.run(script.arg(u"true"_s, u"activate"_s)), u"done"_s);
-    EXPECT_EQ(desk.run(script.arg(u"false"_s, u"activate"_s)), u"done"_s) << "an unseen one stays";
-    ASSERT_EQ(desk.post.shown.size(), 1U);
-    EXPECT_EQ(desk.post.shown.front().content, u"a\nb"_s);
-    EXPECT_TRUE(desk.post.sent.empty());
-    desk.post.answer = TransportFailure{u"550"_s};
-    EXPECT_EQ(desk.run(script.arg(u"false"_s, u"send m"_s)), u"550"_s);
-    EXPECT_EQ(desk.post.sent.front().recipients, QStringList{u"a@example.org"_s});
-    EXPECT_EQ(desk.run(script.arg(u"false"_s, u"make new sheet with properties {a:1}"_s)),
-              u"La commande « make new sheet » n’est pas comprise ici."_s);
-}
+const QString wrongType = u"Une valeur n’a pas le type attendu."_s;
+const Run runs[] = {
+    {R"(send "a" & return & "\"\\" & "" to b)", u"done"_s, {u"SMS 1 a\n\"\\"_s}},
+    {"send \"two\nlines\" to b", u"done"_s, {u"SMS 1 two\nlines"_s}},
+    {"delay 0.5\n\n  \ndelay 2", u"done"_s, {u"wait 500 ms"_s, u"wait 2000 ms"_s}},
+    {"delay 9999999999999999999999", u"done"_s, {u"wait 3600000 ms"_s}},
+    {"if b is missing value then\nsend \"x\" to b\nelse\nsend \"y\" to b\nend if",
+     u"done"_s,
+     {u"SMS 1 y"_s}},
+    {"if b is not missing value and 1 is 1 then send \"x\" to b", u"done"_s, {u"SMS 1 x"_s}},
+    {"if false and unknown then send \"x\" to b"},
+    {"try\nerror \"e\" number 5\non error m number n\nif n is 5 then send m to b\nend try",
+     u"done"_s,
+     {u"SMS 1 e"_s}},
+    {"try\nerror \"a\"\non error m\nerror m & \"b\"\nend try", u"ab"_s},
+    {"try\ntell b\nerror \"x\"\nend tell\nend try\nsend \"outer\" to b",
+     u"done"_s,
+     {u"SMS 1 outer"_s}},
+    {"try\nerror number 5\nend try\nerror", u"no message"_s},
+    {"send c to b", u"La variable « c » n’est pas définie."_s},
+    {"send \"x\" to \"1\"", wrongType},
+    {"activate", u"La commande « activate » n’est pas comprise ici."_s},
+    {"set r to first service whose service type is RCS", u"Messages n’a pas de service RCS."_s},
+    {"set f to POSIX file \"/no/such\" as alias", u"Le fichier « /no/such » est introuvable."_s},
+    {"tell application \"Mail\"\nmake new outgoing message with properties "
+     "{visible:false, subject:\"\", content:\"\"}\nactivate\nend tell"},
+    {"tell application \"Mail\"\nmake new outgoing message with properties {visible:true}\nend "
+     "tell",
+     u"La propriété « subject » manque."_s},
+    {"tell application \"Mail\"\nmake new sheet with properties {a:1}\nend tell",
+     u"La commande « make new sheet » n’est pas comprise ici."_s},
+    {"tell application \"Finder\"\nend tell", u"L’application « Finder » est introuvable."_s},
+};
+INSTANTIATE_TEST_SUITE_P(All, Scripts, testing::ValuesIn(runs));
 
 } // namespace

@@ -1,7 +1,8 @@
 #pragma once
 
-#include "platform/applescript/mail_transport.h"
-#include "platform/applescript/messages_transport.h"
+#include "platform/applescript/apple_script_host.h"
+#include "platform/applescript/mail_application.h"
+#include "platform/applescript/messages_application.h"
 #include "support/readable.h"
 
 #include <map>
@@ -9,9 +10,9 @@
 
 namespace quenoria::test {
 
-/// Keeps what it was asked to carry, one line each, and refuses the services that a test names.
+/// Keeps what it was asked to carry, one line each, and answers as each offered service does.
 struct RecordingMessages : MessagesTransport {
-    std::map<MessagesService, TransportResult> offered; ///< with the answer of each service
+    std::map<MessagesService, TransportResult> offered{{MessagesService::SMS, {}}};
     QStringList carried;
 
     bool offers(MessagesService service) const override { return offered.count(service) != 0; }
@@ -50,6 +51,18 @@ struct RecordingMail : MailTransport {
         shown.push_back(message);
         return answer;
     }
+};
+
+/// The interpreter with both applications, down to their transports; waits are noted, not spent.
+struct InterpretedScripts {
+    RecordingMessages messages;
+    RecordingMail mail;
+    MessagesApplication messagesApplication{messages};
+    MailApplication mailApplication{mail};
+    AppleScriptHost host{
+        {&messagesApplication, &mailApplication}, [this](std::chrono::nanoseconds duration) {
+            messages.carried << QStringLiteral("wait %1 ms").arg(duration.count() / 1'000'000);
+        }};
 };
 
 } // namespace quenoria::test
