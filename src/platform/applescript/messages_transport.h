@@ -17,8 +17,8 @@ struct TransportFailure {
 /// Absent: the transport took it.
 using TransportResult = std::optional<TransportFailure>;
 
-/// What carries the messages that the Messages application is told to send. Called from the
-/// thread on which the script runs.
+/// What carries the messages that the Messages application is told to send; the lines of a text
+/// end with line feeds. Called from the thread on which the script runs.
 class MessagesTransport {
 public:
     virtual ~MessagesTransport() = default;
