@@ -36,9 +36,8 @@ ContactTableView::ContactTableView(ContactTableModel &model, QWidget *parent)
     verticalHeader()->hide();
     verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     verticalHeader()->setDefaultSectionSize(CellLayout::rowHeight(font()));
-    for (int column = 0; column < model.columnCount(); ++column)
-        setColumnWidth(column, contactColumns()[std::size_t(column)].width);
     followHeader();
+    resetColumnWidths();
     connect(&model, &ContactTableModel::modelAboutToBeReset, this, &ContactTableView::keepPlace);
     connect(&model, &ContactTableModel::modelReset, this, &ContactTableView::returnToPlace);
 }
@@ -118,6 +117,12 @@ void ContactTableView::setColumnWidths(const QString &widths)
         if (const int width = kept[column].toInt(); width > 0)
             setColumnWidth(column, width);
     }
+}
+
+void ContactTableView::resetColumnWidths()
+{
+    for (int column = 0; column < m_model.columnCount(); ++column)
+        setColumnWidth(column, contactColumns()[std::size_t(column)].width);
 }
 
 void ContactTableView::resizeEvent(QResizeEvent *event)

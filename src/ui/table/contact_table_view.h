@@ -23,6 +23,7 @@ public:
     // columns is ignored.
     QString columnWidths() const;
     void setColumnWidths(const QString &widths);
+    void resetColumnWidths();
 
 Q_SIGNALS:
     void editRequested(const QString &contactId);

@@ -1,0 +1,24 @@
+#pragma once
+
+#include <QString>
+
+#include <functional>
+
+class QWidget;
+
+namespace quenoria {
+
+/// Tells the user something over the window: a title, a message and "OK".
+void showAlert(QWidget *window, const QString &title, const QString &message);
+
+/// What must be asked before it is done, since it cannot be undone.
+struct Destruction {
+    QString title;
+    QString message;
+    QString action; ///< text of the button that does it
+};
+
+/// Asks over the window, and acts when the user insists. Escape and "Annuler" do nothing.
+void confirm(QWidget *window, const Destruction &destruction, const std::function<void()> &act);
+
+} // namespace quenoria

@@ -1,0 +1,113 @@
+#include "ui/window/command_actions.h"
+
+#include "ui/kit/switches.h"
+#include "ui/kit/symbol.h"
+#include "ui/window/content_view.h"
+
+#include <QAction>
+#include <QMenuBar>
+
+#include <array>
+
+using namespace Qt::StringLiterals;
+
+namespace quenoria {
+
+namespace {
+
+struct SwitchDescriptor {
+    const char16_t *text;
+    const char16_t *help;
+    bool (Switches::*isOn)() const;
+    void (Switches::*set)(bool);
+};
+
+constexpr std::array switchDescriptors{
+    SwitchDescriptor{u"Automatiser envoi SMS",
+                     u"Prépare et envoie automatiquement les SMS dans Messages, puis enregistre le "
+                     "suivi.",
+                     &Switches::autoValidateSMS, &Switches::setAutoValidateSMS},
+    SwitchDescriptor{u"Forfait Free Pro",
+                     u"Coché : pas de limite appliquée par l’application. Décoché : 250 "
+                     "destinataires SMS distincts maximum par mois.",
+                     &Switches::freeProPlan, &Switches::setFreeProPlan},
+    SwitchDescriptor{
+        u"Automatiser envoi e-mail",
+        u"Envoie automatiquement les e-mails dans Apple Mail, puis enregistre le suivi.",
+        &Switches::autoValidateEmail, &Switches::setAutoValidateEmail},
+};
+
+} // namespace
+
+CommandActions::CommandActions(ContentView &window, Switches &switches)
+{
+    for (const Command &command : windowCommands())
+        m_commands << makeAction(command, window);
+    makeSwitches(window, switches);
+}
+
+QAction *CommandActions::makeAction(const Command &command, ContentView &window)
+{
+    auto *action = new QAction(QString::fromUtf16(command.text), &window);
+    if (const QString name = QString::fromUtf16(command.symbol); !name.isEmpty())
+        action->setIcon(symbol(name));
+    action->setShortcut(QKeySequence(QString::fromUtf16(command.shortcut)));
+    action->setMenuRole(QAction::NoRole);
+    QObject::connect(action, &QAction::triggered, &window, command.run);
+    return action;
+}
+
+void CommandActions::makeSwitches(ContentView &window, Switches &switches)
+{
+    for (const SwitchDescriptor &descriptor : switchDescriptors) {
+        auto *action = new QAction(QString::fromUtf16(descriptor.text), &window);
+        action->setToolTip(QString::fromUtf16(descriptor.help));
+        action->setCheckable(true);
+        const auto show = [action, &switches, descriptor] {
+            action->setChecked((switches.*descriptor.isOn)());
+        };
+        show();
+        QObject::connect(&switches, &Switches::changed, action, show);
+        QObject::connect(action, &QAction::toggled, &switches, descriptor.set);
+        m_switches << action;
+    }
+}
+
+QList<QAction *> CommandActions::buttons(ButtonPlace place) const
+{
+    QList<QAction *> placed;
+    const auto commands = windowCommands();
+    for (std::size_t each = 0; each < commands.size(); ++each) {
+        if (commands[each].button == place)
+            placed << m_commands[qsizetype(each)];
+    }
+    return placed;
+}
+
+void CommandActions::fillMenuBar(QMenuBar &bar) const
+{
+    for (const MenuPlace place :
+         {MenuPlace::file, MenuPlace::edit, MenuPlace::send, MenuPlace::window, MenuPlace::help})
+        bar.addMenu(menuTitle(place))->menuAction()->setData(int(place));
+    const auto commands = windowCommands();
+    for (std::size_t each = 0; each < commands.size(); ++each) {
+        QMenu *menu = bar.actions()[qsizetype(commands[each].menu)]->menu();
+        if (commands[each].startsGroup)
+            menu->addSeparator();
+        menu->addAction(m_commands[qsizetype(each)]);
+    }
+    QMenu *send = bar.actions()[qsizetype(MenuPlace::send)]->menu();
+    send->addSeparator();
+    send->addActions(m_switches);
+}
+
+void CommandActions::showTexts(const HeaderTexts &texts)
+{
+    const auto commands = windowCommands();
+    for (std::size_t each = 0; each < commands.size(); ++each) {
+        if (commands[each].countedText)
+            m_commands[qsizetype(each)]->setText(texts.*commands[each].countedText);
+    }
+}
+
+} // namespace quenoria

@@ -1,0 +1,35 @@
+#pragma once
+
+#include "ui/window/commands.h"
+
+#include <QList>
+
+class QAction;
+class QMenu;
+class QMenuBar;
+
+namespace quenoria {
+
+class Switches;
+
+/// The actions of the window: its commands and the three switches, and the menus that hold them.
+class CommandActions {
+public:
+    CommandActions(ContentView &window, Switches &switches);
+
+    QList<QAction *> buttons(ButtonPlace place) const;
+    const QList<QAction *> &switches() const { return m_switches; }
+    void fillMenuBar(QMenuBar &bar) const;
+
+    /// Gives the commands that count something their current texts.
+    void showTexts(const HeaderTexts &texts);
+
+private:
+    QAction *makeAction(const Command &command, ContentView &window);
+    void makeSwitches(ContentView &window, Switches &switches);
+
+    QList<QAction *> m_commands; ///< in the order of windowCommands()
+    QList<QAction *> m_switches;
+};
+
+} // namespace quenoria

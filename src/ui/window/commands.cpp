@@ -1,0 +1,60 @@
+#include "ui/window/commands.h"
+
+#include "ui/window/content_view.h"
+
+#include <array>
+
+using namespace Qt::StringLiterals;
+
+namespace quenoria {
+
+namespace {
+
+using enum MenuPlace;
+constexpr auto header = ButtonPlace::commands;
+constexpr auto queues = ButtonPlace::queues;
+constexpr auto none = ButtonPlace::none;
+
+constexpr std::array commands{
+    Command{u"Ajouter un contact", u"plus.circle.fill", u"Ctrl+N", file, header,
+            &ContentView::addContact},
+    Command{u"Importer Excel", u"tablecells.badge.ellipsis", u"Ctrl+I", file, header,
+            &ContentView::importExcelFile},
+    Command{u"Format Excel attendu", u"questionmark.circle", u"F1", help, header,
+            &ContentView::showImportHelp},
+    Command{u"Modifier le contact", u"", u"", edit, none, &ContentView::editCurrentContact},
+    Command{u"Rechercher", u"", u"Ctrl+F", edit, none, &ContentView::startSearch, nullptr, true},
+    Command{u"Départements", u"map", u"Ctrl+D", edit, header, &ContentView::manageDepartments,
+            nullptr, true},
+    Command{u"Préparer les SMS", u"", u"Ctrl+Shift+S", send, queues, &ContentView::openSMSQueue,
+            &HeaderTexts::smsQueue},
+    Command{u"Préparer les e-mails", u"", u"Ctrl+Shift+E", send, queues,
+            &ContentView::openEmailQueue, &HeaderTexts::emailQueue},
+    Command{u"Gérer les SMS", u"text.bubble.fill", u"", send, header, &ContentView::manageMessages,
+            nullptr, true},
+    Command{u"Gérer les e-mails", u"envelope.fill", u"", send, header,
+            &ContentView::manageEmailMessages},
+    Command{u"Tester un message", u"paperplane.fill", u"Ctrl+T", send, header,
+            &ContentView::testMessage},
+    Command{u"Supprimer les contacts cochés", u"trash", u"Del", edit, queues,
+            &ContentView::deleteTickedContacts, &HeaderTexts::deletion},
+    Command{u"Réduire", u"", u"Ctrl+M", window, none, &ContentView::showMinimized},
+    Command{u"Plein écran", u"", u"F11", window, none, &ContentView::toggleFullScreen},
+    Command{u"Largeurs de colonnes d’origine", u"", u"", window, none,
+            &ContentView::resetColumnWidths, nullptr, true},
+    Command{u"À propos", u"info.circle", u"", help, header, &ContentView::showAbout, nullptr, true},
+    Command{u"Quitter l’application", u"power", u"Ctrl+Q", file, header, &ContentView::quit,
+            nullptr, true},
+};
+
+} // namespace
+
+std::span<const Command> windowCommands() { return commands; }
+
+QString menuTitle(MenuPlace menu)
+{
+    static constexpr std::array titles{u"&Fichier", u"É&dition", u"En&vois", u"Fe&nêtre", u"&Aide"};
+    return QString::fromUtf16(titles[std::size_t(menu)]);
+}
+
+} // namespace quenoria

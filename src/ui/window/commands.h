@@ -1,0 +1,33 @@
+#pragma once
+
+#include "ui/window/header_texts.h"
+
+#include <span>
+
+namespace quenoria {
+
+class ContentView;
+
+/// The menus of the menu bar, in its order.
+enum class MenuPlace { file, edit, send, window, help };
+
+/// Where a command has a button of its own.
+enum class ButtonPlace { none, commands, queues };
+
+/// One command of the window: the menu bar, the header and the shortcuts read it.
+struct Command {
+    const char16_t *text;
+    const char16_t *symbol;   ///< drawing, possibly empty
+    const char16_t *shortcut; ///< in the toolkit's portable form, possibly empty
+    MenuPlace menu;
+    ButtonPlace button;
+    void (ContentView::*run)();
+    QString HeaderTexts::*countedText = nullptr; ///< takes the place of the text
+    bool startsGroup = false;                    ///< in its menu
+};
+
+[[nodiscard]] std::span<const Command> windowCommands();
+
+[[nodiscard]] QString menuTitle(MenuPlace menu);
+
+} // namespace quenoria

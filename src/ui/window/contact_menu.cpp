@@ -1,0 +1,53 @@
+#include "ui/window/contact_menu.h"
+
+#include "ui/table/contact_table_model.h"
+
+#include <QMenu>
+
+using namespace Qt::StringLiterals;
+
+namespace quenoria {
+
+ContactMenu::ContactMenu(ContactTableModel &model, const QString &contactId)
+    : m_model(model), m_contactId(contactId), m_row(model.contacts().rowOf(contactId))
+{
+}
+
+void ContactMenu::fill(QMenu &menu) const
+{
+    if (m_row == ContactList::none)
+        return;
+    menu.addAction(u"Modifier le contact\tEntrée"_s, edit);
+    menu.addSeparator();
+    addButtons(menu);
+    menu.addSeparator();
+    addTicks(menu);
+}
+
+void ContactMenu::addButtons(QMenu &menu) const
+{
+    for (int column = 0; column < m_model.columnCount(); ++column) {
+        const QModelIndex cell = m_model.index(m_row, column);
+        for (const CellButton &button : cell.data(ButtonsRole).value<CellButtons>())
+            menu.addAction(button.name, [act = act, action = button.action] { act(action); });
+    }
+}
+
+void ContactMenu::addTicks(QMenu &menu) const
+{
+    for (int column = 0; column < m_model.columnCount(); ++column) {
+        const QPersistentModelIndex cell = m_model.index(m_row, column);
+        const QVariant state = cell.data(Qt::CheckStateRole);
+        if (!state.isValid())
+            continue;
+        QAction *tick = menu.addAction(m_model.headerData(column, Qt::Horizontal).toString());
+        tick->setCheckable(true);
+        tick->setChecked(state.toInt() == Qt::Checked);
+        tick->setEnabled(cell.flags() & Qt::ItemIsUserCheckable);
+        QObject::connect(tick, &QAction::toggled, &m_model, [&model = m_model, cell](bool on) {
+            model.setData(cell, on ? Qt::Checked : Qt::Unchecked, Qt::CheckStateRole);
+        });
+    }
+}
+
+} // namespace quenoria

@@ -1,0 +1,222 @@
+#include "ui/window/content_view.h"
+
+#include "ui/kit/labels.h"
+#include "ui/kit/switches.h"
+#include "ui/table/contact_table_view.h"
+#include "ui/window/alert.h"
+#include "ui/window/contact_menu.h"
+#include "ui/window/farewell.h"
+#include "ui/window/row_actions.h"
+#include "ui/window/table_pages.h"
+#include "ui/window/window_header.h"
+#include "ui/window/workbook_import.h"
+
+#include <QCloseEvent>
+#include <QDragEnterEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenuBar>
+#include <QMimeData>
+#include <QStatusBar>
+#include <QVBoxLayout>
+
+using namespace Qt::StringLiterals;
+
+namespace quenoria {
+
+namespace {
+
+const QString geometryKey = u"FenetrePrincipaleGeometrie"_s;
+const QString widthsKey = u"FenetrePrincipaleColonnes"_s;
+constexpr QSize firstSize{1280, 800};
+constexpr int outcomeDuration = 6000; ///< milliseconds
+
+/// The one workbook among what is dragged over the window, if it is one.
+std::optional<QString> workbookIn(const QMimeData *dragged)
+{
+    const QList<QUrl> urls = dragged->urls();
+    if (urls.size() != 1 || !urls.first().toLocalFile().endsWith(u".xlsx"_s, Qt::CaseInsensitive))
+        return std::nullopt;
+    return urls.first().toLocalFile();
+}
+
+} // namespace
+
+ContentView::ContentView(ProspectStore &store, Switches &switches, const Platform &platform,
+                         QWidget *parent)
+    : QMainWindow(parent), m_store(store), m_switches(switches), m_platform(platform),
+      m_model(store, switches, platform.clock), m_commands(*this, switches),
+      m_rows(new RowActions(store, switches, this)),
+      m_import(new WorkbookImport(store, platform.panels, this)),
+      m_farewell(new Farewell(store, *m_rows, this)),
+      m_header(new WindowHeader(m_commands.buttons(ButtonPlace::commands),
+                                m_commands.buttons(ButtonPlace::queues), m_commands.switches())),
+      m_table(new ContactTableView(m_model)), m_pages(new TablePages(m_table)),
+      m_column(new QVBoxLayout)
+{
+    build();
+    m_commands.fillMenuBar(*menuBar());
+    addKeyboardMenus();
+    followModel();
+    followTable();
+    followRowActions();
+    restoreLayout();
+    refresh();
+}
+
+void ContentView::build()
+{
+    setWindowTitle(u"Quenoria"_s);
+    setAcceptDrops(true);
+    m_column->setContentsMargins({});
+    m_column->setSpacing(0);
+    m_column->addWidget(m_header);
+    m_column->addWidget(m_pages, 1);
+    auto *centre = new QWidget;
+    centre->setLayout(m_column);
+    setCentralWidget(centre);
+    statusBar()->setSizeGripEnabled(false);
+    statusBar()->hide();
+}
+
+/// What the table offers by its headers and cells, for the keyboard.
+void ContentView::addKeyboardMenus()
+{
+    QMenu *edit = menuBar()->actions()[qsizetype(MenuPlace::edit)]->menu();
+    QMenu *contact = edit->addMenu(u"Contact"_s);
+    connect(contact, &QMenu::aboutToShow, this, [this, contact] {
+        contact->clear();
+        if (const Prospect *current = m_table->currentContact())
+            fillContactMenu(*contact, current->id);
+    });
+    QMenu *sort = edit->addMenu(u"Trier par"_s);
+    for (const ContactColumn &column : contactColumns()) {
+        if (column.sort)
+            sort->addAction(QString::fromUtf16(column.header), this,
+                            [this, by = *column.sort] { m_model.toggleSort(columnOf(by)); });
+    }
+}
+
+void ContentView::followModel()
+{
+    connect(&m_model, &ContactTableModel::changed, this, &ContentView::refresh);
+    connect(&m_switches, &Switches::changed, this, &ContentView::refresh);
+    connect(&m_store, &ProspectStore::published, this, [this](Collection collection) {
+        if (collection == Collection::smsMonthlyRecipientsByMonth)
+            refresh();
+    });
+    connect(m_header->searchField(), &QLineEdit::textChanged, &m_model,
+            &ContactTableModel::setSearchText);
+    connect(m_header->searchField(), &QLineEdit::returnPressed, m_table,
+            qOverload<>(&QWidget::setFocus));
+}
+
+void ContentView::followTable()
+{
+    connect(m_table, &ContactTableView::editRequested, this, &ContentView::editContact);
+    connect(m_table, &ContactTableView::actionRequested, m_rows, &RowActions::perform);
+    connect(m_table, &ContactTableView::menuRequested, this,
+            [this](const QString &id, const QPoint &position) {
+                auto *menu = new QMenu(this);
+                menu->setAttribute(Qt::WA_DeleteOnClose);
+                fillContactMenu(*menu, id);
+                menu->popup(position);
+            });
+}
+
+void ContentView::followRowActions()
+{
+    const auto alert = [this](const QString &title, const QString &message) {
+        showAlert(this, title, message);
+    };
+    const auto tell = [this](const QString &text, int duration) {
+        statusBar()->show();
+        statusBar()->showMessage(text, duration);
+    };
+    connect(m_rows, &RowActions::failed, this, alert);
+    connect(m_rows, &RowActions::failed, statusBar(), &QStatusBar::clearMessage);
+    connect(m_rows, &RowActions::historyRequested, this, &ContentView::showHistory);
+    connect(m_rows, &RowActions::sendStarted, this,
+            [tell](const QString &label) { tell(u"Envoi en cours : %1…"_s.arg(label), 0); });
+    connect(m_rows, &RowActions::sent, this,
+            [tell](const QString &label) { tell(u"Envoyé : %1"_s.arg(label), outcomeDuration); });
+    connect(statusBar(), &QStatusBar::messageChanged, this,
+            [this](const QString &text) { statusBar()->setVisible(!text.isEmpty()); });
+    connect(m_import, &WorkbookImport::finished, this,
+            [alert](const ImportReport &report) { alert(report.title, report.message); });
+    connect(m_farewell, &Farewell::ready, this, &ContentView::quit, Qt::QueuedConnection);
+}
+
+void ContentView::refresh()
+{
+    const HeaderTexts texts = HeaderTexts::of(m_store, m_switches, m_model);
+    m_header->showTexts(texts);
+    m_commands.showTexts(texts);
+    m_pages->follow(m_model.contacts());
+}
+
+void ContentView::showBanner(const QString &text)
+{
+    QLabel *banner = makeLabel(text, TextStyle::footnote, Tint::onAccent);
+    banner->setBackgroundRole(QPalette::Highlight);
+    banner->setAutoFillBackground(true);
+    banner->setAlignment(Qt::AlignCenter);
+    banner->setMargin(6);
+    m_column->insertWidget(0, banner);
+}
+
+void ContentView::changeEvent(QEvent *event)
+{
+    QMainWindow::changeEvent(event);
+    if (event->type() == QEvent::ActivationChange && isActiveWindow())
+        m_model.lookForAttachments();
+}
+
+void ContentView::dragEnterEvent(QDragEnterEvent *event)
+{
+    if (workbookIn(event->mimeData()))
+        event->acceptProposedAction();
+}
+
+void ContentView::dropEvent(QDropEvent *event)
+{
+    if (const auto path = workbookIn(event->mimeData())) {
+        event->acceptProposedAction();
+        importWorkbook(*path);
+    }
+}
+
+void ContentView::closeEvent(QCloseEvent *event)
+{
+    if (!m_farewell->mayLeave()) {
+        event->ignore();
+        return;
+    }
+    saveLayout();
+    QMainWindow::closeEvent(event);
+}
+
+void ContentView::restoreLayout()
+{
+    const auto geometry = m_platform.preferences.text(geometryKey);
+    if (!geometry || !restoreGeometry(QByteArray::fromBase64(geometry->toLatin1())))
+        resize(firstSize);
+    if (const auto widths = m_platform.preferences.text(widthsKey))
+        m_table->setColumnWidths(*widths);
+}
+
+void ContentView::saveLayout()
+{
+    m_platform.preferences.setText(geometryKey, QString::fromLatin1(saveGeometry().toBase64()));
+    m_platform.preferences.setText(widthsKey, m_table->columnWidths());
+}
+
+void ContentView::fillContactMenu(QMenu &menu, const QString &id)
+{
+    ContactMenu contents(m_model, id);
+    contents.edit = [this, id] { editContact(id); };
+    contents.act = [this, id](RowAction action) { m_rows->perform(action, id); };
+    contents.fill(menu);
+}
+
+} // namespace quenoria

@@ -1,0 +1,87 @@
+#pragma once
+
+#include "platform/platform.h"
+#include "ui/table/contact_table_model.h"
+#include "ui/window/command_actions.h"
+
+#include <QMainWindow>
+
+class QVBoxLayout;
+
+namespace quenoria {
+
+class ContactTableView;
+class Farewell;
+class RowActions;
+class TablePages;
+class WindowHeader;
+class WorkbookImport;
+
+/// The application's window: the commands, and the table of all contacts.
+class ContentView : public QMainWindow {
+    Q_OBJECT
+
+public:
+    /// Store, switches and the platform's services outlive the window.
+    ContentView(ProspectStore &store, Switches &switches, const Platform &platform,
+                QWidget *parent = nullptr);
+
+    /// Shows a line above everything else, for good.
+    void showBanner(const QString &text);
+
+    void importWorkbook(const QString &path);
+
+    // The commands.
+    void addContact();
+    void importExcelFile();
+    void showImportHelp();
+    void manageDepartments();
+    void manageMessages();
+    void manageEmailMessages();
+    void testMessage();
+    void showAbout();
+    void quit();
+    void openSMSQueue();
+    void openEmailQueue();
+    void deleteTickedContacts();
+    void editCurrentContact();
+    void startSearch();
+    void toggleFullScreen();
+    void resetColumnWidths();
+
+protected:
+    void changeEvent(QEvent *event) override;
+    void closeEvent(QCloseEvent *event) override;
+    void dragEnterEvent(QDragEnterEvent *event) override;
+    void dropEvent(QDropEvent *event) override;
+
+private:
+    template <typename View, typename... Arguments>
+    void present(Arguments &&...arguments);
+    void build();
+    void addKeyboardMenus();
+    void followModel();
+    void followTable();
+    void followRowActions();
+    void refresh();
+    void restoreLayout();
+    void saveLayout();
+    void editContact(const QString &id);
+    void showHistory(const QString &id);
+    void fillContactMenu(QMenu &menu, const QString &id);
+
+    ProspectStore &m_store;
+    Switches &m_switches;
+    Platform m_platform;
+    ContactTableModel m_model;
+    CommandActions m_commands;
+    RowActions *m_rows;
+    WorkbookImport *m_import;
+    Farewell *m_farewell;
+    WindowHeader *m_header;
+    ContactTableView *m_table;
+    TablePages *m_pages;
+    QVBoxLayout *m_column;
+};
+
+} // namespace quenoria

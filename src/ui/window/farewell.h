@@ -1,0 +1,39 @@
+#pragma once
+
+#include <QObject>
+#include <QPointer>
+
+class QDialog;
+class QWidget;
+
+namespace quenoria {
+
+class ProspectStore;
+class RowActions;
+
+/// Lets the application end only once every message that left is recorded.
+class Farewell : public QObject {
+    Q_OBJECT
+
+public:
+    Farewell(const ProspectStore &store, RowActions &rows, QWidget *window);
+
+    /// Whether the window may close at once. If not, it says what it waits for and emits ready()
+    /// when the last send is recorded.
+    bool mayLeave();
+
+Q_SIGNALS:
+    void ready();
+
+private:
+    bool isSending() const;
+    void tell();
+    void look();
+
+    const ProspectStore &m_store;
+    RowActions &m_rows;
+    QWidget *m_window;
+    QPointer<QDialog> m_notice;
+};
+
+} // namespace quenoria

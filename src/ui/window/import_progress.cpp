@@ -1,0 +1,29 @@
+#include "ui/window/import_progress.h"
+
+#include "ui/kit/labels.h"
+
+#include <QBoxLayout>
+#include <QLabel>
+#include <QProgressBar>
+#include <QPushButton>
+
+using namespace Qt::StringLiterals;
+
+namespace quenoria {
+
+ImportProgress::ImportProgress(const QString &fileName, QWidget *parent)
+    : Sheet(u"Importer Excel"_s, {440, 150}, parent), m_bar(new QProgressBar)
+{
+    m_bar->setRange(0, steps);
+    m_bar->setTextVisible(false);
+    m_bar->setAccessibleName(u"Lecture du classeur"_s);
+    auto *stop = new QPushButton(u"Arrêter"_s);
+    connect(stop, &QPushButton::clicked, this, &Sheet::reject);
+    column()->addWidget(makeLabel(u"Lecture de « %1 »…"_s.arg(fileName), TextStyle::headline));
+    column()->addWidget(m_bar);
+    column()->addWidget(stop, 0, Qt::AlignRight);
+}
+
+void ImportProgress::setStep(int step) { m_bar->setValue(step); }
+
+} // namespace quenoria

@@ -1,0 +1,96 @@
+#include "ui/queue/queue_sheet.h"
+#include "ui/sheets/about_view.h"
+#include "ui/sheets/add_prospect_view.h"
+#include "ui/sheets/department_manager_view.h"
+#include "ui/sheets/edit_prospect_view.h"
+#include "ui/sheets/excel_format_help_view.h"
+#include "ui/sheets/send_history_view.h"
+#include "ui/sheets/template_manager_view.h"
+#include "ui/sheets/test_message_view.h"
+#include "ui/table/contact_table_view.h"
+#include "ui/window/alert.h"
+#include "ui/window/content_view.h"
+#include "ui/window/window_header.h"
+#include "ui/window/workbook_import.h"
+
+#include <QLineEdit>
+
+using namespace Qt::StringLiterals;
+
+namespace quenoria {
+
+template <typename View, typename... Arguments>
+void ContentView::present(Arguments &&...arguments)
+{
+    (new View(std::forward<Arguments>(arguments)..., this))->present();
+}
+
+void ContentView::addContact() { present<AddProspectView>(m_store); }
+void ContentView::manageDepartments() { present<DepartmentManagerView>(m_store); }
+void ContentView::manageMessages() { present<MessageManagerView>(m_store); }
+void ContentView::manageEmailMessages() { present<EmailMessageManagerView>(m_store); }
+void ContentView::testMessage() { present<TestMessageView>(m_store); }
+void ContentView::showAbout() { present<AboutView>(); }
+
+void ContentView::showImportHelp()
+{
+    present<ExcelFormatHelpView>(m_platform.panels, m_platform.resources);
+}
+
+void ContentView::openSMSQueue() { present<BatchSendView>(m_store, m_switches, m_platform.clock); }
+
+void ContentView::openEmailQueue()
+{
+    present<BatchEmailSendView>(m_store, m_switches, m_platform.clock);
+}
+
+void ContentView::editCurrentContact()
+{
+    if (const Prospect *current = m_table->currentContact())
+        editContact(current->id);
+}
+
+void ContentView::editContact(const QString &id)
+{
+    if (const Prospect *contact = m_store.prospect(id))
+        present<EditProspectView>(m_store, *contact);
+}
+
+void ContentView::showHistory(const QString &id)
+{
+    if (const Prospect *contact = m_store.prospect(id))
+        present<SendHistoryView>(m_store, m_platform.clock.zone(), *contact);
+}
+
+void ContentView::importExcelFile() { m_import->choose(); }
+void ContentView::importWorkbook(const QString &path) { m_import->run(path); }
+
+void ContentView::deleteTickedContacts()
+{
+    const IdSet ticked = m_model.deleteSelection();
+    if (ticked.empty())
+        return;
+    confirm(this,
+            {u"Supprimer définitivement %1 contact(s) ?"_s.arg(ticked.size()),
+             u"Les historiques d’envoi, commentaires, demandes STOP, associations de messages et "
+             "fichiers joints enregistrés pour ces contacts seront également supprimés."_s,
+             u"Supprimer les contacts et leurs données"_s},
+            [this] {
+                m_store.deleteProspects(m_model.deleteSelection());
+                m_model.clearDeleteSelection();
+            });
+}
+
+void ContentView::startSearch()
+{
+    m_header->searchField()->setFocus(Qt::ShortcutFocusReason);
+    m_header->searchField()->selectAll();
+}
+
+void ContentView::toggleFullScreen() { setWindowState(windowState() ^ Qt::WindowFullScreen); }
+
+void ContentView::resetColumnWidths() { m_table->resetColumnWidths(); }
+
+void ContentView::quit() { close(); }
+
+} // namespace quenoria

@@ -1,0 +1,93 @@
+#include "ui/window/workbook_import.h"
+
+#include "platform/file_panels.h"
+#include "store/prospect_store.h"
+#include "ui/window/import_progress.h"
+
+#include <QFileInfo>
+#include <QPromise>
+#include <QtConcurrent>
+
+using namespace Qt::StringLiterals;
+
+namespace quenoria {
+
+namespace {
+
+constexpr int wholeWorkbook = ImportProgress::steps;
+
+} // namespace
+
+WorkbookImport::WorkbookImport(ProspectStore &store, FilePanels &panels, QWidget *window)
+    : QObject(window), m_store(store), m_panels(panels), m_window(window)
+{
+    connect(&m_analysis, &QFutureWatcherBase::finished, this, &WorkbookImport::conclude);
+}
+
+WorkbookImport::~WorkbookImport()
+{
+    m_stop.request_stop();
+    m_analysis.waitForFinished();
+}
+
+void WorkbookImport::choose()
+{
+    const auto path = m_panels.chooseFile(
+        {u"Importer des contacts depuis Excel"_s,
+         u"Choisissez un fichier .xlsx contenant le nom du contact et au moins un mobile ou une "
+         "adresse e-mail."_s,
+         u"Importer"_s, u"xlsx"_s});
+    if (path)
+        run(*path);
+}
+
+void WorkbookImport::run(const QString &workbookPath)
+{
+    if (isRunning())
+        return;
+    m_stop = {};
+    showProgress(QFileInfo(workbookPath).fileName());
+    m_analysis.setFuture(QtConcurrent::run(&WorkbookImport::analyse, workbookPath,
+                                           m_store.duplicateKeys(), m_stop.get_token()));
+}
+
+void WorkbookImport::analyse(QPromise<Outcome> &promise, const QString &path, const IdSet &known,
+                             const std::stop_token &stop)
+{
+    Outcome outcome;
+    const auto tell = [&promise](double share) {
+        promise.setProgressValue(int(share * wholeWorkbook));
+    };
+    promise.setProgressRange(0, wholeWorkbook);
+    try {
+        outcome.analysis = ProspectExcelImporter::analyze(path, known, {stop, tell});
+    } catch (const ImportFailure &failure) {
+        outcome.failure = failure.message();
+    } catch (const ImportAbandoned &) {
+        outcome = {};
+    }
+    promise.addResult(std::move(outcome));
+}
+
+void WorkbookImport::showProgress(const QString &fileName)
+{
+    m_progress = new ImportProgress(fileName, m_window);
+    connect(m_progress, &QDialog::rejected, this, [this] { m_stop.request_stop(); });
+    connect(&m_analysis, &QFutureWatcherBase::progressValueChanged, m_progress,
+            &ImportProgress::setStep);
+    m_progress->present();
+}
+
+void WorkbookImport::conclude()
+{
+    const Outcome outcome = m_analysis.future().takeResult();
+    delete m_progress;
+    if (m_stop.stop_requested())
+        return;
+    if (outcome.failure)
+        Q_EMIT finished({.title = u"Import impossible"_s, .message = *outcome.failure});
+    else if (outcome.analysis)
+        Q_EMIT finished(m_store.merge(*outcome.analysis));
+}
+
+} // namespace quenoria
