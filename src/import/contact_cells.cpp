@@ -23,11 +23,11 @@ std::string digitsOf(std::string_view text)
 }
 
 /// The national form of an international number; any other is returned as is.
-std::string national(const std::string &digits)
+std::string national(std::string digits)
 {
     for (const std::string_view prefix : {"0033", "33"}) {
         if (digits.starts_with(prefix))
-            return "0" + digits.substr(prefix.size());
+            return digits.replace(0, prefix.size(), 1, '0');
     }
     return digits;
 }
@@ -43,20 +43,23 @@ std::string mobileDigitsWithin(std::string_view cell)
 
 std::string mobileCandidate(std::string_view cell)
 {
-    const std::string digits = digitsOf(cell);
+    std::string digits = digitsOf(cell);
     if (digits.starts_with("0033") || digits.starts_with("33"))
         return national(digits);
     if (digits.size() + 1 == mobileLength && (digits[0] == '6' || digits[0] == '7'))
-        return "0" + digits;
+        return digits.insert(0, 1, '0');
     return digits.size() > mobileLength ? mobileDigitsWithin(cell) : digits;
 }
 
-bool isAlphanumeric(char c) { return (c >= 'a' && c <= 'z') || isDigit(c); }
+bool isAlphanumeric(char c)
+{
+    return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || isDigit(c);
+}
 
 bool isLocalPart(char c)
 {
-    return isAlphanumeric(c) ||
-           std::string_view(".!#$%&'*+/=?^_`{|}~-").find(c) != std::string_view::npos;
+    constexpr std::string_view signs = ".-_+!#$%&'*/=?^`{|}~";
+    return isAlphanumeric(c) || signs.find(c) != std::string_view::npos;
 }
 
 /// Length of the host label that the text begins with: up to 63 letters, digits and inner hyphens.
@@ -89,18 +92,21 @@ std::size_t hostLength(std::string_view text)
     return length > first ? length : 0;
 }
 
-std::string lowerCase(std::string_view text)
+std::optional<QString> addressIn(std::string_view text)
 {
-    const bool isAscii = std::ranges::all_of(text, [](char c) { return c >= 0; });
-    if (!isAscii)
-        return QString::fromUtf8(text.data(), qsizetype(text.size())).toLower().toStdString();
-    std::string lower(text);
-    for (char &c : lower) {
-        if (c >= 'A' && c <= 'Z')
-            c = char(c - 'A' + 'a');
+    for (std::size_t at = text.find('@'); at != std::string::npos; at = text.find('@', at + 1)) {
+        std::size_t start = at;
+        while (start > 0 && isLocalPart(text[start - 1]))
+            --start;
+        const std::size_t host = hostLength(text.substr(at + 1));
+        if (start < at && host > 0)
+            return QString::fromLatin1(text.data() + start, qsizetype(at + 1 + host - start))
+                .toLower();
     }
-    return lower;
+    return std::nullopt;
 }
+
+bool isAscii(char c) { return static_cast<signed char>(c) >= 0; }
 
 } // namespace
 
@@ -116,16 +122,11 @@ std::optional<QString> emailIn(std::string_view cell)
 {
     if (cell.find('@') == std::string_view::npos)
         return std::nullopt;
-    const std::string lower = lowerCase(cell);
-    for (std::size_t at = lower.find('@'); at != std::string::npos; at = lower.find('@', at + 1)) {
-        std::size_t start = at;
-        while (start > 0 && isLocalPart(lower[start - 1]))
-            --start;
-        const std::size_t host = hostLength(std::string_view(lower).substr(at + 1));
-        if (start < at && host > 0)
-            return QString::fromLatin1(lower.data() + start, qsizetype(at + 1 + host - start));
-    }
-    return std::nullopt;
+    if (std::ranges::all_of(cell, isAscii))
+        return addressIn(cell);
+    // a few foreign letters have an ASCII one as their lower case
+    const QString text = QString::fromUtf8(cell.data(), qsizetype(cell.size()));
+    return addressIn(text.toLower().toStdString());
 }
 
 } // namespace quenoria

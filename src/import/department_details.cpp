@@ -15,15 +15,24 @@ namespace {
 
 struct KnownDepartment {
     std::string_view normalizedName;
-    const char16_t *code;
+    DepartmentInfo department;
 };
 
-constexpr std::array knownDepartments{
-    KnownDepartment{"finistere", u"29"},
-    KnownDepartment{"cotes d armor", u"22"},
-    KnownDepartment{"ille et vilaine", u"35"},
-    KnownDepartment{"morbihan", u"56"},
-};
+/// Departments that are recognised by their names.
+const std::array<KnownDepartment, 4> &knownDepartments()
+{
+    const auto known = [](std::string_view normalizedName, const QString &code) {
+        return KnownDepartment{normalizedName,
+                               {code, ProspectStore::legacyDepartmentNames.at(code)}};
+    };
+    static const std::array departments{
+        known("finistere", u"29"_s),
+        known("cotes d armor", u"22"_s),
+        known("ille et vilaine", u"35"_s),
+        known("morbihan", u"56"_s),
+    };
+    return departments;
+}
 
 bool isDigit(QChar c) { return c >= u'0' && c <= u'9'; }
 
@@ -36,10 +45,13 @@ bool isCode(QStringView word)
     return (word.size() == 2 || word.size() == 3) && std::ranges::all_of(word, isDigit);
 }
 
-/// The first word of digits and capitals that is a code as a whole: "29" in "29 - BREST", nothing
-/// in "29200".
-QString codeWithin(const QString &upper)
+/// The first word of digits and capitals that is a code as a whole: "29" in "29 - Brest", "2A" in
+/// "Corse (2a)", nothing in "29200".
+QString codeWithin(const QString &text)
 {
+    if (std::ranges::none_of(text, isDigit))
+        return {};
+    const QString upper = text.toUpper();
     const auto *position = upper.begin();
     while (position != upper.end()) {
         const auto *const start = std::find_if(position, upper.end(), isDigitOrCapital);
@@ -66,7 +78,8 @@ QString codeOfPostcode(std::string_view postcode)
 QString nameBeside(const QString &code, QString text)
 {
     const auto isBorder = [](QChar c) { return c.isSpace() || u"-—()"_s.contains(c); };
-    text.remove(u'(' + code + u')').remove(code);
+    if (text.contains(code))
+        text.remove(u'(' + code + u')').remove(code);
     const auto *const first = std::find_if_not(text.cbegin(), text.cend(), isBorder);
     const auto last = std::find_if_not(text.crbegin(), text.crend(), isBorder).base();
     return first < last ? QString(first, last - first) : QString();
@@ -78,15 +91,13 @@ std::optional<DepartmentInfo> departmentDetails(std::string_view department,
                                                 std::string_view postcode)
 {
     const std::string normalized = normalizedHeader(department);
-    for (const KnownDepartment &known : knownDepartments) {
-        if (normalized.find(known.normalizedName) == std::string::npos)
-            continue;
-        const QString code = QString::fromUtf16(known.code);
-        return DepartmentInfo{code, ProspectStore::legacyDepartmentNames.at(code)};
+    for (const KnownDepartment &known : knownDepartments()) {
+        if (normalized.find(known.normalizedName) != std::string::npos)
+            return known.department;
     }
     const QString text =
         QString::fromUtf8(department.data(), qsizetype(department.size())).trimmed();
-    QString code = codeWithin(text.toUpper());
+    QString code = codeWithin(text);
     if (code.isEmpty())
         code = codeOfPostcode(postcode);
     if (code.isEmpty())

@@ -24,7 +24,7 @@ void ExcelWorkbookReader::readSheets(const QString &path, WorkbookSink &sink,
     WorkbookPackage package(path, watch);
     SharedStrings sharedStrings;
     if (const auto &part = package.sharedStrings())
-        sharedStrings = SharedStringsXMLParser::parse(package.open(*part));
+        sharedStrings = SharedStringsXMLParser::parse(package.open(*part), part->size);
     for (const WorkbookPackage::Part &part : package.worksheets()) {
         sink.beginSheet();
         WorksheetXMLParser(sharedStrings).parse(package.open(part), [&sink](const auto &row) {

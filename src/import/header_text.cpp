@@ -116,8 +116,10 @@ std::string normalizedHeader(std::string_view text)
 
 std::optional<ColumnRole> columnRole(std::string_view cell)
 {
-    if (std::ranges::any_of(cell, isDigit)) // no title has one, most cells have several
-        return std::nullopt;
+    constexpr std::string_view initials = " acdemnoprtv"; // a space for what may be accented
+    if (cell.empty() || initials.find(foldAscii(cell.front())) == std::string_view::npos ||
+        std::ranges::any_of(cell, isDigit))
+        return std::nullopt; // as for nearly every cell
     const std::string normalized = normalizedHeader(cell);
     const auto *const found =
         std::ranges::lower_bound(titles, std::string_view(normalized), {}, &HeaderTitle::text);

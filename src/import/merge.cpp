@@ -53,13 +53,17 @@ ImportReport ProspectStore::importProspects(const QString &workbookPath)
     return merge(ProspectExcelImporter::analyze(workbookPath, duplicateKeys()));
 }
 
-ImportReport ProspectStore::merge(const ProspectImportAnalysis &analysis)
+ImportReport ProspectStore::merge(ProspectImportAnalysis analysis)
 {
+    ImportReport report;
+    report.title = analysis.prospects.empty() ? u"Aucun nouveau contact"_s : u"Import terminé"_s;
+    report.message = reportMessage(analysis);
+
     // Keys of the contacts known before: the new ones have their key as id.
     const auto knownIds =
         analysis.emailUpdates.empty() ? QHash<QString, QString>() : idsByKey(allProspects());
     if (!analysis.prospects.empty()) {
-        m_customProspects.append(analysis.prospects);
+        m_customProspects.append(std::move(analysis.prospects));
         publish(Collection::customProspects);
     }
     std::set<Collection> changed;
@@ -85,10 +89,6 @@ ImportReport ProspectStore::merge(const ProspectImportAnalysis &analysis)
             m_departments.append(department);
     }
     publish(Collection::departments);
-
-    ImportReport report;
-    report.title = analysis.prospects.empty() ? u"Aucun nouveau contact"_s : u"Import terminé"_s;
-    report.message = reportMessage(analysis);
     return report;
 }
 

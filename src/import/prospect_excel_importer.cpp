@@ -58,11 +58,42 @@ private:
     std::array<std::optional<std::size_t>, std::size_t(ColumnRole::profession) + 1> m_positions;
 };
 
+/// The contact ids met so far. Mobiles are kept as numbers: a hundred thousand texts would cost
+/// more than all the rest of the analysis.
+class KnownIds {
+public:
+    explicit KnownIds(const IdSet &ids)
+    {
+        for (const QString &id : ids)
+            insert(id);
+    }
+
+    bool insert(const QString &id) ///< false when the id was there
+    {
+        const bool isMobile = id.size() == mobileLength && std::ranges::all_of(id, isDigit);
+        return isMobile ? add(m_mobiles, id.toULongLong()) : add(m_others, id);
+    }
+
+private:
+    static constexpr qsizetype mobileLength = 10;
+
+    static bool isDigit(QChar c) { return c >= u'0' && c <= u'9'; }
+
+    template <typename Value>
+    static bool add(QSet<Value> &set, const Value &value)
+    {
+        const qsizetype before = set.size();
+        set.insert(value);
+        return set.size() > before;
+    }
+
+    QSet<qulonglong> m_mobiles;
+    QSet<QString> m_others;
+};
+
 class Analysis : public WorkbookSink {
 public:
-    explicit Analysis(const IdSet &existingIDs) : m_knownIDs(existingIDs.begin(), existingIDs.end())
-    {
-    }
+    explicit Analysis(const IdSet &existingIDs) : m_knownIDs(existingIDs) {}
 
     void beginSheet() override { m_columns.reset(); }
     void row(const WorksheetRow &row) override;
@@ -72,7 +103,7 @@ private:
     void readContact(const WorksheetRow &row);
 
     std::optional<Columns> m_columns;
-    QSet<QString> m_knownIDs;
+    KnownIds m_knownIDs;
     std::map<QString, DepartmentInfo> m_departments; ///< by code
     ProspectImportAnalysis m_result;
 };
@@ -105,14 +136,12 @@ void Analysis::readContact(const WorksheetRow &row)
         return;
     }
     const QString id = mobile ? *mobile : u"email:"_s + *email;
-    if (m_knownIDs.contains(id)) {
+    if (!m_knownIDs.insert(id)) {
         if (email)
             m_result.emailUpdates[id] = *email;
         ++m_result.duplicates;
         return;
     }
-    m_knownIDs.insert(id);
-
     Prospect contact;
     contact.id = id;
     contact.phone = mobile ? formatPhone(*mobile) : QString();

@@ -2,9 +2,10 @@
 
 namespace quenoria {
 
-SharedStrings SharedStringsXMLParser::parse(const ByteSource &source)
+SharedStrings SharedStringsXMLParser::parse(const ByteSource &source, std::size_t expectedBytes)
 {
     SharedStringsXMLParser parser;
+    parser.m_strings.reserve(expectedBytes);
     parseXml(source, parser);
     return std::move(parser.m_strings);
 }

@@ -19,6 +19,7 @@ public:
         return std::string_view(m_texts).substr(start, m_ends[index] - start);
     }
 
+    void reserve(std::size_t bytes) { m_texts.reserve(bytes); }
     void appendToLast(std::string_view text) { m_texts += text; }
     void closeLast() { m_ends.push_back(std::uint32_t(m_texts.size())); }
     void dropLast() { m_texts.resize(m_ends.empty() ? 0 : m_ends.back()); }
@@ -32,7 +33,8 @@ private:
 /// of a rich text make one string; phonetic runs count as well.
 class SharedStringsXMLParser : private XmlEvents {
 public:
-    static SharedStrings parse(const ByteSource &source);
+    /// expectedBytes: of the whole part, so that the texts are never moved while they grow.
+    static SharedStrings parse(const ByteSource &source, std::size_t expectedBytes = 0);
 
 private:
     void startElement(std::string_view name, const char **attributes) override;

@@ -3,7 +3,9 @@
 #include "model/records.h"
 
 #include <QRegularExpression>
+#include <QStringBuilder>
 #include <QTextBoundaryFinder>
+#include <QVarLengthArray>
 
 #include <unicode/uchar.h>
 
@@ -30,12 +32,31 @@ bool isNumeric(QStringView character)
 template <typename Visit>
 void forEachCharacter(const QString &text, Visit &&visit)
 {
+    if (isAscii(text) && !text.contains(u'\r')) { // "\r\n" is one character
+        for (qsizetype i = 0; i < text.size(); ++i)
+            visit(QStringView(text).sliced(i, 1));
+        return;
+    }
     QTextBoundaryFinder finder(QTextBoundaryFinder::Grapheme, text);
     qsizetype start = 0;
     for (qsizetype end = finder.toNextBoundary(); end > start; end = finder.toNextBoundary()) {
         visit(QStringView(text).sliced(start, end - start));
         start = end;
     }
+}
+
+/// QString::toUpper(), for the many labels of an import: French letters need no table.
+QString upperCase(QString text)
+{
+    for (QChar &c : text) {
+        const char16_t unit = c.unicode();
+        const bool isAccented = unit >= u'à' && unit <= u'þ' && unit != u'÷';
+        if ((unit >= u'a' && unit <= u'z') || isAccented)
+            c = QChar(char16_t(unit - (u'a' - u'A')));
+        else if (unit > u'Þ' && unit != u'—' && unit != u'’')
+            return text.toUpper();
+    }
+    return text;
 }
 
 } // namespace
@@ -58,23 +79,21 @@ QString normalizePhone(const QString &text)
 QString formatPhone(const QString &text)
 {
     constexpr int formattedLength = 10;
-    if (characterCount(text) != formattedLength)
+    QVarLengthArray<qsizetype, formattedLength> starts;
+    forEachCharacter(
+        text, [&](QStringView character) { starts.append(character.data() - text.constData()); });
+    if (starts.size() != formattedLength)
         return text;
     QString spaced;
-    int position = 0;
-    forEachCharacter(text, [&spaced, &position](QStringView character) {
-        if (position > 0 && position % 2 == 0)
-            spaced += u' ';
-        spaced += character;
-        ++position;
-    });
+    spaced.reserve(text.size() + formattedLength / 2 - 1);
+    spaced += text;
+    for (int position = formattedLength - 2; position > 0; position -= 2)
+        spaced.insert(starts[position], u' ');
     return spaced;
 }
 
 qsizetype characterCount(const QString &text)
 {
-    if (isAscii(text) && !text.contains(u'\r'))
-        return text.size();
     qsizetype count = 0;
     forEachCharacter(text, [&count](QStringView) { ++count; });
     return count;
@@ -93,13 +112,10 @@ std::optional<QString> validEmail(const QString &text)
 QString contactLabel(const QString &name, const QString &town, const QString &department,
                      const QString &shownPhone)
 {
-    QString label = name.toUpper();
-    if (!town.isEmpty())
-        label += u" — "_s + town.toUpper();
-    label += u" ("_s + department + u')';
-    if (!shownPhone.isEmpty())
-        label += u" — "_s + shownPhone;
-    return label;
+    const QStringView dash = u" — ";
+    const QString place = upperCase(name % (town.isEmpty() ? QStringView() : dash) % town);
+    return place % u" (" % department % u')' % (shownPhone.isEmpty() ? QStringView() : dash) %
+           shownPhone;
 }
 
 QString duplicateKey(const Prospect &prospect)
