@@ -136,7 +136,7 @@ public:
     // two halves stand apart, so that a window can analyse a large workbook on another thread.
     ImportReport importProspects(const QString &workbookPath);
     IdSet duplicateKeys() const; ///< one key per contact of the merged list
-    ImportReport merge(const ProspectImportAnalysis &analysis);
+    ImportReport merge(ProspectImportAnalysis analysis);
 
     // Messaging. Nothing here records a send: the caller does, once it is confirmed.
     [[nodiscard]] Refusal prepareSMS(const Prospect &prospect, bool freeProEnabled);

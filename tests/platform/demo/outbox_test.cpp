@@ -1,4 +1,7 @@
-#include "platform/demo/demo_desktop.h"
+#include "platform/demo/demo_mail.h"
+#include "platform/demo/demo_messages.h"
+#include "platform/demo/demo_sharing.h"
+#include "platform/demo/demo_workspace.h"
 #include "support/fake_desktop.h"
 
 #include <QDir>
@@ -78,8 +81,6 @@ TEST_F(OutboxTest, KeepsWhatTheUserWouldSendByHand)
                 testing::HasSubstr(QByteArray("%PDF").toBase64().toStdString()));
     EXPECT_EQ(content(names()[3]), "%PDF");
     EXPECT_TRUE(log.lines.isEmpty());
-    sharing.composeEmail()->perform({{}, {}, {}, QUrl::fromLocalFile(u"/nulle/part"_s)});
-    EXPECT_EQ(log.lines.size(), 1);
 }
 
 TEST_F(OutboxTest, NeverReplacesAMessage)
@@ -99,18 +100,6 @@ TEST_F(OutboxTest, NeverReplacesAMessage)
     clock.advance(std::chrono::seconds(1));
     EXPECT_FALSE(restarted.file(FiledSms{u"SMS"_s, u"+33639980001"_s, u"dernier"_s, {}}));
     EXPECT_TRUE(names().last().endsWith(u".txt"_s));
-}
-
-TEST_F(OutboxTest, AndEverythingElseStayInTheFolder)
-{
-    RecordingScripts scripts;
-    DemoDesktop desktop(home.path());
-    const Platform platform = desktop.platform(scripts);
-    platform.preferences.setFlag(u"EnvoiSMSAutoValidation"_s, true);
-    EXPECT_FALSE(desktop.mail().showDraft({true, {}, {}, {u"alix@example.fr"_s}, {}}));
-    EXPECT_EQ(platform.folders.data(), home.path());
-    EXPECT_EQ(QDir(home.path()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot),
-              (QStringList{u"envois"_s, u"preferences.ini"_s}));
 }
 
 } // namespace

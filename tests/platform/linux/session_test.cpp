@@ -89,23 +89,20 @@ TEST_F(Session, SleepEndsWithItsTimeOrWithAStop)
     stop.request_stop();
     EXPECT_TRUE(stopped.isFinished());
     EXPECT_TRUE(clock.sleep(1h, stop.get_token()).isFinished()) << "asked before it began";
-    const QFuture<void> brief = clock.sleep(1ns, {});
-    while (!brief.isFinished())
-        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
-    settle();
 }
 
-/// Answers the next panel, as its user would, with what the callback does.
+/// Acts in the next panel as its user, who then accepts unless the panel is gone.
 void whenShown(std::function<void(QFileDialog &)> act)
 {
     QTimer::singleShot(0, [act = std::move(act)] {
-        auto *dialog = qobject_cast<QFileDialog *>(QApplication::activeModalWidget());
-        ASSERT_NE(dialog, nullptr);
-        act(*dialog);
+        auto &dialog = dynamic_cast<QFileDialog &>(*QApplication::activeModalWidget());
+        act(dialog);
+        if (dialog.isVisible())
+            static_cast<QDialog &>(dialog).accept();
     });
 }
 
-TEST_F(Session, OpenPanelShowsItsTextsAndRemembersTheFolder)
+TEST_F(Session, PanelsShowTheirTextsAndRememberTheFolder)
 {
     write(u"contacts.xlsx"_s, "x");
     const QString file = folder.filePath(u"contacts.xlsx"_s);
@@ -116,30 +113,15 @@ TEST_F(Session, OpenPanelShowsItsTextsAndRemembersTheFolder)
         EXPECT_EQ(dialog.windowTitle(), panel.title);
         EXPECT_EQ(dialog.nameFilters(), QStringList{u"Classeurs Excel (*.xlsx)"_s});
         EXPECT_EQ(dialog.labelText(QFileDialog::Accept), panel.button);
-        const auto *message = qobject_cast<QLabel *>(dialog.layout()->menuBar());
-        ASSERT_NE(message, nullptr);
-        EXPECT_TRUE(message->isVisible() && message->height() > 0 &&
-                    message->text() == panel.message);
+        const auto &message = dynamic_cast<QLabel &>(*dialog.layout()->menuBar());
+        EXPECT_TRUE(message.isVisible() && message.height() > 0 && message.text() == panel.message);
         dialog.selectFile(file);
-        static_cast<QDialog &>(dialog).accept();
     });
     EXPECT_EQ(panels.chooseFile(panel), file);
-    whenShown([&](QFileDialog &dialog) {
-        EXPECT_EQ(dialog.directory().absolutePath(), folder.path());
-        dialog.reject();
-    });
+    whenShown([](QFileDialog &dialog) { dialog.reject(); });
     EXPECT_EQ(panels.chooseFile(panel), std::nullopt);
-}
-
-TEST_F(Session, SavePanelAddsTheSuffix)
-{
-    MemoryPreferences preferences;
-    preferences.setText(u"DernierDossier"_s, folder.path());
-    whenShown([](QFileDialog &dialog) {
-        dialog.selectFile(u"autre"_s);
-        static_cast<QDialog &>(dialog).accept();
-    });
-    EXPECT_EQ(DialogPanels(preferences).chooseDestination({u"T"_s, u"Modele.xlsx"_s, u"xlsx"_s}),
+    whenShown([](QFileDialog &dialog) { dialog.selectFile(u"autre"_s); });
+    EXPECT_EQ(panels.chooseDestination({u"Titre"_s, u"Modele.xlsx"_s, u"xlsx"_s}),
               folder.filePath(u"autre.xlsx"_s));
 }
 
