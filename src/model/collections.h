@@ -19,8 +19,9 @@ inline void appendJson(QByteArray &out, const IdSet &ids, int level)
     appendJson(out, std::vector<QString>(ids.begin(), ids.end()), level);
 }
 
-/// What a collection keeps beside each of its records: the record's text in the file, made once
-/// and kept until the record changes. Writing a file then costs little more than its bytes.
+/// What a collection keeps beside each of its records: the record's part of the file, from the
+/// comma before it on, made once and kept until the record changes. Writing a file then costs
+/// little more than its bytes.
 template <typename Value>
 class Encoded {
 public:
@@ -29,17 +30,40 @@ public:
 
     const Value &value() const { return m_value; }
 
-    void appendTo(QByteArray &out) const
+    /// The name is the same each time; null in an array.
+    void appendTo(QByteArray &out, const QString *name = nullptr) const
     {
-        if (m_text.isEmpty())
-            appendJson(m_text, m_value, 1);
-        out += m_text;
+        if (!m_text.isEmpty()) {
+            out += m_text;
+            return;
+        }
+        const qsizetype start = out.size();
+        out += ',';
+        appendJsonLine(out, 1);
+        if (name) {
+            appendJsonString(out, *name);
+            out += " : ";
+        }
+        appendJson(out, m_value, 1);
+        m_text = out.sliced(start); // a copy of just that size
     }
 
 private:
     Value m_value{};
     mutable QByteArray m_text;
 };
+
+/// The whole file, from the texts of its records: the first one's comma gives way to the bracket.
+inline QByteArray closedJson(QByteArray records, const char *brackets)
+{
+    if (records.isEmpty())
+        return QByteArray(brackets) + '\n';
+    records.front() = brackets[0];
+    records += '\n';
+    records += brackets[1];
+    records += '\n';
+    return records;
+}
 
 /// The whole file of a set.
 inline QByteArray encodeJson(const IdSet &ids)
@@ -131,16 +155,10 @@ public:
     /// The whole file.
     QByteArray json() const
     {
-        QByteArray out("[");
-        const char *separator = "";
-        for (const Encoded<Value> &slot : m_slots) {
-            out += separator;
-            appendJsonLine(out, 1);
+        QByteArray out;
+        for (const Encoded<Value> &slot : m_slots)
             slot.appendTo(out);
-            separator = ",";
-        }
-        out += empty() ? "]\n" : "\n]\n";
-        return out;
+        return closedJson(std::move(out), "[]");
     }
 
     static std::optional<Sequence> fromJson(const QByteArray &bytes)
@@ -181,7 +199,7 @@ public:
         if (found != m_index.cend())
             (*found)->second = Encoded<Value>(std::move(value));
         else
-            m_index.insert(key, m_slots.emplace(key, Encoded<Value>(std::move(value))).first);
+            insert(key, std::move(value));
     }
 
     bool remove(const QString &key)
@@ -218,18 +236,12 @@ public:
     /// The whole file.
     QByteArray json() const
     {
-        QByteArray out("{");
-        const char *separator = "";
-        for (const auto &[key, slot] : m_slots) {
-            out += separator;
-            appendJsonLine(out, 1);
-            appendJsonString(out, key);
-            out += " : ";
-            slot.appendTo(out);
-            separator = ",";
-        }
-        out += empty() ? "}\n" : "\n}\n";
-        return out;
+        QByteArray out;
+        out.reserve(m_fileSize + growth);
+        for (const auto &[key, slot] : m_slots)
+            slot.appendTo(out, &key);
+        m_fileSize = out.size();
+        return closedJson(std::move(out), "{}");
     }
 
     static std::optional<Dictionary> fromJson(const QByteArray &bytes)
@@ -238,6 +250,7 @@ public:
         if (!members)
             return std::nullopt;
         Dictionary dictionary;
+        dictionary.m_index.reserve(qsizetype(members->size()));
         for (auto &[key, value] : *members)
             dictionary.set(key, std::move(value));
         return dictionary;
@@ -246,7 +259,18 @@ public:
 private:
     using Slots = std::map<QString, Encoded<Value>>;
 
+    static constexpr qsizetype growth = 4096; ///< more than one change adds
+
+    void insert(const QString &key, Value value)
+    {
+        // At the end, where a key belongs that comes from a file: they stand sorted there.
+        const auto slot =
+            m_slots.emplace_hint(m_slots.end(), key, Encoded<Value>(std::move(value)));
+        m_index.insert(key, slot);
+    }
+
     Slots m_slots;
+    mutable qsizetype m_fileSize = 0; ///< when last written: a text that grows is copied often
     QHash<QString, typename Slots::iterator> m_index;
 };
 

@@ -2,8 +2,10 @@
 
 #include <QByteArray>
 
-#include <array>
-#include <cstdio>
+#include <algorithm>
+#include <string_view>
+
+using namespace std::string_view_literals;
 
 namespace quenoria {
 
@@ -20,6 +22,14 @@ std::optional<int> number(QByteArrayView digits)
     return value;
 }
 
+/// Over the zeros that end before the given place. A file holds one instant per send, and a
+/// general formatter would take most of the time of writing it.
+void writeNumber(char *end, int value)
+{
+    for (; value > 0; value /= 10)
+        *--end = char('0' + value % 10);
+}
+
 bool hasSeparators(QByteArrayView text)
 {
     return text.size() == instantTextLength && text[4] == '-' && text[7] == '-' &&
@@ -28,19 +38,27 @@ bool hasSeparators(QByteArrayView text)
 
 } // namespace
 
-QByteArray instantText(Instant instant)
+void writeInstant(Instant instant, char *to)
 {
     using namespace std::chrono;
     const auto second = floor<seconds>(instant);
     const auto day = floor<days>(second);
     const year_month_day date{day};
     const hh_mm_ss time{second - day};
-    std::array<char, 40> buffer{};
-    const int length = std::snprintf(buffer.data(), buffer.size(), "%04d-%02u-%02uT%02d:%02d:%02dZ",
-                                     int(date.year()), unsigned(date.month()), unsigned(date.day()),
-                                     int(time.hours().count()), int(time.minutes().count()),
-                                     int(time.seconds().count()));
-    return QByteArray(buffer.data(), length);
+    std::ranges::copy("0000-00-00T00:00:00Z"sv, to);
+    writeNumber(to + 4, int(date.year()));
+    writeNumber(to + 7, int(unsigned(date.month())));
+    writeNumber(to + 10, int(unsigned(date.day())));
+    writeNumber(to + 13, int(time.hours().count()));
+    writeNumber(to + 16, int(time.minutes().count()));
+    writeNumber(to + 19, int(time.seconds().count()));
+}
+
+QByteArray instantText(Instant instant)
+{
+    QByteArray text(instantTextLength, Qt::Uninitialized);
+    writeInstant(instant, text.data());
+    return text;
 }
 
 std::optional<Instant> instantFromText(QByteArrayView text)

@@ -17,6 +17,9 @@ inline constexpr qsizetype instantTextLength = 20;
 /// "2026-08-09T08:45:00Z": UTC, truncated (never rounded up) to the whole second.
 [[nodiscard]] QByteArray instantText(Instant instant);
 
+/// The same, over instantTextLength characters.
+void writeInstant(Instant instant, char *to);
+
 /// Reads the form that instantText() writes and no other: a fraction, an offset, a lower-case
 /// letter or a day that the calendar lacks gives nothing.
 ///

@@ -5,6 +5,7 @@
 #include <simdjson.h>
 
 #include <array>
+#include <iterator>
 #include <set>
 #include <utility>
 
@@ -77,10 +78,9 @@ template <HasFields Record, std::size_t... I>
 bool hasEveryRequired(const std::array<bool, sizeof...(I)> &seen,
                       std::index_sequence<I...> /*positions*/)
 {
-    return ((std::get<I>(seen)
-             || isOptional<std::remove_cvref_t<
-                 decltype(std::declval<Record>().*std::get<I>(Record::fields).member)>>)
-            && ...);
+    return ((std::get<I>(seen) ||
+             isOptional<std::remove_cvref_t<decltype(std::declval<Record>().*
+                                                     std::get<I>(Record::fields).member)>>)&&...);
 }
 
 template <HasFields Record>
@@ -118,7 +118,8 @@ bool read(Node node, std::set<QString> &out)
     std::vector<QString> texts;
     if (!read(node, texts))
         return false;
-    out = std::set<QString>(texts.begin(), texts.end());
+    out = std::set<QString>(std::make_move_iterator(texts.begin()),
+                            std::make_move_iterator(texts.end()));
     return true;
 }
 

@@ -42,15 +42,13 @@ void appendJson(QByteArray &out, const std::vector<T> &values, int level)
 
 namespace detail {
 
+/// Appends all that stands before a member's value, in one piece.
+void appendJsonMemberName(QByteArray &out, std::string_view name, int level);
+
 template <typename Value>
 void appendJsonMember(QByteArray &out, std::string_view name, const Value &value, int level)
 {
-    if (out.back() != '{')
-        out += ',';
-    appendJsonLine(out, level + 1);
-    out += '"';
-    out.append(name.data(), qsizetype(name.size()));
-    out += "\" : ";
+    appendJsonMemberName(out, name, level + 1);
     appendJson(out, value, level + 1);
 }
 

@@ -19,6 +19,16 @@ bool makePrivateFolder(const QString &path)
     return QDir().mkdir(path, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
 }
 
+/// The file has that content already, and nobody else may read it.
+bool holds(const QString &path, const QByteArray &content)
+{
+    constexpr QFile::Permissions others = QFile::ReadGroup | QFile::WriteGroup | QFile::ExeGroup |
+                                          QFile::ReadOther | QFile::WriteOther | QFile::ExeOther;
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) && file.size() == content.size() &&
+           !(file.permissions() & others) && file.readAll() == content;
+}
+
 bool shapesMergedList(Collection collection)
 {
     return collection == Collection::customProspects || collection == Collection::emailOverrides ||
@@ -84,6 +94,12 @@ void ProspectStore::save(Collection collection)
 {
     if (const Refusal error = writeFile(file(collection), json(collection)))
         m_platform.log.write(QString::fromUtf16(descriptor(collection).saveFailure) + *error);
+}
+
+void ProspectStore::writeBack(Collection collection)
+{
+    if (!holds(file(collection), json(collection)))
+        save(collection);
 }
 
 void ProspectStore::publish(Collection collection, const QString &contactId)

@@ -171,6 +171,7 @@ private:
     void completeDepartments();
     void seedStatus();
     QByteArray json(Collection collection) const;
+    void writeBack(Collection collection); ///< unless its file is what would be written
     [[nodiscard]] Refusal writeFile(const QString &path, const QByteArray &content) const;
 
     /// Announces a change, then writes the collection's file once the store is ready.

@@ -28,7 +28,7 @@ ProspectStore::ProspectStore(const Platform &platform, QObject *parent)
     m_isReady = true;
     for (const CollectionDescriptor &entry : collections) {
         if (entry.collection != Collection::customProspects)
-            save(entry.collection);
+            writeBack(entry.collection);
     }
 }
 

@@ -1,0 +1,137 @@
+// What the store adds to its files: one tick against writing the same bytes, and a start against
+// reading and parsing the same files.
+
+#include "store/prospect_store.h"
+#include "support/fake_desktop.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QSaveFile>
+
+#include <simdjson.h>
+
+#include <chrono>
+#include <cstdio>
+
+namespace quenoria::bench {
+namespace {
+
+using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
+
+constexpr int sends = 12; ///< in the history of each contact, one a month
+
+constexpr int runs = 15;
+
+QString idOf(int contact) { return u"06%1"_s.arg(39'000'000 + contact, 8, 10, QChar(u'0')); }
+
+/// A store's files once every contact has a full history.
+void writeFiles(const test::FakeDesktop &desktop, int contacts)
+{
+    Sequence<Prospect> prospects;
+    Dictionary<SendStatus> statuses;
+    Dictionary<EmailSendStatus> emailStatuses;
+    Dictionary<QString> assignments;
+    std::map<QString, IdSet> months;
+    for (int contact = 0; contact < contacts; ++contact) {
+        const QString id = idOf(contact);
+        const QString address = u"contact%1@example.org"_s.arg(contact);
+        prospects.append({id, u"ENTREPRISE %1 — QUIMPER (29) — %2"_s.arg(contact).arg(id), id,
+                          address, u"29"_s, true, u"Artisan"_s});
+        std::vector<Instant> history;
+        for (int send = 0; send < sends; ++send) {
+            history.push_back(desktop.clock.now() - std::chrono::days(30 * (sends - send)));
+            months[u"2025-%1"_s.arg(send + 1, 2, 10, QChar(u'0'))].insert(id);
+        }
+        statuses.set(id, {true, history.back(), u"À rappeler"_s, std::nullopt, history});
+        emailStatuses.set(id, {true, history.back(), history});
+        assignments.set(id, ProspectStore::defaultMessageID);
+    }
+    Dictionary<IdSet> recipients;
+    for (auto &[month, ids] : months)
+        recipients.set(month, std::move(ids));
+    desktop.writeFile(u"nouveaux-numeros.json"_s, prospects.json());
+    desktop.writeFile(u"suivi-envois.json"_s, statuses.json());
+    desktop.writeFile(u"suivi-envois-mails.json"_s, emailStatuses.json());
+    desktop.writeFile(u"associations-messages.json"_s, assignments.json());
+    desktop.writeFile(u"quota-destinataires-sms.json"_s, recipients.json());
+}
+
+/// Milliseconds of the fastest run.
+template <typename Work, typename Prepare = void (*)()>
+double measure(
+    Work &&work, Prepare &&prepare = [] {})
+{
+    std::chrono::duration<double, std::milli> best = 1h;
+    for (int run = 0; run < runs; ++run) {
+        prepare();
+        const auto start = std::chrono::steady_clock::now();
+        work(run);
+        best = std::min<decltype(best)>(best, std::chrono::steady_clock::now() - start);
+    }
+    return best.count();
+}
+
+void print(const char *what, int contacts, double floor, double measured, double budget)
+{
+    std::printf("%-28s %8d %10.2f %10.2f %6.2f  (at most %.1f)\n", what, contacts, floor, measured,
+                measured / floor, budget);
+}
+
+void reportTick(int contacts)
+{
+    test::FakeDesktop desktop;
+    writeFiles(desktop, contacts);
+    ProspectStore store(desktop.platform());
+    const QString path = store.file(Collection::statuses);
+    store.setComment(u"À rappeler"_s, store.allProspects().front());
+    const QByteArray bytes = desktop.file(u"suivi-envois.json"_s);
+    const double floor = measure([&](int) {
+        QSaveFile file(path);
+        if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.commit())
+            std::fputs("the floor could not write\n", stderr);
+    });
+    const double tick =
+        measure([&](int run) { store.setSent(false, store.allProspects()[std::size_t(run)]); });
+    print("one tick, file written", contacts, floor, tick, 1.5);
+}
+
+void parse(const QString &path)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        return;
+    const QByteArray bytes = file.readAll();
+    simdjson::dom::parser parser;
+    if (parser.parse(bytes.constData(), std::size_t(bytes.size())).error())
+        std::fputs("the floor could not parse\n", stderr);
+}
+
+void reportStart(int contacts)
+{
+    test::FakeDesktop desktop;
+    writeFiles(desktop, contacts);
+    const QDir folder(desktop.folders.data());
+    const double floor = measure([&](int) {
+        for (const CollectionDescriptor &entry : collections)
+            parse(folder.filePath(QString::fromUtf16(entry.fileName)));
+    });
+    std::optional<ProspectStore> store;
+    const double start =
+        measure([&](int) { store.emplace(desktop.platform()); }, [&] { store.reset(); });
+    print("start of the store", contacts, floor, start, 4.0);
+}
+
+} // namespace
+} // namespace quenoria::bench
+
+int main(int argc, char **argv)
+{
+    const QCoreApplication application(argc, argv);
+    std::printf("%-28s %8s %10s %10s %6s\n", "", "contacts", "floor ms", "store ms", "ratio");
+    for (const int contacts : {5'000, 100'000})
+        quenoria::bench::reportTick(contacts);
+    for (const int contacts : {10'000, 100'000})
+        quenoria::bench::reportStart(contacts);
+    return 0;
+}
