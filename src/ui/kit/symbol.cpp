@@ -10,7 +10,11 @@
 using namespace Qt::StringLiterals;
 
 // Outside any namespace: the macro declares a function of the resource compiler.
-static void registerDrawings() { Q_INIT_RESOURCE(icons); }
+static bool registerDrawings()
+{
+    Q_INIT_RESOURCE(icons);
+    return true;
+}
 
 namespace quenoria {
 
@@ -87,7 +91,7 @@ private:
 
 QIcon symbol(const QString &name, Tint tint)
 {
-    registerDrawings();
+    [[maybe_unused]] static const bool registered = registerDrawings();
     const QString file = u":/icons/%1.svg"_s.arg(name);
     Q_ASSERT_X(QFile::exists(file), "symbol", qUtf8Printable(name));
     return QIcon(new SymbolEngine(file, tint));

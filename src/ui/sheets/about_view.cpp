@@ -5,6 +5,7 @@
 
 #include <QBoxLayout>
 #include <QCoreApplication>
+#include <QEvent>
 #include <QLabel>
 #include <QPushButton>
 
@@ -13,6 +14,9 @@ using namespace Qt::StringLiterals;
 namespace quenoria {
 
 namespace {
+
+const QString webSite = u"https://www.example.com"_s;
+const QString linkText = u"Visiter le site de Quenoria"_s;
 
 constexpr int emblemSide = 68;
 constexpr int sectionSpacing = 24;
@@ -53,7 +57,8 @@ QLayout *makePoint(const QString &text)
 
 } // namespace
 
-AboutView::AboutView(QWidget *parent) : Sheet(u"À propos de l’application"_s, {780, 680}, parent)
+AboutView::AboutView(QWidget *parent)
+    : Sheet(u"À propos de l’application"_s, {780, 680}, parent), m_link(new QLabel)
 {
     column()->setSpacing(sectionSpacing);
     addEmblem();
@@ -106,13 +111,26 @@ void AboutView::addPrivacy()
 
 void AboutView::addFooter()
 {
-    auto *link =
-        new QLabel(u"<a href=\"https://www.example.com\"><b>Visiter le site de Quenoria</b></a>"_s);
-    link->setFont(styledFont(TextStyle::footnote));
-    link->setAccessibleName(u"Visiter le site de Quenoria"_s);
-    link->setTextInteractionFlags(Qt::LinksAccessibleByMouse | Qt::LinksAccessibleByKeyboard);
-    link->setOpenExternalLinks(true);
-    column()->addWidget(link);
+    m_link->setFont(styledFont(TextStyle::footnote));
+    m_link->setAccessibleName(linkText);
+    m_link->setTextInteractionFlags(Qt::LinksAccessibleByMouse | Qt::LinksAccessibleByKeyboard);
+    m_link->setOpenExternalLinks(true);
+    showLink();
+    column()->addWidget(m_link);
+}
+
+void AboutView::showLink()
+{
+    m_link->setText(u"<a style=\"color: %1\" href=\"%2\"><b>%3</b></a>"_s.arg(
+        tintColor(Tint::accent, palette()).name(), webSite, linkText));
+}
+
+/// A rich text keeps the colour that it was made with.
+void AboutView::changeEvent(QEvent *event)
+{
+    if (event->type() == QEvent::PaletteChange)
+        showLink();
+    Sheet::changeEvent(event);
 }
 
 } // namespace quenoria
