@@ -85,8 +85,8 @@ struct CountingSink : WorkbookSink {
     void beginSheet() override {}
     void row(const WorksheetRow &row) override
     {
-        for (const std::size_t column : row.columns())
-            bytes += row[column].size();
+        for (const WorksheetCell &cell : row.cells())
+            bytes += cell.text.size();
     }
 };
 

@@ -4,6 +4,7 @@
 #include "import/department_details.h"
 #include "import/excel_workbook_reader.h"
 #include "import/header_text.h"
+#include "import/row_relay.h"
 #include "model/contact_rules.h"
 #include "model/text_order.h"
 
@@ -25,8 +26,8 @@ public:
     static Columns of(const WorksheetRow &row)
     {
         Columns columns;
-        for (const std::size_t column : row.columns()) {
-            if (const auto role = columnRole(row[column]); role && !columns.find(*role))
+        for (const auto &[column, text] : row.cells()) {
+            if (const auto role = columnRole(text); role && !columns.find(*role))
                 columns.m_positions[std::size_t(*role)] = column;
         }
         return columns;
@@ -105,6 +106,7 @@ private:
     std::optional<Columns> m_columns;
     KnownIds m_knownIDs;
     std::map<QString, DepartmentInfo> m_departments; ///< by code
+    QSet<QString> m_professions;                     ///< one text for all who share a trade
     ProspectImportAnalysis m_result;
 };
 
@@ -150,8 +152,9 @@ void Analysis::readContact(const WorksheetRow &row)
     contact.email = email;
     contact.department = m_departments.insert_or_assign(department->code, *department).first->first;
     contact.isCustom = true;
-    if (QString profession = m_columns->text(row, ColumnRole::profession); !profession.isEmpty())
-        contact.profession = std::move(profession);
+    const QString profession = m_columns->text(row, ColumnRole::profession);
+    if (!profession.isEmpty())
+        contact.profession = *m_professions.insert(profession);
     m_result.prospects.push_back(std::move(contact));
 }
 
@@ -175,7 +178,9 @@ ProspectImportAnalysis ProspectExcelImporter::analyze(const QString &workbookPat
                                                       const ImportWatch &watch)
 {
     Analysis analysis(existingIDs);
-    ExcelWorkbookReader::readSheets(workbookPath, analysis, watch);
+    RowRelay relay(analysis);
+    ExcelWorkbookReader::readSheets(workbookPath, relay, watch);
+    relay.finish();
     return analysis.finish();
 }
 

@@ -3,7 +3,6 @@
 #include "import/import_error.h"
 
 #include <charconv>
-#include <cstring>
 #include <optional>
 
 using namespace Qt::StringLiterals;
@@ -38,8 +37,8 @@ std::size_t columnIndex(std::string_view reference)
         if (c < 'A' || c > 'Z')
             continue;
         number = number * alphabet + std::size_t(c - 'A') + 1;
-        if (number > WorksheetRow::columnLimit)
-            return WorksheetRow::columnLimit;
+        if (number > columnLimit)
+            return columnLimit;
     }
     return number == 0 ? 0 : number - 1;
 }
@@ -67,9 +66,12 @@ void WorksheetXMLParser::startCell(const char **attributes)
     const char *reference = "A1";
     const char *type = "";
     for (; *attributes; attributes += 2) {
-        if (std::strcmp(attributes[0], "r") == 0)
+        const char *name = attributes[0];
+        if (name[0] == '\0' || name[1] != '\0')
+            continue;
+        if (name[0] == 'r')
             reference = attributes[1];
-        else if (std::strcmp(attributes[0], "t") == 0)
+        else if (name[0] == 't')
             type = attributes[1];
     }
     m_cellColumn = columnIndex(reference);
@@ -95,8 +97,7 @@ void WorksheetXMLParser::endElement(std::string_view name)
     } else if (name == "t") {
         m_insideInlineText = false;
     } else if (name == "row") {
-        m_row.close();
-        m_visit(m_row);
+        m_visit(m_row.row());
     }
 }
 
@@ -109,7 +110,7 @@ void WorksheetXMLParser::endCell()
                                                               : m_valueText;
     if (text.empty())
         return;
-    if (m_cellColumn >= WorksheetRow::columnLimit)
+    if (m_cellColumn >= columnLimit)
         throw ReaderError(impossibleColumn);
     if (index)
         m_row.setShared(m_cellColumn, text);

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "import/row_builder.h"
 #include "import/shared_strings_xml_parser.h"
-#include "import/worksheet_row.h"
 
 #include <functional>
 
@@ -11,7 +11,8 @@ namespace quenoria {
 ///
 ///   "AA7" -> 26    "$B$3" -> 1    "12" -> 0    "" -> 0
 ///
-/// Columns that no worksheet has all give WorksheetRow::columnLimit.
+/// Columns that no worksheet has all give columnLimit.
+inline constexpr std::size_t columnLimit = 16'384; ///< the last column is XFD
 [[nodiscard]] std::size_t columnIndex(std::string_view reference);
 
 /// Reads one worksheet and hands over its rows in document order, the empty ones too; gaps in
@@ -37,7 +38,7 @@ private:
 
     const SharedStrings &m_sharedStrings;
     RowVisitor m_visit;
-    WorksheetRow m_row;
+    RowBuilder m_row;
     std::size_t m_cellColumn = 0;
     std::string m_cellType;
     std::string m_valueText;

@@ -13,6 +13,21 @@ using namespace Qt::StringLiterals;
 
 namespace quenoria {
 
+std::string_view localName(const char *qualifiedName)
+{
+    std::string_view name;
+    const char *piece = qualifiedName;
+    for (const char *c = piece;; ++c) {
+        if (*c != ':' && *c != '\0')
+            continue;
+        if (c > piece)
+            name = {piece, std::size_t(c - piece)};
+        if (*c == '\0')
+            return name;
+        piece = c + 1;
+    }
+}
+
 namespace {
 
 constexpr int chunkSize = 64 * 1024;
@@ -128,13 +143,6 @@ void Parse::fail() const
 }
 
 } // namespace
-
-std::string_view localName(std::string_view qualifiedName)
-{
-    while (qualifiedName.ends_with(':'))
-        qualifiedName.remove_suffix(1);
-    return qualifiedName.substr(qualifiedName.rfind(':') + 1);
-}
 
 void parseXml(const ByteSource &source, XmlEvents &events) { Parse(events).run(source); }
 

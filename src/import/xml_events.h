@@ -18,10 +18,10 @@ public:
     virtual void endElement(std::string_view localName) = 0;
 };
 
-/// The name behind the last colon; colons at the very end count for nothing.
+/// The last piece of a name that is split at its colons, not counting empty ones.
 ///
 ///   "row" -> "row"    "x:row" -> "row"    "x:row:" -> "row"
-[[nodiscard]] std::string_view localName(std::string_view qualifiedName);
+[[nodiscard]] std::string_view localName(const char *qualifiedName);
 
 /// Parses a whole document. Throws a ReaderError when it is malformed, or when it uses what no
 /// workbook needs and an attacker does: a document type, deep nesting, endless markup or names.

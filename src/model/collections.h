@@ -156,8 +156,11 @@ public:
     QByteArray json() const
     {
         QByteArray out;
-        for (const Encoded<Value> &slot : m_slots)
+        for (const Encoded<Value> &slot : m_slots) {
             slot.appendTo(out);
+            if (&slot == &m_slots.front()) // records are about equally long
+                out.reserve(out.size() * qsizetype(m_slots.size() + m_slots.size() / 4));
+        }
         return closedJson(std::move(out), "[]");
     }
 

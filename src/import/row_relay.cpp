@@ -1,0 +1,69 @@
+#include "import/row_relay.h"
+
+namespace quenoria {
+
+void RowBatch::add(const WorksheetRow &row)
+{
+    for (const WorksheetCell &cell : row.cells()) {
+        m_cells.push_back(cell);
+        m_texts += cell.text;
+    }
+    m_steps.push_back({Kind::row, row.cells().size()});
+}
+
+bool RowBatch::isFull() const
+{
+    constexpr std::size_t mostSteps = 16'384;
+    constexpr std::size_t mostBytes = 128 * 1024;
+    return m_steps.size() >= mostSteps || m_texts.size() >= mostBytes;
+}
+
+void RowBatch::replay(WorkbookSink &sink)
+{
+    const char *text = m_texts.data();
+    for (WorksheetCell &cell : m_cells) {
+        cell.text = {text, cell.text.size()};
+        text += cell.text.size();
+    }
+    std::span<const WorksheetCell> rest(m_cells);
+    for (const Step &step : m_steps) {
+        if (step.kind == Kind::sheet)
+            sink.beginSheet();
+        else
+            sink.row(WorksheetRow(rest.first(step.cells)));
+        rest = rest.subspan(step.cells);
+    }
+}
+
+void RowBatch::clear()
+{
+    m_steps.clear();
+    m_cells.clear();
+    m_texts.clear();
+}
+
+void RowRelay::beginSheet() { m_filling.beginSheet(); }
+
+void RowRelay::row(const WorksheetRow &row)
+{
+    m_filling.add(row);
+    if (m_filling.isFull())
+        handOver();
+}
+
+void RowRelay::handOver()
+{
+    if (m_running.valid())
+        m_running.get();
+    std::swap(m_filling, m_replaying);
+    m_filling.clear();
+    m_running = std::async(std::launch::async, [this] { m_replaying.replay(m_target); });
+}
+
+void RowRelay::finish()
+{
+    handOver();
+    m_running.get();
+}
+
+} // namespace quenoria
