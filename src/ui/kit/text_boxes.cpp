@@ -1,6 +1,5 @@
 #include "ui/kit/text_boxes.h"
 
-#include <QEvent>
 #include <QSignalBlocker>
 
 namespace quenoria {
@@ -23,21 +22,7 @@ PreviewBox::PreviewBox(const QString &accessibleName, QWidget *parent) : QPlainT
     furnish(this, accessibleName);
     setReadOnly(true);
     setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
-    takeFaintBackground();
-}
-
-void PreviewBox::changeEvent(QEvent *event)
-{
-    if (event->type() == QEvent::ApplicationPaletteChange)
-        takeFaintBackground();
-    QPlainTextEdit::changeEvent(event);
-}
-
-void PreviewBox::takeFaintBackground()
-{
-    QPalette faint;
-    faint.setColor(QPalette::Base, faint.color(QPalette::Midlight));
-    setPalette(faint);
+    viewport()->setBackgroundRole(QPalette::Midlight);
 }
 
 TextBox::TextBox(const QString &accessibleName, QWidget *parent) : QPlainTextEdit(parent)

@@ -10,12 +10,6 @@ class PreviewBox : public QPlainTextEdit {
 
 public:
     explicit PreviewBox(const QString &accessibleName, QWidget *parent = nullptr);
-
-protected:
-    void changeEvent(QEvent *event) override;
-
-private:
-    void takeFaintBackground();
 };
 
 /// A field of several lines. Tab moves on instead of typing a tabulator.

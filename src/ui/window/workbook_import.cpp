@@ -27,7 +27,8 @@ WorkbookImport::WorkbookImport(ProspectStore &store, FilePanels &panels, QWidget
 WorkbookImport::~WorkbookImport()
 {
     m_stop.request_stop();
-    m_analysis.waitForFinished();
+    if (m_analysis.future().isValid()) // one whose result was taken never finishes
+        m_analysis.waitForFinished();
 }
 
 void WorkbookImport::choose()
