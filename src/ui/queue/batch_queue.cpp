@@ -30,6 +30,8 @@ BatchQueue::BatchQueue(const QueueChannel &channel, ProspectStore &store, Switch
 {
     connect(&store, &ProspectStore::published, this, &BatchQueue::followStore);
     connect(&switches, &Switches::changed, this, &BatchQueue::followSwitches);
+    connect(this, &BatchQueue::runAsked, this, &BatchQueue::runAutomaticQueue,
+            Qt::QueuedConnection);
 }
 
 BatchQueue *BatchQueue::sending(const ProspectStore &store)
@@ -140,8 +142,7 @@ void BatchQueue::perform(QueueAction action, const std::optional<Prospect> &cont
         break;
     case QueueAction::startRun:
         // From the event loop, so that the sheet shows the run before its first message goes.
-        QMetaObject::invokeMethod(
-            this, [this] { runAutomaticQueue(); }, Qt::QueuedConnection);
+        Q_EMIT runAsked({});
         break;
     case QueueAction::record:
         // A contact deleted during its send too: the message has gone out, so the month counts

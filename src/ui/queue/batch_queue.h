@@ -55,6 +55,8 @@ Q_SIGNALS:
     /// The run has ended and what it sent is recorded.
     void idle();
 
+    void runAsked(QPrivateSignal);
+
 private:
     QStringList selectedIDs() const;
     QueueAction take(const QueueEvent &event);

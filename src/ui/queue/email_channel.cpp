@@ -18,10 +18,10 @@ Refusal prepareMessage(ProspectStore &store, const Switches &, const Prospect &p
     return store.prepareEmail(prospect);
 }
 
-QCoro::Task<Refusal> send(ProspectStore &store, const Switches &, Prospect prospect,
-                          std::stop_token)
+QCoro::Task<Refusal> send(ProspectStore &store, const Switches &, const Prospect &prospect,
+                          const std::stop_token &)
 {
-    return store.sendEmailAutomatically(std::move(prospect));
+    return store.sendEmailAutomatically(prospect);
 }
 
 QueuedMessage message(const ProspectStore &store, const Prospect &prospect)

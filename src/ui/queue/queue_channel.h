@@ -38,7 +38,8 @@ struct QueueChannel {
     void (ProspectStore::*select)(bool, const Prospect &);
     void (ProspectStore::*record)(const Prospect &);
     Refusal (*prepareMessage)(ProspectStore &, const Switches &, const Prospect &);
-    QCoro::Task<Refusal> (*send)(ProspectStore &, const Switches &, Prospect, std::stop_token);
+    QCoro::Task<Refusal> (*send)(ProspectStore &, const Switches &, const Prospect &,
+                                 const std::stop_token &);
     QueuedMessage (*message)(const ProspectStore &, const Prospect &);
 };
 

@@ -17,10 +17,10 @@ Refusal prepareMessage(ProspectStore &store, const Switches &switches, const Pro
     return store.prepareSMS(prospect, switches.freeProPlan());
 }
 
-QCoro::Task<Refusal> send(ProspectStore &store, const Switches &switches, Prospect prospect,
-                          std::stop_token stop)
+QCoro::Task<Refusal> send(ProspectStore &store, const Switches &switches, const Prospect &prospect,
+                          const std::stop_token &stop)
 {
-    return store.sendSMSAutomatically(std::move(prospect), switches.freeProPlan(), std::move(stop));
+    return store.sendSMSAutomatically(prospect, switches.freeProPlan(), stop);
 }
 
 QueuedMessage message(const ProspectStore &store, const Prospect &prospect)
