@@ -1,0 +1,200 @@
+#include "import/contact_cells.h"
+#include "import/department_details.h"
+#include "import/header_text.h"
+#include "import/import_error.h"
+#include "import/package.h"
+#include "import/prospect_excel_importer.h"
+
+#include <QRegularExpression>
+
+#include <gtest/gtest.h>
+
+#include <random>
+
+using namespace quenoria;
+using namespace quenoria::test;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// The whole analysis as a table.
+QByteArray table(const ProspectImportAnalysis &analysis)
+{
+    QStringList lines;
+    const auto line = [&lines](const QStringList &cells) { lines << cells.join(u'\t'); };
+    line({u"headerRows"_s, QString::number(analysis.headerRows)});
+    line({u"duplicates"_s, QString::number(analysis.duplicates)});
+    line({u"rowsWithoutMobile"_s, QString::number(analysis.rowsWithoutMobile)});
+    line({u"invalidRows"_s, QString::number(analysis.invalidRows)});
+    for (const auto &[id, address] : analysis.emailUpdates)
+        line({u"update"_s, id, address});
+    for (const DepartmentInfo &department : analysis.departments)
+        line({u"department"_s, department.code, department.name});
+    for (const Prospect &p : analysis.prospects) {
+        EXPECT_TRUE(p.isCustom);
+        line({u"contact"_s, p.id, p.label, p.phone, p.email.value_or(u"-"_s), p.department,
+              p.profession.value_or(u"-"_s)});
+    }
+    return lines.join(u'\n').toUtf8() + '\n';
+}
+
+TEST(ImportAnalysis, FindsTheContactsOfRealWorkbooks)
+{
+    const QDir folder(QStringLiteral(QUENORIA_TEST_DATA "/workbooks"));
+    const QStringList workbooks = folder.entryList({u"*.xlsx"_s});
+    EXPECT_EQ(workbooks.size(), 5);
+    for (const QString &workbook : workbooks) {
+        const QString path = folder.filePath(workbook);
+        QFile expected(QString(path).replace(u".xlsx"_s, u".tsv"_s));
+        ASSERT_TRUE(expected.open(QFile::ReadOnly)) << expected.fileName().toStdString();
+        const auto analysis = ProspectExcelImporter::analyze(path, {u"0639980001"_s});
+        EXPECT_EQ(table(analysis).toStdString(), expected.readAll().toStdString());
+    }
+}
+
+TEST(ImportAnalysis, EachSheetNeedsItsOwnHeader)
+{
+    const auto rows = [](const std::vector<QByteArray> &texts) {
+        QByteArray xml;
+        for (const QByteArray &row : texts) {
+            xml += "<row>";
+            char column = 'A';
+            for (const QByteArray &cell : row.split('|'))
+                xml += QByteArray("<c r='") + column++ + "'><v>" + cell + "</v></c>";
+            xml += "</row>";
+        }
+        return worksheet(xml);
+    };
+    const Packages packages;
+    const auto analyze = [&](const QByteArray &first, const QByteArray &second) {
+        return ProspectExcelImporter::analyze(
+            packages.package({{"xl/worksheets/1.xml", first}, {"xl/worksheets/2.xml", second}}),
+            {});
+    };
+    const QByteArray contacts = rows({"Nom|Mail|CP", "A|a@example.org|29000"});
+    const QByteArray town = rows({"Nom|Ville", "B|b@example.org"});
+    EXPECT_EQ(analyze(town, contacts).prospects.size(), 1U);
+    EXPECT_EQ(analyze(contacts, town).headerRows, 1);
+    EXPECT_EQ(analyze(contacts, contacts).duplicates, 1);
+    const auto remapped =
+        analyze(rows({"Nom|Mail|CP|Nom", "A|a@example.org|29|Z", "CP|Nom|Mobile|Courriel|Nom",
+                      "29|B|639980002|b@example.org|Z"}),
+                town);
+    ASSERT_EQ(remapped.prospects.size(), 2U);
+    EXPECT_EQ(remapped.prospects[1].label, u"B (29) — 06 39 98 00 02"_s);
+    try {
+        (void)analyze(town, town);
+        ADD_FAILURE();
+    } catch (const ImportError &error) {
+        EXPECT_EQ(error.message(),
+                  u"Impossible de trouver la colonne « Nom de l’entreprise » avec une colonne "
+                  u"« Téléphone mobile » ou « Adresse e-mail » dans ce fichier."_s);
+    }
+}
+
+TEST(ImportAnalysis, CanBeFollowedAndAbandoned)
+{
+    const Packages packages;
+    const QString path = packages.package(
+        {{"xl/worksheets/1.xml", worksheet(QByteArray("<row/>").repeated(100'000))}});
+    std::stop_source stop;
+    std::vector<double> shares;
+    const auto progress = [&](double share) {
+        shares.push_back(share);
+        if (share > 0.5)
+            stop.request_stop();
+    };
+    EXPECT_THROW(ProspectExcelImporter::analyze(path, {}, {stop.get_token(), progress}),
+                 ImportAbandoned);
+    EXPECT_TRUE(std::ranges::is_sorted(shares));
+    EXPECT_GT(shares.front(), 0);
+    EXPECT_LT(shares.back(), 1);
+}
+
+TEST(ImportAnalysis, DepartmentsAreReadInAllTheirSpellings)
+{
+    const std::tuple<const char *, const char *, QString> cases[] = {
+        {"département du FINISTÈRE (35)", "", u"29 Finistère"_s},
+        {"Paris", "F-75 001", u"75 Paris"_s},
+        {"", "97400", u"974 Département 974"_s},
+        {" ", "29", u"29 Finistère"_s},
+        {"2a - Corse", "", u"2A 2a - Corse"_s},
+        {"(22) — 22", "", u"22 Côtes-d’Armor"_s},
+        {"X2A 1 1234 B33 é44", "", u"44 X2A 1 1234 B33 é"_s},
+        {"20000", "20000", u"20 000"_s},
+        {"Rien", "9", u""_s},
+    };
+    for (const auto &[department, postcode, expected] : cases) {
+        const auto found = departmentDetails(department, postcode);
+        EXPECT_EQ(found ? found->code + u' ' + found->name : QString(), expected) << department;
+    }
+}
+
+// What the import does without a regular expression, done with one, for the comparison below.
+QString plainHeader(const QString &text)
+{
+    QString folded = text.normalized(QString::NormalizationForm_D).toCaseFolded();
+    folded.remove(QRegularExpression(u"\\p{Mn}"_s));
+    return folded.replace(QRegularExpression(u"[^a-z0-9]+"_s), u" "_s).trimmed();
+}
+
+QString plainEmail(const QString &cell)
+{
+    static const QRegularExpression pattern(
+        uR"([a-z0-9.!#$%&'*+/=?^_`{|}~-]+@[a-z0-9](?:[a-z0-9-]{0,61}[a-z0-9])?)"
+        uR"((?:\.[a-z0-9](?:[a-z0-9-]{0,61}[a-z0-9])?)+)"_s);
+    return pattern.match(cell.trimmed().toLower()).captured();
+}
+
+QString plainMobile(const QString &cell)
+{
+    static const QRegularExpression pattern(
+        uR"((?:(?:\+|00)33[ .-]?[67]|0[67])(?:[ .-]?\d{2}){4})"_s);
+    const auto digits = [](QString text) { return text.remove(QRegularExpression(u"[^0-9]"_s)); };
+    const auto national = [](QString number) {
+        return number.replace(QRegularExpression(u"^(0033|33)"_s), u"0"_s);
+    };
+    QString mobile = digits(cell);
+    if (QRegularExpression(u"^[67][0-9]{8}$"_s).match(mobile).hasMatch())
+        mobile.prepend(u'0');
+    else if (!mobile.startsWith(u"33") && !mobile.startsWith(u"0033") && mobile.size() != 10)
+        mobile = digits(pattern.match(cell).captured());
+    mobile = national(mobile);
+    return mobile.size() == 10 && (mobile.startsWith(u"06") || mobile.startsWith(u"07"))
+               ? mobile
+               : QString();
+}
+
+QString plainCode(const QString &text)
+{
+    static const QRegularExpression pattern(u"(?<![0-9A-Z])(?:2A|2B|\\d{2,3})(?![0-9A-Z])"_s);
+    return pattern.match(text.toUpper()).captured();
+}
+
+TEST(ImportAnalysis, ShortCutsGiveWhatRegularExpressionsGive)
+{
+    const QStringList pieces{u"a"_s,      u"Z"_s,       u"@"_s,      u"."_s,     u"-"_s,
+                             u"06"_s,     u" "_s,       u"+33"_s,    u"0033 "_s, u"7"_s,
+                             u"12"_s,     u"é"_s,       u"Œ"_s,      u"ß"_s,     u"’"_s,
+                             u"İ"_s,      u"e\u0301"_s, u"\u212A"_s, u"2A"_s,    u"b@b.fr"_s,
+                             u"_"_s,      u"ÿ"_s,       u"\u00A0"_s, u"/"_s,     QString(62, u'x'),
+                             u"345678"_s, u"😀"_s};
+    std::mt19937 random(3);
+    for (int round = 0; round < 20'000; ++round) {
+        QString cell;
+        for (auto count = random() % 12; count > 0; --count)
+            cell += pieces[qsizetype(random()) % pieces.size()];
+        const std::string utf8 = cell.toStdString();
+        ASSERT_EQ(normalizedHeader(utf8), plainHeader(cell).toStdString()) << utf8;
+        ASSERT_EQ(emailIn(utf8).value_or(QString()), plainEmail(cell)) << utf8;
+        ASSERT_EQ(mobileIn(utf8).value_or(QString()), plainMobile(cell)) << utf8;
+        const auto department = departmentDetails(utf8, "");
+        ASSERT_EQ(department ? department->code : QString(), plainCode(cell)) << utf8;
+    }
+    for (const char *title : {"Nom :", "NOM", "Raison  sociale", "Nom de l’Entreprise", "OLVAK"})
+        EXPECT_EQ(columnRole(title), ColumnRole::name) << title;
+    EXPECT_EQ(columnRole("Courriel"), ColumnRole::email);
+    EXPECT_EQ(columnRole("Nom du contact principal"), std::nullopt);
+}
+
+} // namespace
