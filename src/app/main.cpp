@@ -9,11 +9,13 @@
 #include "resources/resources.h"
 #include "tour/demonstration.h"
 #include "tour/tour.h"
+#include "ui/kit/symbol.h"
 #include "ui/sheets/about_view.h"
 #include "ui/window/content_view.h"
 
 #include <QApplication>
 #include <QLibraryInfo>
+#include <QLoggingCategory>
 #include <QTranslator>
 
 #include <iostream>
@@ -111,6 +113,8 @@ int main(int argc, char **argv)
                           "DOSSIER ».\n"_s,
                           1});
         qputenv("QT_QPA_PLATFORM", "offscreen");
+        // Without a window manager every sheet would be a warning about what cannot be asked of it.
+        QLoggingCategory::setFilterRules(u"default.warning=false"_s);
     }
     QGuiApplication::setDesktopFileName(u"com.example.Quenoria"_s);
     QApplication application(argc, argv);
@@ -119,5 +123,7 @@ int main(int argc, char **argv)
     QTranslator translator;
     speakFrench(translator);
     initResources();
+    QGuiApplication::setWindowIcon(QIcon::fromTheme(
+        QGuiApplication::desktopFileName(), symbol(u"paperplane.circle.fill"_s, Tint::accent)));
     return run(options);
 }

@@ -1,0 +1,23 @@
+# What an installation holds, and the Debian package: cpack -G DEB in a release build.
+install(TARGETS quenoria RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
+set(desktop ${CMAKE_SOURCE_DIR}/packaging/desktop)
+set(id com.example.Quenoria)
+install(FILES ${desktop}/${id}.desktop DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)
+install(FILES ${desktop}/${id}.metainfo.xml DESTINATION ${CMAKE_INSTALL_DATADIR}/metainfo)
+install(FILES ${desktop}/${id}.svg
+        DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/scalable/apps)
+install(FILES ${desktop}/quenoria.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/fr/man1)
+install(FILES LICENSE DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/quenoria)
+
+set(CPACK_GENERATOR DEB)
+set(CPACK_PACKAGE_NAME quenoria)
+set(CPACK_PACKAGE_VERSION ${PROJECT_VERSION_MAJOR}.${PROJECT_VERSION_MINOR})
+set(CPACK_PACKAGE_CONTACT "Quenoria <contact@example.com>")
+set(CPACK_PACKAGE_DESCRIPTION_SUMMARY ${PROJECT_DESCRIPTION})
+set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
+set(CPACK_DEBIAN_PACKAGE_SECTION misc)
+set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
+set(CPACK_DEBIAN_PACKAGE_DEPENDS "qt6-translations-l10n, libqt6svg6, xdg-utils, tzdata")
+set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "msmtp")
+set(CPACK_STRIP_FILES ON)
+include(CPack)
