@@ -29,24 +29,31 @@ QLayoutItem *FlowLayout::takeAt(int index)
     return taken;
 }
 
+int FlowLayout::tallest() const
+{
+    int height = 0;
+    for (const auto &item : m_items)
+        height = qMax(height, item->sizeHint().height());
+    return height;
+}
+
 template <typename Place>
 int FlowLayout::arrange(const QRect &rect, Place &&place) const
 {
+    // One height for all, so that buttons and checkboxes stand on one line.
+    const int lineHeight = tallest();
     int x = rect.left();
     int y = rect.top();
-    int lineHeight = 0;
     for (const auto &item : m_items) {
         if (item->isEmpty())
             continue;
-        const QSize size = item->sizeHint();
-        if (x > rect.left() && x + size.width() > rect.right() + 1) {
+        const int width = item->sizeHint().width();
+        if (x > rect.left() && x + width > rect.right() + 1) {
             x = rect.left();
             y += lineHeight + spacing();
-            lineHeight = 0;
         }
-        place(*item, QRect(QPoint(x, y), size));
-        x += size.width() + spacing();
-        lineHeight = qMax(lineHeight, size.height());
+        place(*item, QRect(x, y, width, lineHeight));
+        x += width + spacing();
     }
     return y + lineHeight - rect.top();
 }

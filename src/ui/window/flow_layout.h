@@ -28,6 +28,8 @@ public:
     void setGeometry(const QRect &rect) override;
 
 private:
+    int tallest() const;
+
     /// Calls place(item, rectangle) for each item within the width; gives the whole height.
     template <typename Place>
     int arrange(const QRect &rect, Place &&place) const;
