@@ -61,10 +61,10 @@ std::map<QString, WorkbookPackage::Part> WorkbookPackage::members() const
 
 void WorkbookPackage::keep(const QString &name, Part part)
 {
-    static const QString folder = u"xl/worksheets/"_s;
-    const bool isWorksheet = name.startsWith(folder) && name.indexOf(u'/', folder.size()) < 0 &&
-                             name[folder.size()] != u'.' &&
-                             name.endsWith(u".xml", Qt::CaseInsensitive);
+    const QString folder = u"xl/worksheets/"_s;
+    const QString file = name.startsWith(folder) ? name.sliced(folder.size()) : QString();
+    const bool isWorksheet = file.endsWith(u".xml", Qt::CaseInsensitive) && !file.contains(u'/') &&
+                             !file.startsWith(u'.');
     if (!isWorksheet && name != u"xl/sharedStrings.xml")
         return;
     if (part.size > mostBytes - m_size)

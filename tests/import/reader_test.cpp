@@ -229,4 +229,12 @@ TEST(WorkbookReader, HostileWorkbooksEndSoonAndInBoundedMemory)
     EXPECT_LT(peak() - before, 300'000) << "kB";
 }
 
+/// Inputs on which the reader once failed; the sanitizers watch.
+TEST(WorkbookReader, SurvivesWhatBrokeIt)
+{
+    const QDir folder(QStringLiteral(QUENORIA_TEST_DATA "/regressions"));
+    for (const QString &name : folder.entryList({u"*.xlsx"_s}))
+        EXPECT_FALSE(outcome(folder.filePath(name)).isEmpty()) << name.toStdString();
+}
+
 } // namespace
