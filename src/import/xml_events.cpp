@@ -5,6 +5,7 @@
 #include <expat.h>
 #include <malloc.h>
 
+#include <array>
 #include <cstdlib>
 #include <exception>
 #include <memory>
@@ -109,7 +110,7 @@ private:
         XML_StopParser(static_cast<Parse *>(data)->parser(), XML_FALSE);
     }
 
-    [[noreturn]] void fail() const;
+    [[noreturn]] void fail(const ByteSource &source) const;
 
     std::unique_ptr<XML_ParserStruct, decltype(&XML_ParserFree)> m_parser{
         XML_ParserCreate_MM(nullptr, &limitedMemory, nullptr), &XML_ParserFree};
@@ -123,20 +124,23 @@ void Parse::run(const ByteSource &source)
     for (bool atEnd = false; !atEnd;) {
         auto *buffer = static_cast<char *>(XML_GetBuffer(parser(), chunkSize));
         if (!buffer)
-            fail();
+            fail(source);
         const std::size_t size = source({buffer, chunkSize});
         atEnd = size == 0;
         fed += XML_Index(size);
         if (XML_ParseBuffer(parser(), int(size), atEnd) != XML_STATUS_OK ||
             fed - XML_GetCurrentByteIndex(parser()) > longestMarkup)
-            fail();
+            fail(source);
     }
 }
 
-void Parse::fail() const
+void Parse::fail(const ByteSource &source) const
 {
     if (m_thrown)
         std::rethrow_exception(m_thrown);
+    std::array<char, chunkSize> rest; // a damaged archive only tells at the end of the part
+    while (source(rest) > 0)
+        continue;
     throw ReaderError(u"Le contenu du fichier Excel n’est pas valide (ligne %1, colonne %2)."_s
                           .arg(XML_GetCurrentLineNumber(parser()))
                           .arg(XML_GetCurrentColumnNumber(parser()) + 1));

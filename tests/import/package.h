@@ -14,6 +14,17 @@ struct Member {
     QByteArray content;
 };
 
+/// The lines of a table of the test data, cut at their tabs.
+inline std::vector<QList<QByteArray>> dataTable(const QString &name)
+{
+    QFile file(QStringLiteral(QUENORIA_TEST_DATA "/") + name);
+    file.open(QFile::ReadOnly);
+    std::vector<QList<QByteArray>> rows;
+    while (!file.atEnd())
+        rows.push_back(file.readLine().chopped(1).split('\t'));
+    return rows;
+}
+
 inline QByteArray worksheet(const QByteArray &rows)
 {
     return "<worksheet><sheetData>" + rows + "</sheetData></worksheet>";
