@@ -140,8 +140,8 @@ QRect CalmStyle::subControlRect(ComplexControl control, const QStyleOptionComple
             return scrollBarPart(*bar, part);
     }
     const QRect rect = QProxyStyle::subControlRect(control, option, part, widget);
-    const bool isText = (control == CC_ComboBox && part == SC_ComboBoxEditField)
-                        || (control == CC_SpinBox && part == SC_SpinBoxEditField);
+    const bool isText = (control == CC_ComboBox && part == SC_ComboBoxEditField) ||
+                        (control == CC_SpinBox && part == SC_SpinBoxEditField);
     if (isText)
         return rect.adjusted(fieldInset, 0, 0, 0);
     return rect;

@@ -94,8 +94,11 @@ QPalette themePalette(Appearance appearance)
 
 void applyTheme(Appearance appearance)
 {
-    if (!qobject_cast<CalmStyle *>(QApplication::style()))
-        QApplication::setStyle(new CalmStyle);
+    if (!qobject_cast<CalmStyle *>(QApplication::style())) {
+        auto *style = new CalmStyle;
+        style->setParent(qApp);
+        QApplication::setStyle(style);
+    }
     const QPalette palette = themePalette(appearance);
     QApplication::setPalette(palette);
     QToolTip::setPalette(palette);

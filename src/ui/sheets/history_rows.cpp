@@ -27,6 +27,7 @@ std::vector<HistoryRow> historyRows(const ProspectStore &store, const Prospect &
     std::vector<Instant> history = store.sendHistory(prospect);
     std::ranges::stable_sort(history, std::greater());
     std::vector<HistoryRow> rows;
+    rows.reserve(history.size());
     for (const Instant instant : history) {
         rows.push_back(
             {rows.empty() ? u"Dernier envoi"_s : u"Envoi précédent"_s, shownDate(instant, zone)});

@@ -87,6 +87,7 @@ void TestMessageView::refresh()
         m_selectedID = templates.empty() ? ProspectStore::defaultMessageID : shown->id;
     }
     std::vector<Choice> choices;
+    choices.reserve(templates.size());
     for (const MessageTemplate &message : templates)
         choices.push_back({message.id, message.title});
     m_picker->setChoices(choices, m_selectedID);
