@@ -12,6 +12,10 @@ if(QUENORIA_SANITIZE)
     target_link_options(quenoria_compiler INTERFACE -fsanitize=address,undefined)
 endif()
 
+if(QUENORIA_FUZZ) # the fuzzer follows which lines its inputs reach
+    target_compile_options(quenoria_compiler INTERFACE -fsanitize=fuzzer-no-link)
+endif()
+
 # One header of what nearly every file includes, compiled once; modules in whole gain nothing.
 function(quenoria_precompile target)
     if(QUENORIA_PRECOMPILE)

@@ -14,7 +14,7 @@ void RowBatch::add(const WorksheetRow &row)
 bool RowBatch::isFull() const
 {
     constexpr std::size_t mostSteps = 16'384;
-    constexpr std::size_t mostBytes = 128 * 1024;
+    constexpr std::size_t mostBytes = 128UL * 1024;
     return m_steps.size() >= mostSteps || m_texts.size() >= mostBytes;
 }
 

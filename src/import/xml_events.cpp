@@ -34,10 +34,10 @@ namespace {
 constexpr int chunkSize = 64 * 1024;
 
 /// expat scans an unfinished tag anew with each chunk, so that an endless one costs its square.
-constexpr XML_Index longestMarkup = 1024 * 1024;
+constexpr XML_Index longestMarkup = 1024L * 1024;
 
 /// expat keeps every open element and every name it ever saw; a real workbook needs a few kB.
-constexpr std::size_t mostMemory = 32 * 1024 * 1024;
+constexpr std::size_t mostMemory = 32UL * 1024 * 1024;
 
 thread_local std::size_t memoryInUse = 0;
 
