@@ -1,0 +1,196 @@
+"""The real program in a real window, seen and worked from outside: the accessibility bus tells
+what stands where, and the display passes on what mouse and keyboard do."""
+
+import json
+import os
+import subprocess
+import time
+from pathlib import Path
+
+import gi
+
+gi.require_version("Atspi", "2.0")
+from gi.repository import Atspi, GLib  # noqa: E402
+
+PROGRAM = os.environ["QUENORIA_PROGRAM"]
+HOME = Path(os.environ["HOME"])
+PICTURES = Path(os.environ["QUENORIA_PICTURES"])
+LIMIT = 30  # seconds that one step may take, also with the sanitizers
+GLANCE = 0.03  # seconds between two looks
+
+State, Role = Atspi.StateType, Atspi.Role
+LISTS = (Role.TABLE, Role.TREE, Role.TREE_TABLE, Role.LIST)
+CONTROLS = (Role.PUSH_BUTTON, Role.CHECK_BOX, Role.TEXT, Role.COMBO_BOX, Role.MENU_ITEM,
+            Role.CHECK_MENU_ITEM)
+
+
+def until(what, look, limit=LIMIT):
+    """Looks until there is something to return: the program changes while it is looked at."""
+    end = time.monotonic() + limit
+    while time.monotonic() < end:
+        try:
+            if found := look():
+                return found
+        except (GLib.Error, OSError, LookupError, json.JSONDecodeError):
+            pass
+        time.sleep(GLANCE)
+    subprocess.run(["import", "-window", "root", PICTURES / "e2e-en-vain.png"], check=False)
+    raise AssertionError(f"Attendu en vain : {what}")
+
+
+def act(*arguments):
+    subprocess.run(["xdotool", *map(str, arguments)], check=True, timeout=LIMIT)
+
+
+def key(*names):
+    act("key", "--delay", "4", *names)
+
+
+def click(node):
+    box = node.get_extents(Atspi.CoordType.SCREEN)
+    act("mousemove", box.x + box.width // 2, box.y + box.height // 2, "click", 1)
+
+
+def has(node, state):
+    return node.get_state_set().contains(state)
+
+
+def text_of(node):
+    return Atspi.Text.get_text(node, 0, -1)
+
+
+def children(node):
+    every = map(node.get_child_at_index, range(node.get_child_count()))
+    return [child for child in every if child]
+
+
+def walk(node):
+    """All that is shown, from a node on; lists are not entered."""
+    if not node:
+        return
+    yield node
+    for child in children(node) if node.get_role() not in LISTS else ():
+        if has(child, State.SHOWING):
+            yield from walk(child)
+
+
+def column_of(table, header):
+    headers = map(table.get_column_header, range(table.get_n_columns()))
+    return next(place for place, found in enumerate(headers)
+                if found.get_name().startswith(header))
+
+
+class Program:
+    """One run of the program on a data folder."""
+
+    def __init__(self, data, *options):
+        self.data = Path(data)
+        desktop = Atspi.get_desktop(0)  # the bus must be there before the program looks for it
+        self.process = subprocess.Popen([PROGRAM, "--data-dir", data, *options])
+
+        def its_application():
+            for application in children(desktop):
+                if application.get_process_id() == self.process.pid:
+                    application.set_cache_mask(Atspi.Cache.NONE)
+                    return application
+            return None
+
+        self.application = until("le programme", its_application)
+        until("sa fenêtre", self.front)
+
+    def file(self, name):
+        return json.loads((self.data / f"{name}.json").read_text())
+
+    def front(self):
+        """The window that has the keyboard."""
+        active = (top for top in children(self.application) if has(top, State.ACTIVE))
+        return next(active, None)
+
+    def until_front(self, title):
+        """A window's beginning of title; the main one has been reached when no sheet is left."""
+
+        def look():
+            front = self.front()
+            return front if front and front.get_name().startswith(title) else None
+
+        return until(f"la fenêtre « {title} »", look)
+
+    def find(self, name, roles=CONTROLS):
+        """What stands in front under that beginning of a name."""
+
+        def look():
+            shown = walk(self.front())
+            named = (node for node in shown if node.get_name().startswith(name))
+            return next((node for node in named if node.get_role() in roles), None)
+
+        return until(f"« {name} »", look)
+
+    def press(self, name):
+        node = self.find(name)
+        until(f"« {name} » disponible", lambda: has(node, State.ENABLED))
+        click(node)
+
+    def read(self, text):
+        return self.find(text, (Role.LABEL, Role.ALERT, Role.DIALOG))
+
+    def type(self, field, text):
+        node = self.find(field, (Role.TEXT,))
+        click(node)
+        key("ctrl+a")
+        act("type", "--delay", "4", text)
+        until(f"« {text} » dans « {field} »", lambda: text_of(node) == text)
+
+    def choose(self, path, panel):
+        """Types a path into a file panel."""
+        self.until_front(panel)
+        act("type", "--delay", "4", path)
+        key("Return")
+        until(f"la fin de « {panel} »", lambda: (top := self.front()) and top.get_name() != panel)
+
+    def table(self):
+        return self.find("Contacts", LISTS)
+
+    def contacts(self):
+        """The rows' names, as they are read aloud."""
+        table = self.table()
+        column = column_of(table, "Contact")
+        return [table.get_accessible_at(row, column).get_name().removeprefix("Contact : ")
+                for row in range(table.get_n_rows())]
+
+    def place(self, contact, header):
+        names = enumerate(self.contacts())
+        return (next(row for row, name in names if name.startswith(contact)),
+                column_of(self.table(), header))
+
+    def cell(self, contact, header):
+        return self.table().get_accessible_at(*self.place(contact, header))
+
+    def go(self, contact, header):
+        """To a cell, with the keyboard alone."""
+        self.until_front("Quenoria")
+        row, column = self.place(contact, header)
+        key("ctrl+f", "Tab", "ctrl+Home", *["Down"] * row, *["Right"] * column)
+        cell = self.table().get_accessible_at(row, column)
+        until(f"{header} de {contact}", lambda: has(cell, State.FOCUSED))
+
+    def use(self, contact, header):
+        self.go(contact, header)
+        key("space")
+
+    def until_cell(self, contact, header, *texts):
+        """Until a screen reader would say those texts."""
+
+        def look():
+            said = self.cell(contact, header).get_name()
+            return all(text in said for text in texts)
+
+        until(f"{texts} dans {header} de {contact}", look)
+
+    def quit(self):
+        self.until_front("Quenoria")
+        key("ctrl+q")
+        return self.process.wait(LIMIT)
+
+    def kill(self):
+        self.process.kill()
+        self.process.wait(LIMIT)
