@@ -80,7 +80,8 @@ void ContactTableView::toggle(const QModelIndex &index)
 QPoint ContactTableView::below(const QModelIndex &index) const
 {
     const CellLayout layout = layoutAt(index);
-    const QRect part = layout.frame.isNull() ? layout.buttons.value(0) : layout.frame;
+    const QRect part =
+        layout.frame.isNull() ? layout.buttons.value(0, visualRect(index)) : layout.frame;
     return viewport()->mapToGlobal(part.bottomLeft());
 }
 
