@@ -69,14 +69,14 @@ class Journey(unittest.TestCase):
         program.type("Adresse e-mail", "arzel@example.org")
         program.press("Créer un autre département…")
         program.until_front("Créer un département")
-        program.type("Code du département", "974")
-        program.type("Nom du département", "Réunion")
+        program.type("Code du département", "976")
+        program.type("Nom du département", "Mayotte")
         program.press("Créer")
         program.until_front("Ajouter un nouveau contact")
         program.press("Ajouter")
-        program.until_cell("MENUISERIE ARZEL", "Département", "Réunion (974)")
+        program.until_cell("MENUISERIE ARZEL", "Département", "Mayotte (976)")
         self.assertEqual(program.file("nouveaux-numeros")[0]["id"], "0639987710")
-        self.assertIn({"code": "974", "name": "Réunion"}, program.file("departements"))
+        self.assertIn({"code": "976", "name": "Mayotte"}, program.file("departements"))
 
     def test_03_a_workbook_is_imported_once(self):
         for title, added, known in (("Import terminé", 13, 0), ("Aucun nouveau contact", 0, 13)):
@@ -153,11 +153,11 @@ class Journey(unittest.TestCase):
 
     def test_09_a_comment_is_kept(self):
         self.program.use("FROMAGERIE", "Commentaire")
-        act("type", "--delay", "4", "Rappeler en été")
+        act("type", "--delay", "4", "Rappeler lundi")
         key("Return")
         self.until_file("suivi-envois",
-                        lambda file: file["0639980120"]["comment"] == "Rappeler en été")
-        self.program.until_cell("FROMAGERIE", "Commentaire", "Rappeler en été")
+                        lambda file: file["0639980120"]["comment"] == "Rappeler lundi")
+        self.program.until_cell("FROMAGERIE", "Commentaire", "Rappeler lundi")
 
     def test_10_a_text_message_is_prepared_by_hand(self):
         program = self.program
@@ -202,8 +202,7 @@ class Journey(unittest.TestCase):
 
     def test_13_the_history_tells_both_channels(self):
         self.program.go("MENUISERIE ARZEL", "Contact")
-        key("Menu")
-        self.program.press("Voir tout l’historique des envois")
+        key("Menu", "Down", "Down", "Down", "Return")
         self.program.until_front("Historique des envois")
         self.program.read("1 envoi(s) enregistré(s)")
         key("Escape")
@@ -268,7 +267,7 @@ class Journey(unittest.TestCase):
         self.assertEqual(self.program.quit(), 0)
         type(self).program = Program(DATA)
         self.assertEqual(self.program.contacts(), contacts)
-        self.program.until_cell("FROMAGERIE", "Commentaire", "Rappeler en été")
+        self.program.until_cell("FROMAGERIE", "Commentaire", "Rappeler lundi")
         self.assertEqual({file: file.read_bytes() for file in DATA.glob("*.json")}, before)
         self.assertEqual(self.program.quit(), 0)
 
