@@ -5,6 +5,7 @@
 
 #include <QHash>
 
+#include <functional>
 #include <initializer_list>
 #include <map>
 #include <set>
@@ -53,24 +54,64 @@ private:
     mutable QByteArray m_text;
 };
 
-/// The whole file, from the texts of its records: the first one's comma gives way to the bracket.
-inline QByteArray closedJson(QByteArray records, const char *brackets)
-{
-    if (records.isEmpty())
-        return QByteArray(brackets) + '\n';
-    records.front() = brackets[0];
-    records += '\n';
-    records += brackets[1];
-    records += '\n';
-    return records;
-}
+/// Takes a file piece by piece, in order.
+using TakePiece = std::function<void(const QByteArray &piece)>;
+
+/// Gives a collection's file in pieces that stay in the processor's cache, however large the file.
+class PiecewiseJson {
+public:
+    PiecewiseJson(const char *brackets, const TakePiece &take) : m_brackets(brackets), m_take(take)
+    {
+        m_piece.reserve(pieceSize + pieceSize / 4);
+    }
+
+    template <typename Value>
+    void add(const Encoded<Value> &record, const QString *name = nullptr)
+    {
+        record.appendTo(m_piece, name);
+        if (m_isEmpty)
+            m_piece.front() = m_brackets[0]; // in place of the first record's comma
+        m_isEmpty = false;
+        if (m_piece.size() >= pieceSize)
+            handOver();
+    }
+
+    void close()
+    {
+        m_piece += m_isEmpty ? m_brackets[0] : '\n';
+        m_piece += m_brackets[1];
+        m_piece += '\n';
+        handOver();
+    }
+
+private:
+    static constexpr qsizetype pieceSize = qsizetype{256} * 1024;
+
+    void handOver()
+    {
+        m_take(m_piece);
+        m_piece.resize(0);
+    }
+
+    const char *m_brackets;
+    const TakePiece &m_take;
+    QByteArray m_piece;
+    bool m_isEmpty = true;
+};
 
 /// The whole file of a set.
-inline QByteArray encodeJson(const IdSet &ids)
+inline void writeJson(const IdSet &ids, const TakePiece &take)
 {
     QByteArray out;
     appendJson(out, ids, 0);
-    return out + '\n';
+    take(out + '\n');
+}
+
+/// The whole file of a sequence or a dictionary.
+template <typename Shape>
+void writeJson(const Shape &collection, const TakePiece &take)
+{
+    collection.writeJson(take);
 }
 
 /// Decodes a collection's file, or gives nothing.
@@ -153,15 +194,12 @@ public:
     }
 
     /// The whole file.
-    QByteArray json() const
+    void writeJson(const TakePiece &take) const
     {
-        QByteArray out;
-        for (const Encoded<Value> &slot : m_slots) {
-            slot.appendTo(out);
-            if (&slot == &m_slots.front()) // records are about equally long
-                out.reserve(out.size() * qsizetype(m_slots.size() + m_slots.size() / 4));
-        }
-        return closedJson(std::move(out), "[]");
+        PiecewiseJson file("[]", take);
+        for (const Encoded<Value> &slot : m_slots)
+            file.add(slot);
+        file.close();
     }
 
     static std::optional<Sequence> fromJson(const QByteArray &bytes)
@@ -237,14 +275,12 @@ public:
     }
 
     /// The whole file.
-    QByteArray json() const
+    void writeJson(const TakePiece &take) const
     {
-        QByteArray out;
-        out.reserve(m_fileSize + growth);
+        PiecewiseJson file("{}", take);
         for (const auto &[key, slot] : m_slots)
-            slot.appendTo(out, &key);
-        m_fileSize = out.size();
-        return closedJson(std::move(out), "{}");
+            file.add(slot, &key);
+        file.close();
     }
 
     static std::optional<Dictionary> fromJson(const QByteArray &bytes)
@@ -262,8 +298,6 @@ public:
 private:
     using Slots = std::map<QString, Encoded<Value>>;
 
-    static constexpr qsizetype growth = 4096; ///< more than one change adds
-
     void insert(const QString &key, Value value)
     {
         // At the end, where a key belongs that comes from a file: they stand sorted there.
@@ -273,7 +307,6 @@ private:
     }
 
     Slots m_slots;
-    mutable qsizetype m_fileSize = 0; ///< when last written: a text that grows is copied often
     QHash<QString, typename Slots::iterator> m_index;
 };
 

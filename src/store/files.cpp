@@ -19,14 +19,11 @@ bool makePrivateFolder(const QString &path)
     return QDir().mkdir(path, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
 }
 
-/// The file has that content already, and nobody else may read it.
-bool holds(const QString &path, const QByteArray &content)
+bool isPrivate(const QFile &file)
 {
     constexpr QFile::Permissions others = QFile::ReadGroup | QFile::WriteGroup | QFile::ExeGroup |
                                           QFile::ReadOther | QFile::WriteOther | QFile::ExeOther;
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) && file.size() == content.size() &&
-           !(file.permissions() & others) && file.readAll() == content;
+    return !(file.permissions() & others);
 }
 
 bool shapesMergedList(Collection collection)
@@ -44,61 +41,76 @@ QString ProspectStore::file(Collection collection) const
         .filePath(QString::fromUtf16(descriptor(collection).fileName));
 }
 
-QByteArray ProspectStore::json(Collection collection) const
+void ProspectStore::writeJson(Collection collection, const TakePiece &take) const
 {
     switch (collection) {
     case Collection::customProspects:
-        return m_customProspects.json();
+        return quenoria::writeJson(m_customProspects, take);
     case Collection::statuses:
-        return m_statuses.json();
+        return quenoria::writeJson(m_statuses, take);
     case Collection::messageTemplates:
-        return m_messageTemplates.json();
+        return quenoria::writeJson(m_messageTemplates, take);
     case Collection::messageAssignments:
-        return m_messageAssignments.json();
+        return quenoria::writeJson(m_messageAssignments, take);
     case Collection::emailStatuses:
-        return m_emailStatuses.json();
+        return quenoria::writeJson(m_emailStatuses, take);
     case Collection::emailTemplates:
-        return m_emailTemplates.json();
+        return quenoria::writeJson(m_emailTemplates, take);
     case Collection::emailAssignments:
-        return m_emailAssignments.json();
+        return quenoria::writeJson(m_emailAssignments, take);
     case Collection::emailOverrides:
-        return m_emailOverrides.json();
+        return quenoria::writeJson(m_emailOverrides, take);
     case Collection::contactOverrides:
-        return m_contactOverrides.json();
+        return quenoria::writeJson(m_contactOverrides, take);
     case Collection::attachmentPaths:
-        return m_attachmentPaths.json();
+        return quenoria::writeJson(m_attachmentPaths, take);
     case Collection::deletedProspectIDs:
-        return encodeJson(m_deletedProspectIDs);
+        return quenoria::writeJson(m_deletedProspectIDs, take);
     case Collection::departments:
-        return m_departments.json();
+        return quenoria::writeJson(m_departments, take);
     case Collection::smsMonthlyRecipientsByMonth:
-        return m_smsMonthlyRecipientsByMonth.json();
+        return quenoria::writeJson(m_smsMonthlyRecipientsByMonth, take);
     }
     Q_UNREACHABLE();
 }
 
-Refusal ProspectStore::writeFile(const QString &path, const QByteArray &content) const
+Refusal ProspectStore::writeFile(Collection collection) const
 {
+    const QString path = file(collection);
     const QString folder = QFileInfo(path).path();
     if (!makePrivateFolder(folder))
         return u"le dossier « %1 » ne peut pas être créé"_s.arg(folder);
     QSaveFile target(path);
     if (!target.open(QIODevice::WriteOnly) ||
-        !target.setPermissions(QFile::ReadOwner | QFile::WriteOwner) ||
-        target.write(content) != content.size() || !target.commit())
+        !target.setPermissions(QFile::ReadOwner | QFile::WriteOwner))
+        return target.errorString();
+    writeJson(collection, [&target](const QByteArray &piece) { target.write(piece); });
+    if (!target.commit()) // which fails when one of the pieces did
         return target.errorString();
     return {};
 }
 
+bool ProspectStore::isWritten(Collection collection) const
+{
+    QFile source(file(collection));
+    bool same = source.open(QIODevice::ReadOnly) && isPrivate(source);
+    if (!same)
+        return false;
+    writeJson(collection, [&source, &same](const QByteArray &piece) {
+        same = same && source.read(piece.size()) == piece;
+    });
+    return same && source.atEnd();
+}
+
 void ProspectStore::save(Collection collection)
 {
-    if (const Refusal error = writeFile(file(collection), json(collection)))
+    if (const Refusal error = writeFile(collection))
         m_platform.log.write(QString::fromUtf16(descriptor(collection).saveFailure) + *error);
 }
 
 void ProspectStore::writeBack(Collection collection)
 {
-    if (!holds(file(collection), json(collection)))
+    if (!isWritten(collection))
         save(collection);
 }
 

@@ -170,9 +170,10 @@ private:
     void completeTemplates();
     void completeDepartments();
     void seedStatus();
-    QByteArray json(Collection collection) const;
+    void writeJson(Collection collection, const TakePiece &take) const;
+    [[nodiscard]] Refusal writeFile(Collection collection) const;
+    bool isWritten(Collection collection) const;
     void writeBack(Collection collection); ///< unless its file is what would be written
-    [[nodiscard]] Refusal writeFile(const QString &path, const QByteArray &content) const;
 
     /// Announces a change, then writes the collection's file once the store is ready.
     void publish(Collection collection, const QString &contactId = {});
