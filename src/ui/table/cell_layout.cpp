@@ -19,7 +19,7 @@ constexpr int checkSide = 18;
 constexpr int checkReach = 36;
 constexpr int framePadding = 8;
 constexpr int pickerArrow = 22;
-constexpr int rowPadding = 12;
+constexpr int rowPadding = 6;
 constexpr int warningLines = 2;
 
 QRect centred(const QRect &within, QSize size)

@@ -1,18 +1,39 @@
 #include "ui/window/action_button.h"
 
 #include <QAction>
+#include <QStyleOptionButton>
 
 using namespace Qt::StringLiterals;
 
 namespace quenoria {
 
-ActionButton::ActionButton(QAction *action, QWidget *parent) : QPushButton(parent)
+namespace {
+
+constexpr int boxPadding = 14;   ///< that a quiet button can do without, both sides together
+constexpr int switchHeight = 32; ///< of the buttons that a switch stands beside
+
+} // namespace
+
+ActionButton::ActionButton(QAction *action, Look look, QWidget *parent)
+    : QPushButton(parent), m_look(look)
 {
     setIcon(action->icon());
     setIconSize({16, 16});
     follow(*action);
     connect(this, &QPushButton::clicked, action, &QAction::trigger);
     connect(action, &QAction::changed, this, [this, action] { follow(*action); });
+}
+
+QSize ActionButton::sizeHint() const
+{
+    const QSize size = QPushButton::sizeHint();
+    return m_look == Look::quiet ? size - QSize(boxPadding, 0) : size;
+}
+
+void ActionButton::initStyleOption(QStyleOptionButton *option) const
+{
+    QPushButton::initStyleOption(option);
+    option->state.setFlag(QStyle::State_AutoRaise, m_look == Look::quiet);
 }
 
 void ActionButton::follow(const QAction &action)
@@ -27,6 +48,7 @@ ActionSwitch::ActionSwitch(QAction *action, QWidget *parent) : QCheckBox(action-
 {
     setToolTip(action->toolTip());
     setAccessibleDescription(action->toolTip());
+    setMinimumHeight(switchHeight);
     setChecked(action->isChecked());
     connect(this, &QCheckBox::toggled, action, &QAction::setChecked);
     connect(action, &QAction::toggled, this, &QCheckBox::setChecked);

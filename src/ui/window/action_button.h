@@ -12,10 +12,20 @@ class ActionButton : public QPushButton {
     Q_OBJECT
 
 public:
-    explicit ActionButton(QAction *action, QWidget *parent = nullptr);
+    /// A quiet button has no box until the mouse or the keyboard is on it.
+    enum class Look { boxed, quiet };
+
+    ActionButton(QAction *action, Look look, QWidget *parent = nullptr);
+
+    QSize sizeHint() const override;
+
+protected:
+    void initStyleOption(QStyleOptionButton *option) const override;
 
 private:
     void follow(const QAction &action);
+
+    Look m_look;
 };
 
 /// A check box that stands for an action that can be checked.

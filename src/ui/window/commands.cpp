@@ -13,6 +13,7 @@ namespace {
 using enum MenuPlace;
 constexpr auto header = ButtonPlace::commands;
 constexpr auto queues = ButtonPlace::queues;
+constexpr auto deletion = ButtonPlace::deletion;
 constexpr auto none = ButtonPlace::none;
 
 constexpr std::array commands{
@@ -36,7 +37,7 @@ constexpr std::array commands{
             &ContentView::manageEmailMessages},
     Command{u"Tester un message", u"paperplane.fill", u"Ctrl+T", send, header,
             &ContentView::testMessage},
-    Command{u"Supprimer les contacts cochés", u"trash", u"Del", edit, queues,
+    Command{u"Supprimer les contacts cochés", u"trash", u"Del", edit, deletion,
             &ContentView::deleteTickedContacts, &HeaderTexts::deletion},
     Command{u"Réduire", u"", u"Ctrl+M", window, none, &ContentView::showMinimized},
     Command{u"Plein écran", u"", u"F11", window, none, &ContentView::toggleFullScreen},

@@ -12,7 +12,7 @@ class ContentView;
 enum class MenuPlace { file, edit, send, window, help };
 
 /// Where a command has a button of its own.
-enum class ButtonPlace { none, commands, queues };
+enum class ButtonPlace { none, commands, queues, deletion };
 
 /// One command of the window: the menu bar, the header and the shortcuts read it.
 struct Command {

@@ -6,6 +6,7 @@
 #include "ui/window/alert.h"
 #include "ui/window/contact_menu.h"
 #include "ui/window/farewell.h"
+#include "ui/window/header_area.h"
 #include "ui/window/row_actions.h"
 #include "ui/window/table_pages.h"
 #include "ui/window/window_header.h"
@@ -48,11 +49,9 @@ ContentView::ContentView(ProspectStore &store, Switches &switches, const Platfor
       m_model(store, switches, platform.clock), m_commands(*this, switches),
       m_rows(new RowActions(store, switches, this)),
       m_import(new WorkbookImport(store, platform.panels, this)),
-      m_farewell(new Farewell(store, *m_rows, this)),
-      m_header(new WindowHeader(m_commands.buttons(ButtonPlace::commands),
-                                m_commands.buttons(ButtonPlace::queues), m_commands.switches())),
-      m_table(new ContactTableView(m_model)), m_pages(new TablePages(m_table)),
-      m_column(new QVBoxLayout)
+      m_farewell(new Farewell(store, *m_rows, this)), m_header(new WindowHeader(m_commands)),
+      m_headerArea(new HeaderArea(m_header)), m_table(new ContactTableView(m_model)),
+      m_pages(new TablePages(m_table)), m_column(new QVBoxLayout)
 {
     build();
     m_commands.fillMenuBar(*menuBar());
@@ -70,7 +69,7 @@ void ContentView::build()
     setAcceptDrops(true);
     m_column->setContentsMargins({});
     m_column->setSpacing(0);
-    m_column->addWidget(m_header);
+    m_column->addWidget(m_headerArea);
     m_column->addWidget(m_pages, 1);
     auto *centre = new QWidget;
     centre->setLayout(m_column);
@@ -170,6 +169,13 @@ void ContentView::changeEvent(QEvent *event)
     QMainWindow::changeEvent(event);
     if (event->type() == QEvent::ActivationChange && isActiveWindow())
         m_model.lookForAttachments();
+}
+
+/// However small the window, some rows of the table stay in sight.
+void ContentView::resizeEvent(QResizeEvent *event)
+{
+    QMainWindow::resizeEvent(event);
+    m_headerArea->setMostHeight(event->size().height() / 2);
 }
 
 void ContentView::dragEnterEvent(QDragEnterEvent *event)

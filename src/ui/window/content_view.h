@@ -12,6 +12,7 @@ namespace quenoria {
 
 class ContactTableView;
 class Farewell;
+class HeaderArea;
 class RowActions;
 class TablePages;
 class WindowHeader;
@@ -51,6 +52,7 @@ public:
 
 protected:
     void changeEvent(QEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
     void closeEvent(QCloseEvent *event) override;
     void dragEnterEvent(QDragEnterEvent *event) override;
     void dropEvent(QDropEvent *event) override;
@@ -79,6 +81,7 @@ private:
     WorkbookImport *m_import;
     Farewell *m_farewell;
     WindowHeader *m_header;
+    HeaderArea *m_headerArea;
     ContactTableView *m_table;
     TablePages *m_pages;
     QVBoxLayout *m_column;

@@ -4,6 +4,7 @@
 #include "ui/kit/labels.h"
 #include "ui/kit/symbol.h"
 #include "ui/window/action_button.h"
+#include "ui/window/command_actions.h"
 #include "ui/window/flow_layout.h"
 
 #include <QAction>
@@ -20,9 +21,10 @@ namespace quenoria {
 namespace {
 
 constexpr int margin = 20;
-constexpr int rowGap = 14;
+constexpr int rowGap = 12;
 constexpr int buttonGap = 8;
-constexpr int switchGap = 20;
+constexpr int quietGap = 2;
+constexpr int queueGap = 12;
 constexpr int smallestSearch = 360;
 
 QString nameAndVersion()
@@ -39,27 +41,43 @@ QLabel *makeLine(const QString &text, TextStyle style, Tint tint = Tint::text)
     return line;
 }
 
-QLayout *makeButtons(const QList<QAction *> &actions)
+QLayout *makeCommandRow(const QList<QAction *> &commands)
 {
-    auto *flow = new FlowLayout(buttonGap);
-    for (QAction *action : actions)
-        flow->addWidget(new ActionButton(action));
-    return flow;
+    auto *row = new FlowLayout(quietGap);
+    for (QAction *command : commands)
+        row->addWidget(new ActionButton(command, ActionButton::Look::quiet));
+    return row;
+}
+
+QLayout *makeQueueRow(const CommandActions &actions)
+{
+    auto *row = new FlowLayout(queueGap);
+    const auto add = [row](QAction *action) {
+        auto *button = new ActionButton(action, ActionButton::Look::boxed);
+        row->addWidget(button);
+        return button;
+    };
+    for (QAction *queue : actions.buttons(ButtonPlace::queues))
+        makeProminent(add(queue));
+    for (QAction *deletion : actions.buttons(ButtonPlace::deletion))
+        makeDestructive(add(deletion));
+    for (QAction *entry : actions.switches())
+        row->addWidget(new ActionSwitch(entry));
+    return row;
 }
 
 } // namespace
 
-WindowHeader::WindowHeader(const QList<QAction *> &commands, const QList<QAction *> &queues,
-                           const QList<QAction *> &switches, QWidget *parent)
+WindowHeader::WindowHeader(const CommandActions &actions, QWidget *parent)
     : QWidget(parent), m_counts(makeLine({}, TextStyle::headline)),
       m_quota(makeLine({}, TextStyle::footnote)), m_search(new QLineEdit)
 {
     auto *rows = new QVBoxLayout(this);
-    rows->setContentsMargins(margin, margin, margin, rowGap);
+    rows->setContentsMargins(margin, rowGap, margin, rowGap);
     rows->setSpacing(rowGap);
     rows->addLayout(makeTitleRow());
-    rows->addLayout(makeButtons(commands));
-    rows->addLayout(makeQueueRow(queues, switches));
+    rows->addLayout(makeCommandRow(actions.buttons(ButtonPlace::commands)));
+    rows->addLayout(makeQueueRow(actions));
     rows->addLayout(makeSearchRow());
 }
 
@@ -83,17 +101,6 @@ QLayout *WindowHeader::makeTitleRow()
     row->addWidget(new SymbolView(symbol(u"paperplane.circle.fill"_s, Tint::accent), 40));
     row->addLayout(texts, 1);
     row->addLayout(figures);
-    return row;
-}
-
-QLayout *WindowHeader::makeQueueRow(const QList<QAction *> &queues,
-                                    const QList<QAction *> &switches)
-{
-    auto *row = new FlowLayout(buttonGap);
-    for (QAction *action : queues)
-        row->addWidget(new ActionButton(action));
-    for (QAction *action : switches)
-        row->addWidget(new ActionSwitch(action));
     return row;
 }
 
