@@ -1,0 +1,94 @@
+"""What a screen reader gets of every window: names, roles and states."""
+
+import unittest
+
+from desk import HOME, Program, Role, State, has, key, until, walk
+
+SHAPELESS = (Role.INVALID, Role.UNKNOWN, Role.FILLER, Role.PANEL)
+SHEETS = {
+    "Ajouter un contact": "Ajouter un nouveau contact",
+    "Format Excel attendu": "Format du fichier Excel attendu",
+    "Départements": "Gérer les départements",
+    "Gérer les SMS": "Gérer les modèles de messages",
+    "Gérer les e-mails": "Gérer les modèles d’e-mails",
+    "Tester un message": "Tester un message",
+    "À propos": "À propos de l’application",
+}
+QUEUES = {"Envoyer SMS": ("ctrl+shift+s", "File d’envoi SMS"),
+          "Envoyer mail": ("ctrl+shift+e", "File d’envoi des e-mails")}
+
+
+def is_labelled(node):
+    """A box of choices is named by its label; its own text is the choice."""
+    if node.get_role() != Role.COMBO_BOX:
+        return bool(node.get_name())
+    return any(relation.get_target(0).get_name() for relation in node.get_relation_set())
+
+
+class Accessibility(unittest.TestCase):
+    @classmethod
+    def setUpClass(cls):
+        cls.program = Program(HOME / "prospects", "--demo")
+        cls.program.until_front("Import terminé")
+        key("Return")
+        cls.contact = cls.program.until_front("Quenoria") and cls.program.contacts()[0]
+
+    @classmethod
+    def tearDownClass(cls):
+        cls.program.kill()
+
+    def check(self, window):
+        controls = [node for node in walk(window) if has(node, State.FOCUSABLE)]
+        self.assertTrue(controls, f"{window.get_name()} n’a rien à atteindre")
+        for control in controls:
+            told = f"{window.get_name()} : {control.get_role_name()} « {control.get_name()} »"
+            self.assertTrue(is_labelled(control), told)
+            self.assertNotIn(control.get_role(), SHAPELESS, told)
+        self.assertTrue(any(has(control, State.FOCUSED) for control in controls),
+                        f"rien n’a le clavier dans {window.get_name()}")
+
+    def leave(self):
+        key("Escape")
+        self.program.until_front("Quenoria")
+
+    def test_the_window_names_its_controls(self):
+        self.check(self.program.until_front("Quenoria"))
+
+    def test_each_sheet_names_its_controls(self):
+        for command, title in SHEETS.items():
+            with self.subTest(title):
+                self.program.press(command)
+                self.check(self.program.until_front(title))
+                self.leave()
+
+    def test_the_sheets_of_a_contact_name_their_controls(self):
+        self.program.go(self.contact, "Contact")
+        key("Return")
+        self.check(self.program.until_front("Modifier le contact"))
+        self.leave()
+        for column, (shortcut, title) in QUEUES.items():
+            with self.subTest(title):
+                self.program.use(self.contact, column)
+                key(shortcut)
+                self.check(self.program.until_front(title))
+                self.leave()
+
+    def test_each_cell_tells_its_column_its_contact_and_its_state(self):
+        table = self.program.table()
+        for column in range(table.get_n_columns()):
+            header = table.get_column_header(column).get_name().split(",")[0]
+            cell = table.get_accessible_at(0, column)
+            self.assertTrue(cell.get_name().startswith(f"{header} : "), cell.get_name())
+            self.assertIn(self.contact, cell.get_name())
+            self.assertEqual(cell.get_role(), Role.TABLE_CELL)
+
+    def test_a_tick_is_told(self):
+        for said in ("coché", "non coché"):
+            self.program.use(self.contact, "Supprimer")
+            cell = self.program.cell(self.contact, "Supprimer")
+            until(said, lambda: cell.get_name().startswith(f"Supprimer : {said},"))
+            self.assertEqual(has(cell, State.CHECKED), said == "coché")
+
+
+if __name__ == "__main__":
+    unittest.main()
