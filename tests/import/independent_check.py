@@ -24,15 +24,6 @@ def raw(value):
     return "" if value is None else str(int(value)) if isinstance(value, bool) else str(value)
 
 
-def dense(rows):
-    for row in rows:
-        row = list(row)
-        while row and row[-1] == "":
-            row.pop()
-        if row:
-            yield row
-
-
 def number(text):
     try:
         return float(text)
@@ -40,33 +31,34 @@ def number(text):
         return text
 
 
+def dense(rows):
+    texts = ["\t".join(row).rstrip("\t") for row in rows]
+    return [[number(cell) for cell in text.split("\t")] for text in texts if text]
+
+
 def same(ours, theirs):
-    ours, theirs = list(dense(ours)), list(dense(theirs))
-    assert [len(row) for row in ours] == [len(row) for row in theirs], (ours, theirs)
-    for our, their in ((o, t) for row in zip(ours, theirs) for o, t in zip(*row)):
-        foreign = their in ("TRUE", "FALSE") or their.count("/") == 2
-        assert foreign or number(our) == number(their), (our, their)
+    for our, their in zip(dense(ours), dense(theirs), strict=True):
+        for a, b in zip(our, their, strict=True):
+            assert a == b or b == "TRUE" or str(b).count("/") == 2, (a, b)
 
 
-def libreoffice(workbook, folder):
+def libreoffice(workbook, names, folder):
     export = "csv:Text - txt - csv (StarCalc):44,34,76,1,,0,false,false,false,false,false,-1"
-    subprocess.run(["soffice", f"-env:UserInstallation=file://{folder}/profile", "--headless",
-                    "--convert-to", export, "--outdir", folder, workbook],
-                   check=True, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
-    for name in openpyxl.load_workbook(workbook).sheetnames:
+    profile = f"-env:UserInstallation=file://{folder}/profile"
+    subprocess.run(["soffice", profile, "--headless", "--convert-to", export, "--outdir", folder,
+                    workbook], check=True, capture_output=True)
+    for name in names:
         path = pathlib.Path(folder, f"{workbook.stem}-{name}.csv")
         yield list(csv.reader(path.open(encoding="utf-8", newline="")))
 
 
-workbooks = sorted(pathlib.Path(sys.argv[2]).glob("*.xlsx"))
-assert workbooks
-for workbook in workbooks:
-    sheets = json.loads(subprocess.run([sys.argv[1], workbook], check=True, capture_output=True).stdout)
+for workbook in sorted(pathlib.Path(sys.argv[2]).glob("*.xlsx")):
+    dump = subprocess.run([sys.argv[1], workbook], check=True, capture_output=True).stdout
+    sheets = json.loads(dump)
     book = openpyxl.load_workbook(workbook, data_only=True)
-    assert len(sheets) == len(book.worksheets)
-    for ours, theirs in zip(sheets, book.worksheets):
-        same(ours, [[raw(value) for value in row] for row in theirs.values])
+    for ours, theirs in zip(sheets, book.worksheets, strict=True):
+        same(ours, [map(raw, row) for row in theirs.values])
     if shutil.which("soffice"):
         with tempfile.TemporaryDirectory() as folder:
-            for ours, theirs in zip(sheets, libreoffice(workbook, folder), strict=True):
+            for ours, theirs in zip(sheets, libreoffice(workbook, book.sheetnames, folder), strict=True):
                 same(ours, theirs)

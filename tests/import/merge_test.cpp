@@ -20,23 +20,18 @@ protected:
         desktop.writeFile(u"contacts-modifies.json"_s, R"({"0639980012":{"label":"CHLOÉ","phone":
             "06 39 98 00 12","email":"vieille@example.org","department":"56"}})");
     }
-
-    ImportReport import(const QString &workbook)
-    {
-        return store().importProspects(QStringLiteral(QUENORIA_TEST_DATA "/workbooks/") + workbook);
-    }
 };
 
 TEST_F(Merge, ASecondImportOfAWorkbookAddsNothing)
 {
-    const ImportReport first = import(u"openpyxl.xlsx"_s);
+    const ImportReport first = store().importProspects(testData(u"workbooks/openpyxl.xlsx"_s));
     EXPECT_EQ(first.title, u"Import terminé"_s);
     EXPECT_EQ(first.message, u"13 contact(s) ajouté(s).\n0 doublon(s) déjà présent(s).\n"
                              u"0 ligne(s) sans mobile ni e-mail ignorée(s)."_s);
     EXPECT_EQ(array(u"nouveaux-numeros.json"_s).size(), 14);
     EXPECT_EQ(array(u"nouveaux-numeros.json"_s).at(1)[u"id"_s], u"0639980101"_s);
     restart();
-    const ImportReport second = import(u"openpyxl.xlsx"_s);
+    const ImportReport second = store().importProspects(testData(u"workbooks/openpyxl.xlsx"_s));
     EXPECT_EQ(second.title, u"Aucun nouveau contact"_s);
     EXPECT_EQ(second.message, u"0 contact(s) ajouté(s).\n13 doublon(s) déjà présent(s).\n"
                               u"0 ligne(s) sans mobile ni e-mail ignorée(s)."_s);

@@ -9,19 +9,28 @@
 
 namespace quenoria::test {
 
-struct Member {
-    const char *name;
-    QByteArray content;
-};
+inline QString testData(const QString &path)
+{
+    return QStringLiteral(QUENORIA_TEST_DATA "/") + path;
+}
+
+/// Paths of the workbooks in a folder of the test data.
+inline QStringList workbooks(const QString &folder)
+{
+    QStringList paths;
+    for (const QFileInfo &file : QDir(testData(folder)).entryInfoList({QStringLiteral("*.xlsx")}))
+        paths << file.filePath();
+    return paths;
+}
 
 /// The lines of a table of the test data, cut at their tabs.
-inline std::vector<QList<QByteArray>> dataTable(const QString &name)
+inline std::vector<QStringList> dataTable(const QString &path)
 {
-    QFile file(QStringLiteral(QUENORIA_TEST_DATA "/") + name);
+    QFile file(testData(path));
     file.open(QFile::ReadOnly);
-    std::vector<QList<QByteArray>> rows;
+    std::vector<QStringList> rows;
     while (!file.atEnd())
-        rows.push_back(file.readLine().chopped(1).split('\t'));
+        rows.push_back(QString::fromUtf8(file.readLine().chopped(1)).split(u'\t'));
     return rows;
 }
 
@@ -33,32 +42,19 @@ inline QByteArray worksheet(const QByteArray &rows)
 /// Workbooks that a test makes up.
 class Packages {
 public:
-    QString file(const QByteArray &bytes, const QString &name = QStringLiteral("c.xlsx")) const
-    {
-        QFile target(m_folder.filePath(name));
-        target.open(QFile::WriteOnly);
-        target.write(bytes);
-        return target.fileName();
-    }
+    using Members = std::vector<std::pair<const char *, QByteArray>>;
 
-    QString package(const std::vector<Member> &members) const
+    QString package(const Members &members, const QString &name = QStringLiteral("c.xlsx")) const
     {
-        const QString path = file({});
+        const QString path = m_folder.filePath(name);
         zip_t *archive = zip_open(path.toUtf8().constData(), ZIP_CREATE | ZIP_TRUNCATE, nullptr);
-        for (const auto &[name, content] : members) {
-            zip_source_t *source =
-                zip_source_buffer(archive, content.constData(), zip_uint64_t(content.size()), 0);
-            zip_file_add(archive, name, source, ZIP_FL_ENC_UTF_8);
+        for (const auto &[member, content] : members) {
+            const auto size = zip_uint64_t(content.size());
+            zip_file_add(archive, member, zip_source_buffer(archive, content.constData(), size, 0),
+                         0);
         }
         zip_close(archive);
         return path;
-    }
-
-    QByteArray bytes(const std::vector<Member> &members) const
-    {
-        QFile source(package(members));
-        source.open(QFile::ReadOnly);
-        return source.readAll();
     }
 
 private:
