@@ -31,7 +31,7 @@ def until(what, look, limit=LIMIT):
         try:
             if found := look():
                 return found
-        except (GLib.Error, OSError, LookupError, json.JSONDecodeError):
+        except (GLib.Error, OSError, LookupError, StopIteration, json.JSONDecodeError):
             pass
         time.sleep(GLANCE)
     subprocess.run(["import", "-window", "root", PICTURES / "e2e-en-vain.png"], check=False)
@@ -55,10 +55,6 @@ def has(node, state):
     return node.get_state_set().contains(state)
 
 
-def text_of(node):
-    return Atspi.Text.get_text(node, 0, -1)
-
-
 def children(node):
     every = map(node.get_child_at_index, range(node.get_child_count()))
     return [child for child in every if child]
@@ -66,18 +62,23 @@ def children(node):
 
 def walk(node):
     """All that is shown, from a node on; lists are not entered."""
-    if not node:
-        return
     yield node
     for child in children(node) if node.get_role() not in LISTS else ():
         if has(child, State.SHOWING):
             yield from walk(child)
 
 
-def column_of(table, header):
-    headers = map(table.get_column_header, range(table.get_n_columns()))
-    return next(place for place, found in enumerate(headers)
-                if found.get_name().startswith(header))
+def named(nodes, name):
+    """The first whose name begins so."""
+    return next(node for node in nodes if node.get_name().startswith(name))
+
+
+def place_of(names, name):
+    return next(place for place, found in enumerate(names) if found.startswith(name))
+
+
+def headers(table):
+    return [table.get_column_header(place) for place in range(table.get_n_columns())]
 
 
 class Program:
@@ -88,14 +89,10 @@ class Program:
         desktop = Atspi.get_desktop(0)  # the bus must be there before the program looks for it
         self.process = subprocess.Popen([PROGRAM, "--data-dir", data, *options])
 
-        def its_application():
-            for application in children(desktop):
-                if application.get_process_id() == self.process.pid:
-                    application.set_cache_mask(Atspi.Cache.NONE)
-                    return application
-            return None
-
-        self.application = until("le programme", its_application)
+        self.application = until("le programme", lambda: next(
+            application for application in children(desktop)
+            if application.get_process_id() == self.process.pid))
+        self.application.set_cache_mask(Atspi.Cache.NONE)
         until("sa fenêtre", self.front)
 
     def file(self, name):
@@ -103,27 +100,15 @@ class Program:
 
     def front(self):
         """The window that has the keyboard."""
-        active = (top for top in children(self.application) if has(top, State.ACTIVE))
-        return next(active, None)
+        return next(top for top in children(self.application) if has(top, State.ACTIVE))
 
     def until_front(self, title):
-        """A window's beginning of title; the main one has been reached when no sheet is left."""
-
-        def look():
-            front = self.front()
-            return front if front and front.get_name().startswith(title) else None
-
-        return until(f"la fenêtre « {title} »", look)
+        return until(f"la fenêtre « {title} »", lambda: named([self.front()], title))
 
     def find(self, name, roles=CONTROLS):
         """What stands in front under that beginning of a name."""
-
-        def look():
-            shown = walk(self.front())
-            named = (node for node in shown if node.get_name().startswith(name))
-            return next((node for node in named if node.get_role() in roles), None)
-
-        return until(f"« {name} »", look)
+        return until(f"« {name} »", lambda: named(
+            (node for node in walk(self.front()) if node.get_role() in roles), name))
 
     def press(self, name):
         node = self.find(name)
@@ -138,29 +123,29 @@ class Program:
         click(node)
         key("ctrl+a")
         act("type", "--delay", "4", text)
-        until(f"« {text} » dans « {field} »", lambda: text_of(node) == text)
+        until(f"« {text} » dans « {field} »", lambda: Atspi.Text.get_text(node, 0, -1) == text)
 
     def choose(self, path, panel):
         """Types a path into a file panel."""
         self.until_front(panel)
         act("type", "--delay", "4", path)
         key("Return")
-        until(f"la fin de « {panel} »", lambda: (top := self.front()) and top.get_name() != panel)
+        until(f"la fin de « {panel} »", lambda: self.front().get_name() != panel)
 
     def table(self):
         return self.find("Contacts", LISTS)
 
+    def column(self, header):
+        return place_of((found.get_name() for found in headers(self.table())), header)
+
     def contacts(self):
-        """The rows' names, as they are read aloud."""
-        table = self.table()
-        column = column_of(table, "Contact")
+        """The rows in their order, as they are read aloud."""
+        table, column = self.table(), self.column("Contact")
         return [table.get_accessible_at(row, column).get_name().removeprefix("Contact : ")
                 for row in range(table.get_n_rows())]
 
     def place(self, contact, header):
-        names = enumerate(self.contacts())
-        return (next(row for row, name in names if name.startswith(contact)),
-                column_of(self.table(), header))
+        return place_of(self.contacts(), contact), self.column(header)
 
     def cell(self, contact, header):
         return self.table().get_accessible_at(*self.place(contact, header))
@@ -168,10 +153,9 @@ class Program:
     def go(self, contact, header):
         """To a cell, with the keyboard alone."""
         self.until_front("Quenoria")
-        row, column = self.place(contact, header)
+        row, column = until(contact, lambda: self.place(contact, header))
         key("ctrl+f", "Tab", "ctrl+Home", *["Down"] * row, *["Right"] * column)
-        cell = self.table().get_accessible_at(row, column)
-        until(f"{header} de {contact}", lambda: has(cell, State.FOCUSED))
+        until(f"{header} de {contact}", lambda: has(self.cell(contact, header), State.FOCUSED))
 
     def use(self, contact, header):
         self.go(contact, header)
@@ -179,12 +163,8 @@ class Program:
 
     def until_cell(self, contact, header, *texts):
         """Until a screen reader would say those texts."""
-
-        def look():
-            said = self.cell(contact, header).get_name()
-            return all(text in said for text in texts)
-
-        until(f"{texts} dans {header} de {contact}", look)
+        until(f"{texts} dans {header} de {contact}", lambda: all(
+            text in self.cell(contact, header).get_name() for text in texts))
 
     def quit(self):
         self.until_front("Quenoria")

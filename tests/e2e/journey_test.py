@@ -7,7 +7,7 @@ import zipfile
 from pathlib import Path
 from urllib.parse import unquote
 
-from desk import HOME, LIMIT, PROGRAM, Program, act, click, column_of, key, until
+from desk import HOME, LIMIT, PROGRAM, Program, act, click, key, until
 
 WORKBOOK = Path(__file__).parent.parent / "data/workbooks/openpyxl.xlsx"
 DATA = HOME / "prospects"
@@ -63,16 +63,13 @@ class Journey(unittest.TestCase):
     def test_02_a_contact_is_added_with_a_new_department(self):
         program = self.program
         key("ctrl+n")
-        program.until_front("Ajouter un nouveau contact")
         program.type("Nom de l’entreprise", "Menuiserie Arzel")
         program.type("Numéro de téléphone", "0639987710")
         program.type("Adresse e-mail", "arzel@example.org")
         program.press("Créer un autre département…")
-        program.until_front("Créer un département")
         program.type("Code du département", "976")
         program.type("Nom du département", "Mayotte")
         program.press("Créer")
-        program.until_front("Ajouter un nouveau contact")
         program.press("Ajouter")
         program.until_cell("MENUISERIE ARZEL", "Département", "Mayotte (976)")
         self.assertEqual(program.file("nouveaux-numeros")[0]["id"], "0639987710")
@@ -91,7 +88,6 @@ class Journey(unittest.TestCase):
     def test_04_enter_edits_a_contact(self):
         self.program.go("FROMAGERIE", "Contact")
         key("Return")
-        self.program.until_front("Modifier le contact")
         self.program.type("Adresse e-mail", "Fromagerie@example.org")
         self.program.press("Enregistrer les modifications")
         self.program.until_cell("FROMAGERIE", "Adresse e-mail", "fromagerie@example.org")
@@ -113,7 +109,7 @@ class Journey(unittest.TestCase):
         # Another header between the two: a second click there and then would be a double click.
         for column, said in (("Contact", "décroissant"), ("STOP", "croissant"),
                              ("Contact", "croissant")):
-            header = table.get_column_header(column_of(table, column))
+            header = table.get_column_header(self.program.column(column))
             click(header)
             until(f"le tri {said}", lambda: header.get_name() == f"{column}, tri {said}")
             if said == "décroissant":
@@ -164,7 +160,6 @@ class Journey(unittest.TestCase):
         for name in ("CRÊPERIE N° 1 ", "CRÊPERIE N° 2 "):
             program.use(name, "Envoyer SMS")
         program.press("Préparer les SMS (2)")
-        program.until_front("File d’envoi SMS")
         program.press("Préparer ce SMS")
         until("le SMS ouvert", lambda: opened("sms:"))
         self.assertTrue(opened("sms:")[0].startswith("sms:+33639980101?body=Bonjour,"))
@@ -188,7 +183,6 @@ class Journey(unittest.TestCase):
         for name in ("FROMAGERIE", "MENUISERIE ARZEL"):
             program.use(name, "Envoyer mail")
         program.press("Préparer les e-mails (2)")
-        program.until_front("File d’envoi des e-mails")
         program.press("Préparer cet e-mail")
         until("l’e-mail ouvert", lambda: opened("mailto:fromagerie@example.org"))
         program.press("E-mail envoyé, suivant")
@@ -203,9 +197,8 @@ class Journey(unittest.TestCase):
     def test_13_the_history_tells_each_text_message(self):
         self.program.go("CRÊPERIE N° 1 ", "Contact")
         key("Menu", "Down", "Down", "Down", "Return")
-        self.program.until_front("Historique des envois")
         self.program.read("1 envoi(s) enregistré(s)")
-        key("Escape")
+        self.program.press("Fermer")
 
     def test_14_a_template_is_written_and_tried(self):
         program = self.program
@@ -220,7 +213,6 @@ class Journey(unittest.TestCase):
         program.press("Fermer")
         program.until_front("Quenoria")
         key("ctrl+t")
-        program.until_front("Tester un message")
         click(program.find("1er envoi"))
         key("End", "Return")
         program.find("Portes ouvertes")
@@ -248,7 +240,7 @@ class Journey(unittest.TestCase):
             program.use(name, "Supprimer")
         for answer, left in (("Annuler", 14), ("Supprimer les contacts et leurs données", 12)):
             key("Delete")
-            program.until_front("Supprimer définitivement 2 contact(s) ?")
+            program.read("Supprimer définitivement 2 contact(s) ?")
             program.press(answer)
             program.until_front("Quenoria")
             until(f"{left} contacts", lambda: len(program.contacts()) == left)
