@@ -22,6 +22,12 @@ bool belongsToOneContact(Collection collection)
            collection == Collection::emailAssignments || collection == Collection::attachmentPaths;
 }
 
+QString shownText(const ContactColumn &column, const Cell &cell)
+{
+    const QString text = column.text(cell);
+    return text.isEmpty() ? QString::fromUtf16(column.placeholder) : text;
+}
+
 QString markText(ContactMark mark)
 {
     switch (mark) {
@@ -142,7 +148,7 @@ QString ContactTableModel::accessibleText(const QModelIndex &index) const
     const Cell seen = cell(index);
     QStringList parts;
     if (column.text)
-        parts << column.text(seen);
+        parts << shownText(column, seen);
     else if (column.value)
         parts << (column.value(seen).toBool() ? u"coché"_s : u"non coché"_s);
     if (column.mark)

@@ -177,6 +177,7 @@ TEST_F(TableModel, EveryCellCanBeReadAloud)
     EXPECT_EQ(spoken(0), u"Supprimer : non coché, ALIX — BREST (29)"_s);
     EXPECT_EQ(spoken(5), u"STOP : coché, ALIX — BREST (29)"_s);
     EXPECT_EQ(spoken(6), u"Contact : ALIX — BREST (29), STOP"_s);
+    EXPECT_EQ(spoken(15), u"Commentaire : Ajouter un commentaire, ALIX — BREST (29)"_s);
     EXPECT_EQ(spoken(16), u"Actions : Préparer SMS, Préparer mail, ALIX — BREST (29)"_s);
 }
 
