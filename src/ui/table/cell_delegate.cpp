@@ -153,11 +153,12 @@ void CellDelegate::paintButtons(QPainter *painter, const QStyleOptionViewItem &o
             painted.icon = icon(button.symbol);
         painted.iconSize = {iconSide, iconSide};
         painted.state = QStyle::State_Enabled;
-        painted.state.setFlag(QStyle::State_AutoRaise, button.caption.isEmpty());
         painted.state.setFlag(QStyle::State_MouseOver, isHot);
         painted.state.setFlag(QStyle::State_Sunken, isHot && m_hot.isPressed);
         painter->setFont(option.font);
-        styleOf(option)->drawControl(QStyle::CE_PushButton, &painted, painter, option.widget);
+        const bool hasBox = isHot || !button.caption.isEmpty();
+        styleOf(option)->drawControl(hasBox ? QStyle::CE_PushButton : QStyle::CE_PushButtonLabel,
+                                     &painted, painter, option.widget);
     }
 }
 

@@ -29,27 +29,28 @@ QRect centred(const QRect &within, QSize size)
     return rect;
 }
 
-int buttonWidth(const CellButton &button, const QFontMetrics &metrics)
+int buttonWidth(const CellButton &button, int height, const QFontMetrics &metrics)
 {
     if (button.caption.isEmpty())
-        return controlHeight;
+        return height;
     const int symbol = button.symbol.isEmpty() ? 0 : symbolSide + gap;
     return metrics.horizontalAdvance(button.caption) + symbol + captionPadding;
 }
 
 /// Lays the buttons in a row that starts at the left; they share the room when it is too small.
-QList<QRect> buttonRow(const CellButtons &buttons, const QRect &room, const QFontMetrics &metrics)
+QList<QRect> buttonRow(const CellButtons &buttons, const QRect &room, int height,
+                       const QFontMetrics &metrics)
 {
     QList<int> widths;
     for (const CellButton &button : buttons)
-        widths << buttonWidth(button, metrics);
+        widths << buttonWidth(button, height, metrics);
     const int gaps = gap * int(buttons.size() - 1);
     if (std::accumulate(widths.begin(), widths.end(), gaps) > room.width())
         widths.fill((room.width() - gaps) / int(buttons.size()));
     QList<QRect> rects;
     int x = room.left();
     for (const int width : widths) {
-        rects << QRect(x, room.center().y() - controlHeight / 2 + 1, width, controlHeight);
+        rects << QRect(x, room.center().y() - height / 2 + 1, width, height);
         x += width + gap;
     }
     return rects;
@@ -62,14 +63,15 @@ void alignRight(QList<QRect> &row, int right)
         rect.translate(shift, 0);
 }
 
-/// The text, and under it the lines of the warning.
-void stack(CellLayout &layout, const QRect &room, const QFont &font)
+/// Takes the room of a warning from the bottom of the cell, over its whole width.
+QRect takeWarning(QRect &room, const QFont &font)
 {
+    const int height = warningLines * QFontMetrics(CellLayout::warningFont(font)).lineSpacing();
     const int line = QFontMetrics(font).height();
-    const int warning = warningLines * QFontMetrics(CellLayout::warningFont(font)).lineSpacing();
-    const int top = room.center().y() - (line + warning) / 2;
-    layout.text = QRect(room.left(), top, room.width(), line);
-    layout.warning = QRect(room.left(), top + line, room.width(), warning);
+    const int top = room.center().y() - (line + height) / 2;
+    room.setTop(top);
+    room.setHeight(line);
+    return {room.left(), top + line, room.width(), height};
 }
 
 } // namespace
@@ -83,9 +85,13 @@ CellLayout CellLayout::of(const QStyleOptionViewItem &option, const QModelIndex 
         return layout;
     }
     QRect room = option.rect.adjusted(margin, 0, -margin, 0);
+    const bool isWarned = !index.data(WarningRole).toString().isEmpty();
+    if (isWarned)
+        layout.warning = takeWarning(room, option.font);
     const auto buttons = index.data(ButtonsRole).value<CellButtons>();
     if (!buttons.isEmpty()) {
-        layout.buttons = buttonRow(buttons, room, option.fontMetrics);
+        const int height = isWarned ? room.height() + 2 : controlHeight;
+        layout.buttons = buttonRow(buttons, room, height, option.fontMetrics);
         if (kind == CellKind::buttons && index.data().toString().isEmpty())
             return layout;
         alignRight(layout.buttons, room.right());
@@ -101,8 +107,6 @@ CellLayout CellLayout::of(const QStyleOptionViewItem &option, const QModelIndex 
         room.setLeft(layout.mark.right() + gap);
     }
     layout.text = room;
-    if (!index.data(WarningRole).toString().isEmpty())
-        stack(layout, room, option.font);
     return layout;
 }
 

@@ -2,6 +2,7 @@
 
 #include <QAction>
 #include <QStyleOptionButton>
+#include <QStylePainter>
 
 using namespace Qt::StringLiterals;
 
@@ -30,10 +31,13 @@ QSize ActionButton::sizeHint() const
     return m_look == Look::quiet ? size - QSize(boxPadding, 0) : size;
 }
 
-void ActionButton::initStyleOption(QStyleOptionButton *option) const
+void ActionButton::paintEvent(QPaintEvent *)
 {
-    QPushButton::initStyleOption(option);
-    option->state.setFlag(QStyle::State_AutoRaise, m_look == Look::quiet);
+    QStyleOptionButton option;
+    initStyleOption(&option);
+    const bool hasBox = m_look == Look::boxed || underMouse() || isDown() || hasFocus();
+    QStylePainter(this).drawControl(hasBox ? QStyle::CE_PushButton : QStyle::CE_PushButtonLabel,
+                                    option);
 }
 
 void ActionButton::follow(const QAction &action)

@@ -20,7 +20,7 @@ public:
     QSize sizeHint() const override;
 
 protected:
-    void initStyleOption(QStyleOptionButton *option) const override;
+    void paintEvent(QPaintEvent *event) override;
 
 private:
     void follow(const QAction &action);

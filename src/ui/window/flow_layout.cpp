@@ -5,7 +5,7 @@
 
 namespace quenoria {
 
-FlowLayout::FlowLayout(int gap, QWidget *parent) : QLayout(parent)
+FlowLayout::FlowLayout(int gap, int overhang) : m_overhang(overhang)
 {
     setSpacing(gap);
     setContentsMargins({});
@@ -42,14 +42,15 @@ int FlowLayout::arrange(const QRect &rect, Place &&place) const
 {
     // One height for all, so that buttons and checkboxes stand on one line.
     const int lineHeight = tallest();
-    int x = rect.left();
+    const int start = rect.left() - m_overhang;
+    int x = start;
     int y = rect.top();
     for (const auto &item : m_items) {
         if (item->isEmpty())
             continue;
         const int width = item->sizeHint().width();
-        if (x > rect.left() && x + width > rect.right() + 1) {
-            x = rect.left();
+        if (x > start && x + width > rect.right() + 1) {
+            x = start;
             y += lineHeight + spacing();
         }
         place(*item, QRect(x, y, width, lineHeight));

@@ -12,7 +12,8 @@ class FlowLayout : public QLayout {
     Q_OBJECT
 
 public:
-    explicit FlowLayout(int gap, QWidget *parent = nullptr);
+    /// Items whose visible part begins further right may hang over at the left.
+    explicit FlowLayout(int gap, int overhang = 0);
     ~FlowLayout() override;
 
     void addItem(QLayoutItem *item) override;
@@ -34,6 +35,7 @@ private:
     template <typename Place>
     int arrange(const QRect &rect, Place &&place) const;
 
+    int m_overhang;
     std::vector<std::unique_ptr<QLayoutItem>> m_items;
 };
 

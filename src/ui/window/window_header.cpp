@@ -24,8 +24,9 @@ constexpr int margin = 20;
 constexpr int rowGap = 12;
 constexpr int buttonGap = 8;
 constexpr int quietGap = 2;
+constexpr int quietInset = 6; ///< of the symbol in a button without a box
 constexpr int queueGap = 12;
-constexpr int smallestSearch = 360;
+constexpr int smallestSearch = 240;
 
 QString nameAndVersion()
 {
@@ -43,7 +44,7 @@ QLabel *makeLine(const QString &text, TextStyle style, Tint tint = Tint::text)
 
 QLayout *makeCommandRow(const QList<QAction *> &commands)
 {
-    auto *row = new FlowLayout(quietGap);
+    auto *row = new FlowLayout(quietGap, quietInset);
     for (QAction *command : commands)
         row->addWidget(new ActionButton(command, ActionButton::Look::quiet));
     return row;

@@ -1,0 +1,158 @@
+#include "ui/window/window_fixture.h"
+
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenuBar>
+#include <QStackedWidget>
+
+using namespace quenoria;
+using namespace quenoria::test;
+using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
+
+namespace {
+
+class Window : public WindowTest {
+protected:
+    bool shows(const QString &text)
+    {
+        for (const auto *label : window().findChildren<QLabel *>()) {
+            if (label->isVisible() && label->text() == text)
+                return true;
+        }
+        return false;
+    }
+    void search(const QString &text)
+    {
+        window().findChild<QLineEdit *>()->setText(text);
+        settle();
+    }
+};
+
+TEST_F(Window, EveryCommandHasAButtonAndAMenuEntry)
+{
+    const QStringList commands{u"Ajouter un contact"_s,
+                               u"Importer Excel"_s,
+                               u"Format Excel attendu"_s,
+                               u"Départements"_s,
+                               u"Gérer les SMS"_s,
+                               u"Gérer les e-mails"_s,
+                               u"Tester un message"_s,
+                               u"À propos"_s,
+                               u"Quitter l’application"_s,
+                               u"Préparer les SMS (0)"_s,
+                               u"Préparer les e-mails (0)"_s,
+                               u"Supprimer les contacts cochés (0)"_s,
+                               u"Automatiser envoi SMS"_s,
+                               u"Forfait Free Pro"_s,
+                               u"Automatiser envoi e-mail"_s};
+    QStringList entries;
+    for (const QAction *menu : window().menuBar()->actions()) {
+        for (const QAction *entry : menu->menu()->actions())
+            entries << entry->text();
+    }
+    for (const QString &command : commands) {
+        EXPECT_NE(button(command), nullptr) << command.toStdString();
+        EXPECT_TRUE(entries.contains(command)) << command.toStdString();
+    }
+}
+
+TEST_F(Window, NoShortcutStandsForTwoCommands)
+{
+    QSet<QString> taken;
+    for (const QAction *action : window().findChildren<QAction *>()) {
+        const QString keys = action->shortcut().toString();
+        EXPECT_TRUE(keys.isEmpty() || !taken.contains(keys)) << keys.toStdString();
+        taken << keys;
+    }
+}
+
+TEST_F(Window, TheHeaderCounts)
+{
+    EXPECT_TRUE(shows(u"SMS : 0  •  E-mails : 0"_s));
+    EXPECT_TRUE(shows(u"SMS ce mois : 0/250"_s));
+    store().recordSentNow(alix());
+    store().setSelectedForSending(true, chloe());
+    store().setSelectedForEmailSending(true, alix());
+    tick(chloe(), 0);
+    EXPECT_TRUE(shows(u"SMS : 1  •  E-mails : 0"_s));
+    EXPECT_TRUE(shows(u"SMS ce mois : 1/250"_s));
+    EXPECT_NE(button(u"Préparer les SMS (1)"_s), nullptr);
+    EXPECT_NE(button(u"Supprimer les contacts cochés (1)"_s), nullptr);
+    press(u"Automatiser envoi e-mail"_s);
+    EXPECT_NE(button(u"Envoyer les e-mails (1)"_s), nullptr);
+    press(u"Forfait Free Pro"_s);
+    EXPECT_TRUE(shows(u"SMS : sans limite"_s));
+    EXPECT_TRUE(switches.freeProPlan() && switches.autoValidateEmail());
+}
+
+TEST_F(Window, NothingInTheHeaderIsCutWhenItIsNarrow)
+{
+    for (const int width : {1280, 900, 640}) {
+        window().resize(width, 900);
+        settle();
+        for (const auto *each : window().findChildren<QAbstractButton *>()) {
+            const QPoint end = each->mapTo(&window(), each->rect().bottomRight());
+            EXPECT_TRUE(!each->isVisible() || end.x() < width) << each->text().toStdString();
+            EXPECT_TRUE(!each->isVisible() || each->width() >= each->sizeHint().width());
+        }
+    }
+}
+
+TEST_F(Window, DeletionAsksFirst)
+{
+    press(u"Supprimer les contacts cochés (0)"_s);
+    EXPECT_EQ(alert(), QString());
+    tick(chloe(), 0);
+    press(u"Supprimer les contacts cochés (1)"_s);
+    press(u"Annuler"_s);
+    EXPECT_EQ(model().deleteSelection().size(), 1U);
+    press(u"Supprimer les contacts cochés (1)"_s);
+    EXPECT_EQ(window().findChild<QMessageBox *>()->text(),
+              u"Supprimer définitivement 1 contact(s) ?"_s);
+    press(u"Supprimer les contacts et leurs données"_s);
+    EXPECT_EQ(store().prospect(u"0639980012"_s), nullptr);
+    EXPECT_TRUE(model().deleteSelection().empty());
+    EXPECT_EQ(model().rowCount(), 2);
+}
+
+TEST_F(Window, AnEmptyTableSaysWhatToDo)
+{
+    search(u"zzz"_s);
+    EXPECT_TRUE(shows(u"Aucun contact trouvé"_s));
+    search({});
+    EXPECT_TRUE(table().isVisible());
+    store().deleteProspects({alix().id, chloe().id, QString()});
+    settle();
+    EXPECT_TRUE(shows(u"Aucun contact pour le moment"_s));
+}
+
+TEST_F(Window, GeometryAndColumnsAreKept)
+{
+    window().resize(1100, 700);
+    table().setColumnWidth(0, 140);
+    window().close();
+    closeWindow();
+    EXPECT_EQ(window().size(), QSize(1100, 700));
+    EXPECT_EQ(table().columnWidth(0), 140);
+    window().resetColumnWidths();
+    EXPECT_EQ(table().columnWidth(0), 95);
+}
+
+TEST_F(Window, WaitsForASendBeforeItCloses)
+{
+    press(u"Automatiser envoi SMS"_s);
+    store().recordSentNow(alix());
+    bool isRunning = false;
+    desktop.scripts.answer = [&isRunning](const QString &) {
+        isRunning = true;
+        return ScriptDone{};
+    };
+    Q_EMIT table().actionRequested(RowAction::sendSMS, chloe().id);
+    EXPECT_FALSE(window().close());
+    EXPECT_TRUE(window().isVisible());
+    ASSERT_TRUE(QTest::qWaitFor([this] { return !window().isVisible(); }));
+    EXPECT_EQ(isRunning, store().sendHistory(chloe()).size() == 1);
+}
+
+} // namespace

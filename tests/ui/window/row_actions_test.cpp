@@ -1,0 +1,92 @@
+#include "store/store_fixture.h"
+#include "ui/kit/switches.h"
+#include "ui/window/row_actions.h"
+
+#include <QSignalSpy>
+#include <QTest>
+
+using namespace quenoria;
+using namespace quenoria::test;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+class RowButtons : public StoreTest {
+protected:
+    RowButtons() : actions(std::make_unique<RowActions>(store(), switches, nullptr))
+    {
+        QObject::connect(actions.get(), &RowActions::failed,
+                         [this](const QString &title, const QString &text) {
+                             failure = title + u" | "_s + text;
+                         });
+    }
+
+    void perform(RowAction action, const Prospect &contact)
+    {
+        const QString id = contact.id;
+        actions->perform(action, id);
+        ASSERT_TRUE(QTest::qWaitFor([this] { return !actions->isSending(); }));
+    }
+
+    Switches switches{desktop.preferences};
+    std::unique_ptr<RowActions> actions;
+    QString failure;
+};
+
+TEST_F(RowButtons, PrepareAndRecordNothing)
+{
+    perform(RowAction::sendSMS, chloe());
+    perform(RowAction::sendEmail, alix());
+    EXPECT_EQ(desktop.workspace.opened.size(), 2);
+    EXPECT_EQ(store().status(chloe()), nullptr);
+    EXPECT_EQ(failure, QString());
+    perform(RowAction::sendEmail, chloe());
+    EXPECT_TRUE(failure.startsWith(u"E-mail impossible | "_s));
+    store().setStopped(true, chloe());
+    perform(RowAction::sendSMS, chloe());
+    EXPECT_EQ(failure,
+              u"SMS impossible | Cet abonné a demandé à ne plus être destinataire de SMS."_s);
+}
+
+TEST_F(RowButtons, SendAndRecord)
+{
+    switches.setAutoValidateSMS(true);
+    switches.setAutoValidateEmail(true);
+    perform(RowAction::sendSMS, alix());
+    perform(RowAction::sendEmail, alix());
+    EXPECT_EQ(store().sendHistory(alix()).size(), 1U);
+    EXPECT_TRUE(store().emailStatus(alix())->sent);
+    EXPECT_EQ(store().smsRecipientsSentThisMonth(), 1);
+
+    desktop.scripts.answer = [](const QString &) { return ScriptError{{}, u"Réseau absent"_s}; };
+    perform(RowAction::sendEmail, alix());
+    EXPECT_TRUE(failure.startsWith(u"Envoi automatique impossible | "_s));
+    EXPECT_EQ(store().emailStatus(alix())->sendHistory->size(), 1U);
+}
+
+TEST_F(RowButtons, AMessageThatLeftIsRecordedWithoutItsWindow)
+{
+    switches.setAutoValidateSMS(true);
+    actions->perform(RowAction::sendSMS, chloe().id);
+    actions.reset();
+    EXPECT_TRUE(QTest::qWaitFor(
+        [this] { return !store().automaticSMSBusy() && !desktop.scripts.sources.isEmpty(); }));
+    EXPECT_EQ(store().sendHistory(chloe()).size(), 1U);
+}
+
+TEST_F(RowButtons, AnSMSThatStillWaitsItsTurnIsAbandonedSilently)
+{
+    switches.setAutoValidateSMS(true);
+    perform(RowAction::sendSMS, alix());
+    actions->perform(RowAction::sendSMS, chloe().id);
+    settle();
+    EXPECT_TRUE(actions->isSending());
+    QSignalSpy idle(actions.get(), &RowActions::idle);
+    actions->stopWaiting();
+    settle();
+    EXPECT_EQ(idle.size(), 1);
+    EXPECT_TRUE(store().sendHistory(chloe()).empty());
+    EXPECT_EQ(failure, QString());
+}
+
+} // namespace

@@ -1,0 +1,70 @@
+#pragma once
+
+#include "store/store_fixture.h"
+#include "ui/kit/switches.h"
+#include "ui/table/contact_table_view.h"
+#include "ui/window/content_view.h"
+
+#include <QMessageBox>
+#include <QPushButton>
+#include <QTest>
+
+namespace quenoria::test {
+
+/// The whole window over a fake desktop.
+class WindowTest : public StoreTest {
+protected:
+    Switches switches{desktop.preferences};
+
+    ContentView &window()
+    {
+        if (!m_window) {
+            m_window = std::make_unique<ContentView>(store(), switches, desktop.platform());
+            m_window->show();
+            settle();
+        }
+        return *m_window;
+    }
+    void closeWindow() { m_window.reset(); }
+
+    ContactTableView &table() { return *window().findChild<ContactTableView *>(); }
+
+    QAbstractButton *button(const QString &text)
+    {
+        for (auto *candidate : window().findChildren<QAbstractButton *>()) {
+            if (candidate->isVisible() && candidate->text() == text)
+                return candidate;
+        }
+        return nullptr;
+    }
+    void press(const QString &text)
+    {
+        QAbstractButton *found = button(text);
+        ASSERT_NE(found, nullptr) << text.toStdString();
+        found->click();
+        settle();
+    }
+
+    /// Title and message of the alert that is open, which is then left.
+    QString alert()
+    {
+        auto *box = window().findChild<QMessageBox *>();
+        if (!box)
+            return {};
+        const QString shown = box->text() + QStringLiteral(" | ") + box->informativeText();
+        delete box;
+        return shown;
+    }
+
+    void tick(const Prospect &contact, int column)
+    {
+        const int row = model().contacts().rowOf(contact.id);
+        model().setData(model().index(row, column), Qt::Checked, Qt::CheckStateRole);
+    }
+    ContactTableModel &model() { return *window().findChild<ContactTableModel *>(); }
+
+private:
+    std::unique_ptr<ContentView> m_window;
+};
+
+} // namespace quenoria::test

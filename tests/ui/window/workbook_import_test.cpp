@@ -1,0 +1,87 @@
+#include "ui/window/window_fixture.h"
+
+#include "ui/window/import_progress.h"
+
+#include <QDropEvent>
+#include <QMimeData>
+
+using namespace quenoria;
+using namespace quenoria::test;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+class Import : public WindowTest {
+protected:
+    const QString workbook = QStringLiteral(QUENORIA_TEST_DATA "/workbooks/openpyxl.xlsx");
+
+    /// The report of the import that is under way.
+    QString report()
+    {
+        const auto hasAlert = [this] { return window().findChild<QMessageBox *>() != nullptr; };
+        return QTest::qWaitFor(hasAlert) ? alert() : QString();
+    }
+};
+
+TEST_F(Import, AsksForAWorkbookAndShowsTheReport)
+{
+    press(u"Importer Excel"_s);
+    ASSERT_EQ(desktop.panels.opened.size(), 1U);
+    const OpenPanel panel = desktop.panels.opened.front();
+    EXPECT_EQ(panel.title, u"Importer des contacts depuis Excel"_s);
+    EXPECT_EQ(panel.message, u"Choisissez un fichier .xlsx contenant le nom du contact et au moins "
+                             "un mobile ou une adresse e-mail."_s);
+    EXPECT_EQ(panel.button, u"Importer"_s);
+    EXPECT_EQ(panel.suffix, u"xlsx"_s);
+    EXPECT_EQ(window().findChild<ImportProgress *>(), nullptr) << "the panel was cancelled";
+
+    const int before = model().rowCount();
+    desktop.panels.answer = workbook;
+    press(u"Importer Excel"_s);
+    EXPECT_TRUE(report().startsWith(u"Import terminé | "_s));
+    settle();
+    EXPECT_GT(model().rowCount(), before);
+    window().importWorkbook(workbook);
+    EXPECT_TRUE(report().startsWith(u"Aucun nouveau contact | 0 contact(s) ajouté(s).\n"_s));
+}
+
+TEST_F(Import, AFailureChangesNothing)
+{
+    window().importWorkbook(desktop.folders.data() + u"/absent.xlsx"_s);
+    EXPECT_TRUE(report().startsWith(u"Import impossible | "_s));
+    EXPECT_TRUE(store().customProspects().empty());
+}
+
+TEST_F(Import, TheWindowTakesNoOtherOrderMeanwhileAndCanStopIt)
+{
+    window().importWorkbook(workbook);
+    auto *progress = window().findChild<ImportProgress *>();
+    ASSERT_NE(progress, nullptr);
+    EXPECT_EQ(progress->windowModality(), Qt::WindowModal);
+    progress->reject();
+    QThreadPool::globalInstance()->waitForDone();
+    settle();
+    EXPECT_EQ(alert(), QString());
+    EXPECT_TRUE(store().customProspects().empty());
+}
+
+TEST_F(Import, AWorkbookCanBeDroppedOnTheWindow)
+{
+    const auto drop = [this](const QString &path) {
+        QMimeData dragged;
+        dragged.setUrls({QUrl::fromLocalFile(path)});
+        QDragEnterEvent enter(QPoint(9, 9), Qt::CopyAction, &dragged, Qt::LeftButton, {});
+        enter.ignore();
+        QCoreApplication::sendEvent(&window(), &enter);
+        if (!enter.isAccepted())
+            return false;
+        QDropEvent released(QPoint(9, 9), Qt::CopyAction, &dragged, Qt::LeftButton, {});
+        QCoreApplication::sendEvent(&window(), &released);
+        return true;
+    };
+    EXPECT_FALSE(drop(u"/dossier/photo.png"_s));
+    EXPECT_TRUE(drop(workbook));
+    EXPECT_TRUE(report().startsWith(u"Import terminé | "_s));
+}
+
+} // namespace
