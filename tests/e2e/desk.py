@@ -77,10 +77,6 @@ def place_of(names, name):
     return next(place for place, found in enumerate(names) if found.startswith(name))
 
 
-def headers(table):
-    return [table.get_column_header(place) for place in range(table.get_n_columns())]
-
-
 class Program:
     """One run of the program on a data folder."""
 
@@ -88,7 +84,6 @@ class Program:
         self.data = Path(data)
         desktop = Atspi.get_desktop(0)  # the bus must be there before the program looks for it
         self.process = subprocess.Popen([PROGRAM, "--data-dir", data, *options])
-
         self.application = until("le programme", lambda: next(
             application for application in children(desktop)
             if application.get_process_id() == self.process.pid))
@@ -136,7 +131,8 @@ class Program:
         return self.find("Contacts", LISTS)
 
     def column(self, header):
-        return place_of((found.get_name() for found in headers(self.table())), header)
+        headers = map(self.table().get_column_header, range(self.table().get_n_columns()))
+        return place_of((found.get_name() for found in headers), header)
 
     def contacts(self):
         """The rows in their order, as they are read aloud."""
