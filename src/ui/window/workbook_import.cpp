@@ -27,8 +27,7 @@ WorkbookImport::WorkbookImport(ProspectStore &store, FilePanels &panels, QWidget
 WorkbookImport::~WorkbookImport()
 {
     m_stop.request_stop();
-    if (m_analysis.future().isValid()) // one whose result was taken never finishes
-        m_analysis.waitForFinished();
+    m_analysis.waitForFinished();
 }
 
 void WorkbookImport::choose()
@@ -52,22 +51,22 @@ void WorkbookImport::run(const QString &workbookPath)
                                            m_store.duplicateKeys(), m_stop.get_token()));
 }
 
-void WorkbookImport::analyse(QPromise<Outcome> &promise, const QString &path, const IdSet &known,
-                             const std::stop_token &stop)
+void WorkbookImport::analyse(QPromise<std::shared_ptr<Outcome>> &promise, const QString &path,
+                             const IdSet &known, const std::stop_token &stop)
 {
-    Outcome outcome;
+    const auto outcome = std::make_shared<Outcome>();
     const auto tell = [&promise](double share) {
         promise.setProgressValue(int(share * wholeWorkbook));
     };
     promise.setProgressRange(0, wholeWorkbook);
     try {
-        outcome.analysis = ProspectExcelImporter::analyze(path, known, {stop, tell});
+        outcome->analysis = ProspectExcelImporter::analyze(path, known, {stop, tell});
     } catch (const ImportFailure &failure) {
-        outcome.failure = failure.message();
+        outcome->failure = failure.message();
     } catch (const ImportAbandoned &) {
-        outcome = {};
+        *outcome = {};
     }
-    promise.addResult(std::move(outcome));
+    promise.addResult(outcome);
 }
 
 void WorkbookImport::showProgress(const QString &fileName)
@@ -81,7 +80,9 @@ void WorkbookImport::showProgress(const QString &fileName)
 
 void WorkbookImport::conclude()
 {
-    const Outcome outcome = m_analysis.future().takeResult();
+    // The future keeps its result: without one it counts as unfinished, and the promise, which its
+    // thread destroys at that moment, would finish it once more.
+    const Outcome outcome = std::move(*m_analysis.result());
     delete m_progress;
     if (m_stop.stop_requested())
         return;

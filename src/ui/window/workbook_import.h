@@ -6,6 +6,8 @@
 #include <QFutureWatcher>
 #include <QPointer>
 
+#include <memory>
+
 class QWidget;
 
 namespace quenoria {
@@ -38,8 +40,8 @@ private:
         std::optional<QString> failure;
     };
 
-    static void analyse(QPromise<Outcome> &promise, const QString &path, const IdSet &known,
-                        const std::stop_token &stop);
+    static void analyse(QPromise<std::shared_ptr<Outcome>> &promise, const QString &path,
+                        const IdSet &known, const std::stop_token &stop);
     void showProgress(const QString &fileName);
     void conclude();
 
@@ -47,7 +49,7 @@ private:
     FilePanels &m_panels;
     QWidget *m_window;
     std::stop_source m_stop;
-    QFutureWatcher<Outcome> m_analysis;
+    QFutureWatcher<std::shared_ptr<Outcome>> m_analysis;
     QPointer<ImportProgress> m_progress;
 };
 
