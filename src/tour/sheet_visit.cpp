@@ -49,6 +49,15 @@ void editContact(Guide &guide, ContentView &window)
     guide.closeSheet();
 }
 
+void readHistory(Guide &guide, ContentView &window)
+{
+    guide.goTo(u"BOULANGERIE DU STEÏR"_s, u"Contact"_s);
+    window.showCurrentHistory();
+    guide.untilSheetIsOpen();
+    guide.picture(u"historique"_s);
+    guide.closeSheet();
+}
+
 } // namespace
 
 void visitImport(Guide &guide)
@@ -65,6 +74,7 @@ void visitSheets(Guide &guide, ContentView &window)
 {
     addContact(guide);
     editContact(guide, window);
+    readHistory(guide, window);
     tryMessage(guide);
     lookAt(guide, u"Départements"_s, u"departements"_s);
     lookAt(guide, u"Format Excel attendu"_s, u"format-excel"_s);

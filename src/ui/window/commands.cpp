@@ -24,6 +24,7 @@ constexpr std::array commands{
     Command{u"Format Excel attendu", u"questionmark.circle", u"F1", help, header,
             &ContentView::showImportHelp},
     Command{u"Modifier le contact", u"", u"", edit, none, &ContentView::editCurrentContact},
+    Command{u"Historique des envois", u"", u"Ctrl+H", edit, none, &ContentView::showCurrentHistory},
     Command{u"Rechercher", u"", u"Ctrl+F", edit, none, &ContentView::startSearch, nullptr, true},
     Command{u"Départements", u"map", u"Ctrl+D", edit, header, &ContentView::manageDepartments,
             nullptr, true},

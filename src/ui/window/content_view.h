@@ -46,6 +46,7 @@ public:
     void openEmailQueue();
     void deleteTickedContacts();
     void editCurrentContact();
+    void showCurrentHistory();
     void startSearch();
     void toggleFullScreen();
     void resetColumnWidths();

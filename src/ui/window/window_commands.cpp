@@ -50,6 +50,12 @@ void ContentView::editCurrentContact()
         editContact(current->id);
 }
 
+void ContentView::showCurrentHistory()
+{
+    if (const Prospect *current = m_table->currentContact())
+        showHistory(current->id);
+}
+
 void ContentView::editContact(const QString &id)
 {
     if (const Prospect *contact = m_store.prospect(id))
