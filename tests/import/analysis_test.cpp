@@ -1,7 +1,6 @@
 #include "import/contact_cells.h"
 #include "import/department_details.h"
 #include "import/header_text.h"
-#include "import/import_error.h"
 #include "import/package.h"
 #include "import/prospect_excel_importer.h"
 
@@ -48,21 +47,6 @@ TEST(ImportAnalysis, FindsTheContactsOfRealWorkbooks)
         QFile expected(path.replace(u".xlsx"_s, u".tsv"_s));
         ASSERT_TRUE(expected.open(QFile::ReadOnly)) << path.toStdString();
         EXPECT_EQ(table(analysis).toStdString(), expected.readAll().toStdString());
-    }
-}
-
-TEST(ImportAnalysis, NeedsAHeader)
-{
-    const Packages packages;
-    try {
-        (void)ProspectExcelImporter::analyze(
-            packages.package({{"xl/worksheets/1.xml", worksheet("<row><c><v>Nom</v></c></row>")}}),
-            {});
-        ADD_FAILURE();
-    } catch (const ImportError &error) {
-        EXPECT_EQ(error.message(),
-                  u"Impossible de trouver la colonne « Nom de l’entreprise » avec une colonne "
-                  u"« Téléphone mobile » ou « Adresse e-mail » dans ce fichier."_s);
     }
 }
 

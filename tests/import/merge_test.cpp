@@ -81,15 +81,27 @@ TEST_F(Merge, ARepeatedContactGetsTheAddress)
 TEST_F(Merge, AFailedImportChangesNothing)
 {
     const Packages packages;
-    const QByteArray contacts =
-        worksheet("<row><c r='A1'><v>Nom</v></c><c r='B1'><v>Mobile</v></c><c r='C1'><v>CP</v></c>"
-                  "</row><row><c r='A2'><v>A</v></c><c r='B2'><v>639980050</v></c><c r='C2'><v>29"
-                  "</v></c></row>");
+    const QByteArray town = worksheet("<row><c><v>Nom</v></c><c r='B1'><v>Ville</v></c></row>");
+    const QByteArray contact = worksheet(
+        "<row><c><v>Nom</v></c><c r='B1'><v>Mobile</v></c><c r='C1'><v>CP</v></c></row>"
+        "<row><c><v>A</v></c><c r='B2'><v>639980050</v></c><c r='C2'><v>29</v></c></row>");
     int writes = 0;
     QObject::connect(&store(), &ProspectStore::published, [&writes] { ++writes; });
-    EXPECT_THROW(store().importProspects(packages.package(
-                     {{"xl/worksheets/1.xml", contacts}, {"xl/worksheets/2.xml", "<w>"}})),
-                 ImportFailure);
+    for (const auto &[first, second, message] :
+         {std::tuple(town, town,
+                     u"Impossible de trouver la colonne « Nom de l’entreprise » avec une colonne "
+                     u"« Téléphone mobile » ou « Adresse e-mail » dans ce fichier."_s),
+          {contact, "<w>",
+           u"Le contenu du fichier Excel n’est pas valide (ligne 1, colonne 4)."_s}}) {
+        const QString workbook =
+            packages.package({{"xl/worksheets/1.xml", first}, {"xl/worksheets/2.xml", second}});
+        try {
+            store().importProspects(workbook);
+            ADD_FAILURE() << message.toStdString();
+        } catch (const ImportFailure &failure) {
+            EXPECT_EQ(failure.message(), message);
+        }
+    }
     EXPECT_EQ(writes, 0);
 }
 
