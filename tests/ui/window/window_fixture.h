@@ -61,7 +61,7 @@ protected:
         const int row = model().contacts().rowOf(contact.id);
         model().setData(model().index(row, column), Qt::Checked, Qt::CheckStateRole);
     }
-    ContactTableModel &model() { return *window().findChild<ContactTableModel *>(); }
+    ContactTableModel &model() { return dynamic_cast<ContactTableModel &>(*table().model()); }
 
 private:
     std::unique_ptr<ContentView> m_window;
