@@ -30,9 +30,8 @@ ContactList::ContactList(ProspectStore &store, TableState &state) : m_store(stor
 
 int ContactList::rowOf(const QString &id) const
 {
-    const auto found = std::ranges::find_if(
-        m_shown, [this, &id](std::uint32_t entry) { return m_entries[entry].contact.id == id; });
-    return found == m_shown.end() ? none : int(found - m_shown.begin());
+    const auto found = m_entriesById.constFind(id);
+    return found == m_entriesById.cend() ? none : rowOfEntry(*found);
 }
 
 int ContactList::rowOfEntry(std::uint32_t entry) const
@@ -63,24 +62,17 @@ void ContactList::sort(SortColumn column, Qt::SortOrder order)
 void ContactList::rebuild()
 {
     m_entries.clear();
+    m_entriesById.clear();
     m_smsSent = 0;
     m_emailsSent = 0;
     m_entries.reserve(m_store.allProspects().size());
-    for (const Prospect &contact : m_store.allProspects())
+    for (const Prospect &contact : m_store.allProspects()) {
+        m_entriesById.insert(contact.id, std::uint32_t(m_entries.size()));
         tally(m_entries.emplace_back(fresh(contact)), 1);
+    }
     m_order.resize(m_entries.size());
     std::iota(m_order.begin(), m_order.end(), 0U);
     arrange();
-}
-
-std::vector<std::uint32_t> ContactList::entriesOf(const QString &id) const
-{
-    std::vector<std::uint32_t> found;
-    for (std::uint32_t entry = 0; entry < m_entries.size(); ++entry) {
-        if (m_entries[entry].contact.id == id)
-            found.push_back(entry);
-    }
-    return found;
 }
 
 ContactList::Change ContactList::reload(std::uint32_t entry)

@@ -42,7 +42,7 @@ public:
 
     /// Rebuilding by halves, for one contact whose records changed: reload() finds out where its
     /// row goes, move() carries it there. The contact may stand in the list more than once.
-    std::vector<std::uint32_t> entriesOf(const QString &id) const;
+    QList<std::uint32_t> entriesOf(const QString &id) const { return m_entriesById.values(id); }
     Change reload(std::uint32_t entry);
     void move(std::uint32_t entry, Change change);
 
@@ -74,8 +74,9 @@ private:
     ProspectStore &m_store;
     TableState &m_state;
     std::vector<Entry> m_entries; ///< in the store's order
-    Order m_order;                ///< every entry, sorted
-    Order m_shown;                ///< those that the search finds, in that order
+    QMultiHash<QString, std::uint32_t> m_entriesById;
+    Order m_order; ///< every entry, sorted
+    Order m_shown; ///< those that the search finds, in that order
     QString m_searchText;
     QString m_needle; ///< folded; null when everything is shown
     SortColumn m_sortColumn = SortColumn::name;

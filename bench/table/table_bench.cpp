@@ -1,0 +1,217 @@
+// What a user waits for in the table: a letter in the search field, a click on a header, a tick
+// with its file written, a page of scrolling; and the memory that the contacts take.
+
+#include "store/prospect_store.h"
+#include "support/fake_desktop.h"
+#include "ui/kit/switches.h"
+#include "ui/kit/theme.h"
+#include "ui/table/contact_table_model.h"
+#include "ui/table/contact_table_view.h"
+
+#include <QApplication>
+#include <QFile>
+#include <QSaveFile>
+#include <QScrollBar>
+
+#include <chrono>
+#include <cstdio>
+
+namespace quenoria::bench {
+namespace {
+
+using namespace Qt::StringLiterals;
+
+constexpr int runs = 9;
+constexpr int pages = 60;
+constexpr int sends = 6;
+constexpr double frame = 16;
+
+/// Digits that are too many for anybody's number.
+QString idOf(int contact) { return u"063998%1"_s.arg(contact, 8, 10, QChar(u'0')); }
+
+template <typename Shape>
+QByteArray fileOf(const Shape &collection)
+{
+    QByteArray file;
+    writeJson(collection, [&file](const QByteArray &piece) { file += piece; });
+    return file;
+}
+
+void writeFiles(const test::FakeDesktop &desktop, int contacts)
+{
+    const QStringList names{u"BOULANGERIE"_s, u"GARAGE"_s, u"ÉPICERIE"_s, u"MENUISERIE"_s,
+                            u"ÎLOT FLEURI"_s};
+    const QStringList codes{u"29"_s, u"22"_s, u"35"_s, u"56"_s};
+    Sequence<Prospect> prospects;
+    Dictionary<SendStatus> statuses;
+    Sequence<MessageTemplate> templates;
+    Dictionary<QString> assignments;
+    for (int entry = 0; entry < 8; ++entry)
+        templates.append({u"modele-%1"_s.arg(entry), u"Relance %1"_s.arg(entry), u"Bonjour"_s});
+    for (int contact = 0; contact < contacts; ++contact) {
+        const QString id = idOf(contact);
+        const int mixed = int(qint64(contact) * 7919 % contacts);
+        prospects.append({id,
+                          u"%1 %2 — QUIMPER (29)"_s.arg(names[contact % names.size()]).arg(mixed),
+                          id, u"contact%1@example.org"_s.arg(mixed), codes[contact % codes.size()],
+                          true, u"Artisan"_s});
+        std::vector<Instant> history;
+        for (int send = 0; send < sends; ++send)
+            history.push_back(desktop.clock.now() -
+                              std::chrono::hours(24 * (sends - send) + mixed));
+        statuses.set(id, {contact % 3 == 0, history.back(), u"À rappeler le %1"_s.arg(mixed % 31),
+                          std::nullopt, history});
+        assignments.set(id, u"modele-%1"_s.arg(contact % 8));
+    }
+    desktop.writeFile(u"nouveaux-numeros.json"_s, fileOf(prospects));
+    desktop.writeFile(u"suivi-envois.json"_s, fileOf(statuses));
+    desktop.writeFile(u"modeles-messages.json"_s, fileOf(templates));
+    desktop.writeFile(u"associations-messages.json"_s, fileOf(assignments));
+}
+
+template <typename Work>
+double milliseconds(Work &&work)
+{
+    const auto start = std::chrono::steady_clock::now();
+    work();
+    return std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - start)
+        .count();
+}
+
+/// The fastest of several runs, each of which is told its number.
+template <typename Work>
+double fastest(Work &&work)
+{
+    double best = milliseconds([&work] { work(0); });
+    for (int run = 1; run < runs; ++run)
+        best = std::min(best, milliseconds([&work, run] { work(run); }));
+    return best;
+}
+
+void print(const QString &what, double measured, double budget = 0)
+{
+    std::printf("  %-34s %10.2f", qUtf8Printable(what), measured);
+    if (budget > 0)
+        std::printf("  (at most %.0f)%s", budget, measured > budget ? "  MISSED" : "");
+    std::printf("\n");
+}
+
+double residentMegabytes()
+{
+    QFile status(u"/proc/self/statm"_s);
+    if (!status.open(QIODevice::ReadOnly))
+        return 0;
+    constexpr double pageSize = 4096;
+    return status.readAll().split(' ')[1].toDouble() * pageSize / (1 << 20);
+}
+
+/// One contact list in a table on the screen.
+class Scene {
+public:
+    explicit Scene(int contacts) : m_contacts(contacts)
+    {
+        writeFiles(m_desktop, contacts);
+        m_store.emplace(m_desktop.platform());
+        const double before = residentMegabytes();
+        const double opening = milliseconds([this] {
+            m_model.emplace(*m_store, m_switches, m_desktop.clock);
+            m_view.emplace(*m_model);
+        });
+        m_view->resize(1280, 600);
+        m_view->show();
+        QApplication::processEvents();
+        std::printf("%d contacts\n", contacts);
+        print(u"open the table, ms"_s, opening);
+        print(u"memory of the table, MB"_s, residentMegabytes() - before);
+    }
+
+    void search()
+    {
+        // 10,000 contacts within 50 ms; more of them in proportion.
+        const double budget = 50.0 * std::max(1, m_contacts / 10'000);
+        print(u"first letter ever, ms"_s, milliseconds([this] { type(u"a"_s); }), budget);
+        print(u"one letter, ms"_s, fastest([this](int run) { type(run % 2 ? u"ga"_s : u"g"_s); }),
+              budget);
+        print(u"search emptied, ms"_s, milliseconds([this] { type({}); }), budget);
+        print(u"memory with its search texts, MB"_s, residentMegabytes());
+    }
+
+    void sort()
+    {
+        for (int column = 0; column < m_model->columnCount(); ++column) {
+            if (contactColumns()[std::size_t(column)].sort)
+                print(u"header « %1 », ms"_s.arg(
+                          m_model->headerData(column, Qt::Horizontal).toString()),
+                      milliseconds([this, column] { m_model->toggleSort(column); }));
+        }
+        m_model->sort(columnOf(SortColumn::name), Qt::AscendingOrder);
+    }
+
+    void tick()
+    {
+        const QByteArray bytes = m_desktop.file(u"suivi-envois.json"_s);
+        const QString path = m_store->file(Collection::statuses);
+        const double floor = fastest([&](int) {
+            QSaveFile file(path);
+            if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() ||
+                !file.commit())
+                std::fputs("the floor could not write\n", stderr);
+        });
+        const int column = columnOf(SortColumn::stopped);
+        const double ticked = fastest([this, column](int run) {
+            m_model->setData(m_model->index(run, column), Qt::Checked, Qt::CheckStateRole);
+        });
+        print(u"writing the same bytes, ms"_s, floor);
+        print(u"one tick, file written, ms"_s, ticked, 1.5 * floor);
+    }
+
+    void scroll()
+    {
+        double slowest = 0;
+        QScrollBar *bar = m_view->verticalScrollBar();
+        QScrollBar *sideways = m_view->horizontalScrollBar();
+        for (int page = 0; page < pages; ++page) {
+            sideways->setValue(sideways->maximum() * (page % 4) / 3);
+            QApplication::processEvents();
+            slowest = std::max(slowest, milliseconds([this, bar, page] {
+                                   bar->setValue(bar->maximum() / pages * page);
+                                   QImage image(m_view->size(), QImage::Format_RGB32);
+                                   m_view->render(&image);
+                               }));
+        }
+        print(u"slowest of 60 pages painted, ms"_s, slowest, frame);
+    }
+
+private:
+    void type(const QString &text)
+    {
+        m_model->setSearchText(text);
+        QApplication::processEvents();
+    }
+
+    int m_contacts;
+    test::FakeDesktop m_desktop;
+    Switches m_switches{m_desktop.preferences};
+    std::optional<ProspectStore> m_store;
+    std::optional<ContactTableModel> m_model;
+    std::optional<ContactTableView> m_view;
+};
+
+} // namespace
+} // namespace quenoria::bench
+
+int main(int argc, char **argv)
+{
+    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    const QApplication application(argc, argv);
+    quenoria::applyTheme(quenoria::Appearance::light);
+    for (const int contacts : {5'000, 10'000, 100'000}) {
+        quenoria::bench::Scene scene(contacts);
+        scene.scroll();
+        scene.search();
+        scene.sort();
+        scene.tick();
+    }
+    return 0;
+}
