@@ -12,6 +12,7 @@ namespace quenoria {
 namespace {
 
 constexpr std::size_t nowhere = std::size_t(-1);
+constexpr int usualTextLength = 256;
 constexpr QChar textSeparator(0xFFFF); // no character: no search runs over the end of a text
 
 /// Two texts that differ by case only, in the user's language, fold to the same.
@@ -124,18 +125,24 @@ ContactList::OrderKey ContactList::orderKey(const Prospect &contact) const
 
 QString ContactList::foldedTexts(const Prospect &contact) const
 {
-    const SendStatus *status = m_store.status(contact);
-    const QStringList texts{contact.label,
-                            contact.phone,
-                            contact.email.value_or(QString()),
-                            contact.department,
-                            m_store.departmentName(contact.department),
-                            contact.profession.value_or(QString()),
-                            m_store.assignedMessage(contact).title,
-                            m_store.assignedEmailTemplate(contact).title,
-                            m_store.attachmentName(contact).value_or(QString()),
-                            status ? status->comment.value_or(QString()) : QString()};
-    return folded(texts.join(textSeparator));
+    QString texts;
+    texts.reserve(usualTextLength);
+    const auto add = [&texts](const QString &text) {
+        texts += text;
+        texts += textSeparator;
+    };
+    add(contact.label);
+    add(contact.phone);
+    add(contact.email.value_or(QString()));
+    add(contact.department);
+    add(m_store.departmentName(contact.department));
+    add(contact.profession.value_or(QString()));
+    add(m_store.assignedMessage(contact).title);
+    add(m_store.assignedEmailTemplate(contact).title);
+    add(m_store.attachmentName(contact).value_or(QString()));
+    if (const SendStatus *status = m_store.status(contact))
+        add(status->comment.value_or(QString()));
+    return folded(texts);
 }
 
 /// A total order: what is equal in every respect stays in the store's order.
