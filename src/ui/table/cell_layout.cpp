@@ -22,6 +22,11 @@ constexpr int pickerArrow = 22;
 constexpr int rowPadding = 6;
 constexpr int warningLines = 2;
 
+bool hasFrame(CellKind kind)
+{
+    return kind == CellKind::picker || kind == CellKind::date || kind == CellKind::field;
+}
+
 QRect centred(const QRect &within, QSize size)
 {
     QRect rect({}, size);
@@ -97,7 +102,7 @@ CellLayout CellLayout::of(const QStyleOptionViewItem &option, const QModelIndex 
         alignRight(layout.buttons, room.right());
         room.setRight(layout.buttons.first().left() - gap);
     }
-    if (kind == CellKind::picker || kind == CellKind::date || kind == CellKind::field) {
+    if (hasFrame(kind)) {
         layout.frame = centred(room, {room.width(), controlHeight});
         room.adjust(framePadding, 0, -(kind == CellKind::picker ? pickerArrow : framePadding), 0);
     }

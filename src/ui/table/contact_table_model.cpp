@@ -26,6 +26,18 @@ QString markText(ContactMark mark)
     Q_UNREACHABLE();
 }
 
+/// What a member of the column gives, if the column has it.
+template <typename Offer, typename Source>
+QVariant offered(Offer *offer, const Source &source)
+{
+    return offer ? QVariant::fromValue(offer(source)) : QVariant();
+}
+
+QVariant checkState(const QVariant &on)
+{
+    return on.toBool() ? int(Qt::Checked) : int(Qt::Unchecked);
+}
+
 QString shownText(const ContactColumn &column, const Cell &cell)
 {
     const QString text = column.text(cell);
@@ -82,28 +94,26 @@ QVariant ContactTableModel::data(const QModelIndex &index, int role) const
     if (!index.isValid())
         return {};
     const ContactColumn &column = columnAt(index.column());
-    const bool isCheck = column.kind == CellKind::check;
+    const Cell seen = cell(index);
     switch (role) {
     case Qt::DisplayRole:
-        return column.text ? QVariant(column.text(cell(index))) : QVariant();
+        return offered(column.text, seen);
     case Qt::EditRole:
-        return column.value && !isCheck ? column.value(cell(index)) : QVariant();
+        return offered(column.value, seen);
     case Qt::CheckStateRole:
-        if (!isCheck)
-            return {};
-        return column.value(cell(index)).toBool() ? Qt::Checked : Qt::Unchecked;
+        return column.kind == CellKind::check ? checkState(column.value(seen)) : QVariant();
     case Qt::AccessibleTextRole:
         return accessibleText(index);
     case KindRole:
         return int(column.kind);
     case ButtonsRole:
-        return column.buttons ? QVariant::fromValue(column.buttons(cell(index))) : QVariant();
+        return offered(column.buttons, seen);
     case ChoicesRole:
-        return column.choices ? QVariant::fromValue(column.choices(m_store)) : QVariant();
+        return offered(column.choices, m_store);
     case MarkRole:
-        return int(column.mark ? column.mark(cell(index)) : ContactMark::none);
+        return offered(column.mark, seen);
     case WarningRole:
-        return column.warning ? QVariant(column.warning(cell(index))) : QVariant();
+        return offered(column.warning, seen);
     case PlaceholderRole:
         return QString::fromUtf16(column.placeholder);
     default:
