@@ -1,7 +1,10 @@
 #include "ui/window/alert.h"
 
 #include "ui/kit/button_role.h"
+#include "ui/kit/labels.h"
+#include "ui/kit/symbol.h"
 
+#include <QLabel>
 #include <QMessageBox>
 #include <QPushButton>
 
@@ -11,15 +14,21 @@ namespace quenoria {
 
 namespace {
 
-QMessageBox *makeBox(QWidget *window, const QString &title, const QString &message)
+constexpr int symbolSide = 32;
+
+QMessageBox *makeBox(QWidget *window, const QIcon &icon, const QString &title,
+                     const QString &message)
 {
     auto *box = new QMessageBox(window);
     box->setAttribute(Qt::WA_DeleteOnClose);
     box->setWindowModality(Qt::WindowModal);
     box->setWindowTitle(title);
+    box->setIconPixmap(icon.pixmap(QSize(symbolSide, symbolSide), window->devicePixelRatio()));
     box->setTextFormat(Qt::PlainText);
     box->setText(title);
     box->setInformativeText(message);
+    if (auto *heading = box->findChild<QLabel *>(u"qt_msgbox_label"_s))
+        heading->setFont(styledFont(TextStyle::headline));
     return box;
 }
 
@@ -27,14 +36,15 @@ QMessageBox *makeBox(QWidget *window, const QString &title, const QString &messa
 
 void showAlert(QWidget *window, const QString &title, const QString &message)
 {
-    QMessageBox *box = makeBox(window, title, message);
+    QMessageBox *box = makeBox(window, symbol(u"info.circle"_s, Tint::accent), title, message);
     box->setDefaultButton(box->addButton(u"OK"_s, QMessageBox::AcceptRole));
     box->open();
 }
 
 void confirm(QWidget *window, const Destruction &destruction, const std::function<void()> &act)
 {
-    QMessageBox *box = makeBox(window, destruction.title, destruction.message);
+    QMessageBox *box = makeBox(window, symbol(u"exclamationmark.triangle.fill"_s, Tint::negative),
+                               destruction.title, destruction.message);
     QPushButton *action = box->addButton(destruction.action, QMessageBox::DestructiveRole);
     QPushButton *cancel = box->addButton(u"Annuler"_s, QMessageBox::RejectRole);
     makeDestructive(action);
