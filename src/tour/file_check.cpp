@@ -36,8 +36,8 @@ void checkSends(const QJsonObject &statuses, const QStringList &ids)
 void checkQuota(const QJsonObject &months, const QStringList &ids)
 {
     QStringList counted;
-    for (const QJsonValue &month : months) {
-        for (const QJsonValue &recipient : month.toArray())
+    for (const auto &month : months) {
+        for (const auto &recipient : month.toArray())
             counted << recipient.toString();
     }
     for (const QString &id : ids) {
