@@ -1,8 +1,6 @@
 #include "support/fake_desktop.h"
 #include "ui/kit/form.h"
 #include "ui/kit/sheet.h"
-#include "ui/kit/status_label.h"
-#include "ui/kit/switches.h"
 #include "ui/kit/symbol.h"
 #include "ui/kit/text_boxes.h"
 
@@ -89,22 +87,6 @@ TEST(Sheet, EnterPressesTheConfirmationOnlyWhileItIsEnabled)
     EXPECT_TRUE(sheet.isVisible());
 }
 
-TEST(StatusLabel, TakesNoRoomUntilItHasSomethingToSay)
-{
-    QWidget window;
-    auto *status = new StatusLabel(&window);
-    window.show();
-    EXPECT_FALSE(status->isVisible());
-    status->setStatus(u"Raté"_s, Tint::negative, u"exclamationmark.triangle.fill"_s);
-    EXPECT_TRUE(status->isVisible());
-    EXPECT_EQ(status->accessibleName(), u"Raté"_s);
-    EXPECT_TRUE(status->findChild<SymbolView *>()->isVisible());
-    status->setStatus(u"Raté"_s, Tint::negative);
-    EXPECT_FALSE(status->findChild<SymbolView *>()->isVisible());
-    status->setStatus({}, Tint::text);
-    EXPECT_FALSE(status->isVisible());
-}
-
 TEST(TextBox, KeepsATextToTheCharacter)
 {
     TextBox box(u"Contenu"_s);
@@ -121,14 +103,6 @@ TEST(TextBox, KeepsATextToTheCharacter)
     EXPECT_EQ(changed.count(), 1);
 }
 
-TEST(Form, NamesItsControlsForAScreenReader)
-{
-    Form form;
-    QLineEdit *field = form.addField(u"Commune"_s);
-    EXPECT_EQ(field->accessibleName(), u"Commune"_s);
-    EXPECT_EQ(form.findChild<QLabel *>()->buddy(), field);
-}
-
 TEST(Form, ABlankFieldKeepsTheButtonDisabled)
 {
     QPushButton confirm;
@@ -143,23 +117,6 @@ TEST(Form, ABlankFieldKeepsTheButtonDisabled)
     EXPECT_TRUE(confirm.isEnabled());
     code->clear();
     EXPECT_FALSE(confirm.isEnabled());
-}
-
-TEST(Switches, AreOffUntilSetAndKeptInThePreferences)
-{
-    MemoryPreferences preferences;
-    Switches switches(preferences);
-    EXPECT_FALSE(switches.autoValidateSMS() || switches.freeProPlan() ||
-                 switches.autoValidateEmail());
-    QSignalSpy changed(&switches, &Switches::changed);
-    switches.setAutoValidateSMS(true);
-    switches.setAutoValidateSMS(true);
-    switches.setFreeProPlan(true);
-    switches.setAutoValidateEmail(false);
-    EXPECT_EQ(changed.count(), 2);
-    EXPECT_EQ(preferences.flags, (std::map<QString, bool>{{u"EnvoiSMSAutoValidation"_s, true},
-                                                          {u"EnvoiSMSFreeProPlan"_s, true}}));
-    EXPECT_TRUE(Switches(preferences).freeProPlan());
 }
 
 } // namespace

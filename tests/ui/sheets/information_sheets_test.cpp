@@ -27,13 +27,6 @@ TEST_F(History, ShowsTheNewestFirstWhateverTheOrderInTheFile)
                                        {u"Envoi précédent"_s, u"1 janvier 2026 à 00:30"_s}}));
 }
 
-TEST_F(History, AnOldRecordWithoutHistoryShowsItsOneSend)
-{
-    desktop.writeFile(u"suivi-envois.json"_s,
-                      R"({"0639980010":{"sent":true,"sentAt":"2026-03-01T08:05:00Z"}})");
-    EXPECT_EQ(rows(), (std::vector<HistoryRow>{{u"Dernier envoi"_s, u"1 mars 2026 à 09:05"_s}}));
-}
-
 TEST_F(History, TheSheetFollowsTheStoreWhileItIsOpen)
 {
     SendHistoryView sheet(store(), desktop.clock.zone(), alix(), nullptr);
