@@ -11,15 +11,15 @@ struct Prospect;
 /// Keeps the numeric user-perceived characters of a text, in order; no country-code handling.
 /// "Numeric" is Unicode's numeric property, so digits of any script count.
 ///
-///   "06.12.34.56.78"       -> "0612345678"
-///   "+33 (0)6 12 34 56 78" -> "330612345678"
+///   "06.39.98.00.10"       -> "0639980010"
+///   "+33 (0)6 39 98 00 10" -> "330639980010"
 ///   "aucun"                -> ""
 [[nodiscard]] QString normalizePhone(const QString &text);
 
 /// Cuts a text of exactly ten user-perceived characters into pairs; any other is returned as is.
 ///
-///   "0612345678"  -> "06 12 34 56 78"
-///   "33612345678" -> "33612345678"
+///   "0639980010"  -> "06 39 98 00 10"
+///   "33639980010" -> "33639980010"
 [[nodiscard]] QString formatPhone(const QString &text);
 
 /// Number of user-perceived characters: an accented letter or an emoji counts as one.

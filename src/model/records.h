@@ -15,7 +15,7 @@ namespace quenoria {
 struct Prospect {
     QString id;                        ///< mobile digits, or "email:" and the lower-case address
     QString label;                     ///< display name, built by the creating operation
-    QString phone;                     ///< as shown ("06 12 34 56 78"), empty without a mobile
+    QString phone;                     ///< as shown ("06 39 98 00 10"), empty without a mobile
     std::optional<QString> email;      ///< lower case
     QString department;                ///< code ("29", "2A", "971"), possibly empty
     bool isCustom = false;             ///< added by hand or by import
