@@ -1,6 +1,7 @@
 // What the store adds to its files: one tick against writing the same bytes, and a start against
 // reading and parsing the same files.
 
+#include "contact_files.h"
 #include "store/prospect_store.h"
 #include "support/fake_desktop.h"
 
@@ -22,17 +23,6 @@ using namespace std::chrono_literals;
 constexpr int sends = 12; ///< in the history of each contact, one a month
 
 constexpr int runs = 15;
-
-/// Digits that are too many for anybody's number.
-QString idOf(int contact) { return u"063998%1"_s.arg(contact, 8, 10, QChar(u'0')); }
-
-template <typename Shape>
-QByteArray fileOf(const Shape &collection)
-{
-    QByteArray file;
-    writeJson(collection, [&file](const QByteArray &piece) { file += piece; });
-    return file;
-}
 
 /// A store's files once every contact has a full history.
 void writeFiles(const test::FakeDesktop &desktop, int contacts)

@@ -1,6 +1,7 @@
 // What a user waits for in the table: a letter in the search field, a click on a header, a tick
 // with its file written, a page of scrolling; and the memory that the contacts take.
 
+#include "contact_files.h"
 #include "store/prospect_store.h"
 #include "support/fake_desktop.h"
 #include "ui/kit/switches.h"
@@ -25,17 +26,6 @@ constexpr int runs = 9;
 constexpr int pages = 60;
 constexpr int sends = 6;
 constexpr double frame = 16;
-
-/// Digits that are too many for anybody's number.
-QString idOf(int contact) { return u"063998%1"_s.arg(contact, 8, 10, QChar(u'0')); }
-
-template <typename Shape>
-QByteArray fileOf(const Shape &collection)
-{
-    QByteArray file;
-    writeJson(collection, [&file](const QByteArray &piece) { file += piece; });
-    return file;
-}
 
 void writeFiles(const test::FakeDesktop &desktop, int contacts)
 {
