@@ -15,18 +15,26 @@ namespace {
 
 QString xdgEmail() { return QStandardPaths::findExecutable(u"xdg-email"_s); }
 
+/// The link that names the recipients: some applications overlook those of xdg-email's "--to".
+QString recipientsLink(const QStringList &recipients)
+{
+    QStringList addresses;
+    for (const QString &recipient : recipients)
+        addresses << QString::fromLatin1(QUrl::toPercentEncoding(recipient.trimmed(), "@"));
+    return u"mailto:"_s + addresses.join(u',');
+}
+
 /// Every value is an argument of its own behind its option: none can be taken for another.
 QStringList xdgEmailArguments(const Composition &draft)
 {
     QStringList list{u"--utf8"_s};
-    for (const QString &recipient : draft.recipients)
-        list << u"--to"_s << recipient.trimmed();
     if (!draft.subject.isEmpty())
         list << u"--subject"_s << draft.subject;
     if (!draft.body.isEmpty())
         list << u"--body"_s << draft.body;
     if (draft.file.isLocalFile())
         list << u"--attach"_s << draft.file.toLocalFile();
+    list << recipientsLink(draft.recipients);
     return list;
 }
 

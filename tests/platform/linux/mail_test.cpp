@@ -94,7 +94,7 @@ protected:
     void start(const QString &conduct)
     {
         const QDir here = QFileInfo(QString::fromUtf8(__FILE__)).dir();
-        sink.start(u"/usr/bin/python3"_s, {here.filePath(u"smtp_sink.py"_s), conduct});
+        sink.start(u"/usr/bin/python3"_s, {here.filePath(u"../../support/smtp_sink.py"_s), conduct});
         write(u".msmtprc"_s,
               "account default\nhost 127.0.0.1\nfrom agence@example.com\nport " + line());
         QFile::link(u"/usr/bin/msmtp"_s, path(u"bin/msmtp"_s));
@@ -203,7 +203,7 @@ TEST_F(Mail, DraftsReachTheMailApplicationWithTheirFile)
     const Composition draft{{}, {}, {}, QUrl::fromLocalFile(message.attachments[0])};
     EXPECT_TRUE(sharing.composeEmail()->canPerform(draft));
     EXPECT_FALSE(SendmailTransport(clock, drafts).showDraft(message));
-    EXPECT_EQ(answer(), u"--utf8|--to|alix@example.fr|--subject|%1|--body|%2|--attach|%3|"_s.arg(
+    EXPECT_EQ(answer(), u"--utf8|--subject|%1|--body|%2|--attach|%3|mailto:alix@example.fr|"_s.arg(
                             message.subject, message.content, message.attachments[0]));
     QFile::remove(message.attachments[0]);
     EXPECT_FALSE(sharing.composeEmail()->canPerform(draft));

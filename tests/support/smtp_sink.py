@@ -1,6 +1,7 @@
 """Receives e-mails on a free port of the loopback; tells what an independent parser finds in them.
 
-Prints the port, then one JSON line per message. Argument: accept, refuse or hang-up.
+Prints the port, then one JSON line per message. Each argument says what becomes of one message,
+the last one of all that follow: accept, refuse or hang-up.
 """
 
 import asyncio
@@ -24,11 +25,14 @@ def found(envelope):
 
 
 class Sink:
+    conducts = sys.argv[1:]
+
     async def handle_DATA(self, server, session, envelope):
-        if sys.argv[1] == "hang-up":
-            server.transport.abort()
         print(json.dumps(found(envelope)), flush=True)
-        return "550 5.7.1 Message refused" if sys.argv[1] == "refuse" else "250 OK"
+        conduct = self.conducts.pop(0) if len(self.conducts) > 1 else self.conducts[0]
+        if conduct == "hang-up":
+            server.transport.abort()
+        return "550 5.7.1 Message refused" if conduct == "refuse" else "250 OK"
 
 
 loop = asyncio.new_event_loop()
