@@ -20,13 +20,14 @@ void replaceTemplate(Sequence<Template> &templates, const Template &changed)
                            changed);
 }
 
-/// The id that a contact's assignment stands for: the default one when the contact has none, or
-/// when its template no longer exists.
+/// What a contact's assignment stands for: the default template when the contact has none, or
+/// when its template no longer exists; null when there is no default either.
 template <typename Template>
-QString effectiveID(const Sequence<Template> &templates, const QString *assigned,
-                    const QString &defaultID)
+const Template *effectiveTemplate(const Sequence<Template> &templates, const QString *assigned,
+                                  const QString &defaultID)
 {
-    return assigned && findTemplate(templates, *assigned) ? *assigned : defaultID;
+    const Template *found = assigned ? findTemplate(templates, *assigned) : nullptr;
+    return found ? found : findTemplate(templates, defaultID);
 }
 
 /// A contact on the default template has no entry.
@@ -45,13 +46,15 @@ QString freshID() { return QUuid::createUuid().toString(QUuid::WithoutBraces).to
 
 QString ProspectStore::assignedMessageID(const Prospect &prospect) const
 {
-    return effectiveID(m_messageTemplates, m_messageAssignments.find(prospect.id),
-                       defaultMessageID);
+    const auto *found = effectiveTemplate(m_messageTemplates,
+                                          m_messageAssignments.find(prospect.id), defaultMessageID);
+    return found ? found->id : defaultMessageID;
 }
 
 MessageTemplate ProspectStore::assignedMessage(const Prospect &prospect) const
 {
-    const auto *found = findTemplate(m_messageTemplates, assignedMessageID(prospect));
+    const auto *found = effectiveTemplate(m_messageTemplates,
+                                          m_messageAssignments.find(prospect.id), defaultMessageID);
     return found ? *found : defaultMessage();
 }
 
@@ -95,13 +98,15 @@ void ProspectStore::deleteMessage(const QString &id)
 
 QString ProspectStore::assignedEmailTemplateID(const Prospect &prospect) const
 {
-    return effectiveID(m_emailTemplates, m_emailAssignments.find(prospect.id),
-                       defaultEmailTemplateID);
+    const auto *found = effectiveTemplate(m_emailTemplates, m_emailAssignments.find(prospect.id),
+                                          defaultEmailTemplateID);
+    return found ? found->id : defaultEmailTemplateID;
 }
 
 EmailTemplate ProspectStore::assignedEmailTemplate(const Prospect &prospect) const
 {
-    const auto *found = findTemplate(m_emailTemplates, assignedEmailTemplateID(prospect));
+    const auto *found = effectiveTemplate(m_emailTemplates, m_emailAssignments.find(prospect.id),
+                                          defaultEmailTemplateID);
     return found ? *found : defaultEmailTemplate();
 }
 

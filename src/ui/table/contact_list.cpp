@@ -45,6 +45,10 @@ void ContactList::setSearchText(const QString &text)
 {
     m_searchText = text;
     m_needle = text.trimmed().isEmpty() ? QString() : folded(text);
+    if (!m_needle.isNull()) {
+        for (const Entry &entry : m_entries) // in the store's order, in which its records lie
+            textsOf(entry);
+    }
     filter();
 }
 
@@ -123,8 +127,11 @@ ContactList::OrderKey ContactList::orderKey(const Prospect &contact) const
     return std::get<Instant>(value);
 }
 
-QString ContactList::foldedTexts(const Prospect &contact) const
+const QString &ContactList::textsOf(const Entry &entry) const
 {
+    if (!entry.texts.isNull())
+        return entry.texts;
+    const Prospect &contact = entry.contact;
     QString texts;
     texts.reserve(usualTextLength);
     const auto add = [&texts](const QString &text) {
@@ -142,7 +149,7 @@ QString ContactList::foldedTexts(const Prospect &contact) const
     add(m_store.attachmentName(contact).value_or(QString()));
     if (const SendStatus *status = m_store.status(contact))
         add(status->comment.value_or(QString()));
-    return folded(texts);
+    return entry.texts = folded(texts);
 }
 
 /// A total order: what is equal in every respect stays in the store's order.
@@ -169,9 +176,7 @@ bool ContactList::matches(const Entry &entry) const
 {
     if (m_needle.isNull())
         return true;
-    if (entry.texts.isNull())
-        entry.texts = foldedTexts(entry.contact);
-    return entry.texts.contains(m_needle);
+    return textsOf(entry).contains(m_needle);
 }
 
 std::size_t ContactList::placeOf(const Order &order, std::uint32_t entry)

@@ -63,7 +63,7 @@ private:
     void tally(const Entry &entry, int by);
     OrderKey orderKey(const Prospect &contact) const;
     static const QCollatorSortKey &labelKey(const Entry &entry);
-    QString foldedTexts(const Prospect &contact) const;
+    const QString &textsOf(const Entry &entry) const;
     bool precedes(std::uint32_t a, std::uint32_t b) const;
     bool matches(const Entry &entry) const;
     static std::size_t placeOf(const Order &order, std::uint32_t entry);
