@@ -1,5 +1,6 @@
 """The work of a first day, from an empty folder on, on the real desktop."""
 
+import json
 import os
 import subprocess
 import unittest
@@ -9,32 +10,41 @@ from urllib.parse import unquote
 
 from desk import HOME, LIMIT, PROGRAM, Program, act, click, key, until
 
-WORKBOOK = Path(__file__).parent.parent / "data/workbooks/openpyxl.xlsx"
+TESTS = Path(__file__).parent.parent
+WORKBOOK = TESTS / "data/workbooks/openpyxl.xlsx"
 DATA = HOME / "prospects"
-OPENED, SENT = HOME / "adresses-ouvertes", HOME / "courrier"
-
-
-def script(path, *lines):
-    path.parent.mkdir(parents=True, exist_ok=True)
-    path.write_text("\n".join(["#!/bin/sh", *lines, ""]))
-    path.chmod(0o755)
+OPENED, RECEIVED = HOME / "adresses-ouvertes", HOME / "courrier"
+AUTHORISE = "Autorisez Quenoria à contrôler Mail dans Réglages Système"
 
 
 def equip_desktop():
-    """An application that takes sms: and mailto:, and a msmtp that keeps what it is given."""
-    script(HOME / "bin/opener", f'printf "%s\\n" "$1" >>{OPENED}')
-    script(HOME / "bin/msmtp", f"cat >>{SENT}")
-    (HOME / ".msmtprc").touch()
-    os.environ["PATH"] = f"{HOME / 'bin'}:{os.environ['PATH']}"
+    """An application that takes sms: and mailto: links."""
+    opener = HOME / "opener"
+    opener.write_text(f'#!/bin/sh\nprintf "%s\\n" "$1" >>{OPENED}\n')
+    opener.chmod(0o755)
     entry = Path(os.environ["XDG_DATA_HOME"]) / "applications/opener.desktop"
     entry.parent.mkdir(parents=True)
     schemes = "x-scheme-handler/sms", "x-scheme-handler/mailto"
-    entry.write_text(f"[Desktop Entry]\nType=Application\nName=Messages\nExec={HOME}/bin/opener %u\n"
+    entry.write_text(f"[Desktop Entry]\nType=Application\nName=Messages\nExec={opener} %u\n"
                      f"MimeType={';'.join(schemes)};\n")
     associations = Path(os.environ["XDG_CONFIG_HOME"]) / "mimeapps.list"
     associations.parent.mkdir(parents=True)
     associations.write_text("\n".join(["[Default Applications]",
                                        *(f"{scheme}=opener.desktop" for scheme in schemes), ""]))
+
+
+def start_mail_server(*conducts):
+    """A server on the loopback, which msmtp is set up for."""
+    server = subprocess.Popen(["/usr/bin/python3", TESTS / "support/smtp_sink.py", *conducts],
+                              stdout=RECEIVED.open("w"))
+    port = until("le serveur de courrier", lambda: RECEIVED.read_text().splitlines()[0])
+    (HOME / ".msmtprc").write_text("account default\nhost 127.0.0.1\n"
+                                   f"from agence@example.com\nport {port}\n")
+    return server
+
+
+def received():
+    return [json.loads(line) for line in RECEIVED.read_text().splitlines()[1:]]
 
 
 def opened(scheme):
@@ -46,11 +56,13 @@ class Journey(unittest.TestCase):
     @classmethod
     def setUpClass(cls):
         equip_desktop()
+        cls.server = start_mail_server("refuse", "hang-up", "accept")
         cls.program = Program(DATA)
 
     @classmethod
     def tearDownClass(cls):
         cls.program.kill()
+        cls.server.kill()
 
     def until_file(self, name, holds):
         until(f"le fichier {name}", lambda: holds(self.program.file(name)))
@@ -178,7 +190,7 @@ class Journey(unittest.TestCase):
         self.assertNotIn("0639980102", self.program.file("suivi-envois"))
         self.assertEqual(len(opened("sms:")), 1)
 
-    def test_12_e_mails_are_prepared_and_sent(self):
+    def test_12_an_e_mail_is_prepared_by_hand(self):
         program = self.program
         for name in ("FROMAGERIE", "MENUISERIE ARZEL"):
             program.use(name, "Envoyer mail")
@@ -187,20 +199,38 @@ class Journey(unittest.TestCase):
         until("l’e-mail ouvert", lambda: opened("mailto:fromagerie@example.org"))
         program.press("E-mail envoyé, suivant")
         self.until_file("suivi-envois-mails", lambda file: list(file) == ["0639980120"])
+        program.press("Fermer")
+
+    def test_13_what_the_server_refuses_is_not_sent(self):
+        program = self.program
+        for attempt in (1, 2):
+            program.until_cell("MENUISERIE ARZEL", "Envoyer mail", ": coché")
+            program.press("Préparer les e-mails (1)")
+            program.press("Automatiser envoi e-mail")
+            program.read(AUTHORISE)
+            self.assertEqual(len(received()), attempt)
+            program.press("Automatiser envoi e-mail")
+            program.press("Fermer")
+            self.assertNotIn("0639987710", program.file("suivi-envois-mails"))
+
+    def test_14_what_it_accepts_is(self):
+        program = self.program
+        program.press("Préparer les e-mails (1)")
         program.press("Automatiser envoi e-mail")
         self.until_file("suivi-envois-mails", lambda file: file["0639987710"]["sent"])
-        self.assertIn("To: arzel@example.org", SENT.read_text())
-        self.assertIn("plan.pdf", SENT.read_text())
+        self.assertEqual(received()[2]["envelope"], ["agence@example.com", "arzel@example.org"])
+        self.assertEqual(received()[2]["files"], {"plan.pdf": b"plan".hex()})
         program.until_front("Quenoria")
         program.press("Automatiser envoi e-mail")
+        program.until_cell("MENUISERIE ARZEL", "Envoyer mail", "non coché")
 
-    def test_13_the_history_tells_each_text_message(self):
+    def test_15_the_history_tells_each_text_message(self):
         self.program.go("CRÊPERIE N° 1 ", "Contact")
         key("Menu", "Down", "Down", "Down", "Return")
         self.program.read("1 envoi(s) enregistré(s)")
         self.program.press("Fermer")
 
-    def test_14_a_template_is_written_and_tried(self):
+    def test_16_a_template_is_written_and_tried(self):
         program = self.program
         program.until_front("Quenoria")
         program.press("Gérer les SMS")
@@ -220,7 +250,7 @@ class Journey(unittest.TestCase):
         until("le SMS d’essai", lambda: "Samedi, & dimanche" in opened("sms:")[-1])
         self.assertNotIn("0639980000", program.file("suivi-envois"))
 
-    def test_15_the_template_workbook_is_exported(self):
+    def test_17_the_template_workbook_is_exported(self):
         saved = HOME / "modele.xlsx"
         self.program.until_front("Quenoria")
         key("F1")
@@ -234,7 +264,7 @@ class Journey(unittest.TestCase):
             self.assertIn("Nom de l’entreprise", workbook.read("xl/sharedStrings.xml").decode())
         self.program.press("Fermer")
 
-    def test_16_ticked_contacts_are_deleted_once_confirmed(self):
+    def test_18_ticked_contacts_are_deleted_once_confirmed(self):
         program = self.program
         for name in ("CRÊPERIE N° 1 ", "CRÊPERIE N° 9"):
             program.use(name, "Supprimer")
@@ -247,13 +277,13 @@ class Journey(unittest.TestCase):
         self.assertFalse({"0639980101", "0639980109"} & program.file("suivi-envois").keys())
         self.assertEqual(len(program.file("nouveaux-numeros")), 12)
 
-    def test_17_a_folder_has_one_program(self):
+    def test_19_a_folder_has_one_program(self):
         second = subprocess.run([PROGRAM, "--data-dir", DATA], timeout=LIMIT, text=True,
                                 capture_output=True, check=True)
         self.assertIn("Quenoria est déjà ouvert avec ce dossier de données", second.stderr)
         self.assertIsNone(self.program.process.poll())
 
-    def test_18_everything_is_there_again(self):
+    def test_20_everything_is_there_again(self):
         contacts = self.program.contacts()
         before = {file: file.read_bytes() for file in DATA.glob("*.json")}
         self.assertEqual(self.program.quit(), 0)
