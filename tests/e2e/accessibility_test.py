@@ -13,12 +13,18 @@ SHEETS = {
     "Gérer les e-mails": "Gérer les modèles d’e-mails",
     "Tester un message": "Tester un message",
     "À propos": "À propos de l’application",
+    "Importer Excel": "Importer des contacts depuis Excel",
+}
+SHEETS_OVER_SHEETS = {
+    "Ajouter un nouveau contact": ("Créer un autre département…", "Créer un département"),
+    "Format du fichier Excel attendu": ("Enregistrer le modèle Excel…",
+                                        "Enregistrer le modèle Excel"),
 }
 QUEUES = {"Envoyer SMS": ("ctrl+shift+s", "File d’envoi SMS"),
           "Envoyer mail": ("ctrl+shift+e", "File d’envoi des e-mails")}
 
 
-def is_labelled(node):
+def is_named(node):
     """A box of choices is named by its label; its own text is the choice."""
     if node.get_role() != Role.COMBO_BOX:
         return bool(node.get_name())
@@ -38,18 +44,19 @@ class Accessibility(unittest.TestCase):
         cls.program.kill()
 
     def check(self, window):
-        controls = [node for node in walk(window) if has(node, State.FOCUSABLE)]
+        controls = [node for node in walk(window) if has(node, State.FOCUSABLE)
+                    or node.get_role() == Role.PUSH_BUTTON]
         self.assertTrue(controls, f"{window.get_name()} n’a rien à atteindre")
         for control in controls:
             told = f"{window.get_name()} : {control.get_role_name()} « {control.get_name()} »"
-            self.assertTrue(is_labelled(control), told)
+            self.assertTrue(is_named(control), told)
             self.assertNotIn(control.get_role(), SHAPELESS, told)
         self.assertTrue(any(has(control, State.FOCUSED) for control in controls),
                         f"rien n’a le clavier dans {window.get_name()}")
 
-    def leave(self):
+    def leave(self, to="Quenoria"):
         key("Escape")
-        self.program.until_front("Quenoria")
+        self.program.until_front(to)
 
     def test_the_window_names_its_controls(self):
         self.check(self.program.until_front("Quenoria"))
@@ -59,12 +66,20 @@ class Accessibility(unittest.TestCase):
             with self.subTest(title):
                 self.program.press(command)
                 self.check(self.program.until_front(title))
+                if title in SHEETS_OVER_SHEETS:
+                    inner, inner_title = SHEETS_OVER_SHEETS[title]
+                    self.program.press(inner)
+                    self.check(self.program.until_front(inner_title))
+                    self.leave(title)
                 self.leave()
 
     def test_the_sheets_of_a_contact_name_their_controls(self):
         self.program.go(self.contact, "Contact")
         key("Return")
         self.check(self.program.until_front("Modifier le contact"))
+        self.leave()
+        key("Menu", "Down", "Down", "Down", "Return")
+        self.check(self.program.until_front("Historique des envois"))
         self.leave()
         for column, (shortcut, title) in QUEUES.items():
             with self.subTest(title):
@@ -82,12 +97,16 @@ class Accessibility(unittest.TestCase):
             self.assertIn(self.contact, cell.get_name())
             self.assertEqual(cell.get_role(), Role.TABLE_CELL)
 
-    def test_a_tick_is_told(self):
+    def test_a_tick_is_told_and_so_is_what_it_leads_to(self):
         for said in ("coché", "non coché"):
             self.program.use(self.contact, "Supprimer")
             cell = self.program.cell(self.contact, "Supprimer")
             until(said, lambda: cell.get_name().startswith(f"Supprimer : {said},"))
             self.assertEqual(has(cell, State.CHECKED), said == "coché")
+            if said == "coché":
+                key("Delete")
+                self.check(self.program.until_front("Supprimer définitivement 1 contact(s) ?"))
+                self.leave()
 
 
 if __name__ == "__main__":

@@ -1,6 +1,7 @@
 #include "platform/qt/dialog_panels.h"
 
 #include <QApplication>
+#include <QComboBox>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QLabel>
@@ -35,6 +36,16 @@ void showMessage(QFileDialog &dialog, const QString &message)
     dialog.layout()->setMenuBar(label);
 }
 
+/// Says to a screen reader what the labels beside the two boxes of choices show.
+void nameChoices(const QFileDialog &dialog)
+{
+    for (const auto &[label, box] : {std::pair{u"lookInLabel"_s, u"lookInCombo"_s},
+                                     std::pair{u"fileTypeLabel"_s, u"fileTypeCombo"_s}}) {
+        if (auto *found = dialog.findChild<QLabel *>(label))
+            found->setBuddy(dialog.findChild<QComboBox *>(box));
+    }
+}
+
 } // namespace
 
 std::optional<QString> DialogPanels::chooseFile(const OpenPanel &panel)
@@ -64,6 +75,7 @@ std::optional<QString> DialogPanels::run(QFileDialog &dialog)
     const QString home = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
     const QString last = m_preferences.text(lastFolderKey).value_or(home);
     dialog.setDirectory(QFileInfo(last).isDir() ? last : QDir::homePath());
+    nameChoices(dialog);
     if (dialog.exec() != QDialog::Accepted)
         return std::nullopt;
     const QString file = dialog.selectedFiles().constFirst();

@@ -110,7 +110,10 @@ QLayout *WindowHeader::makeSearchRow()
     m_search->setPlaceholderText(u"Rechercher un contact, un numéro ou un e-mail"_s);
     m_search->setAccessibleName(m_search->placeholderText());
     m_search->setClearButtonEnabled(true);
-    m_search->addAction(symbol(u"magnifyingglass"_s, Tint::secondary), QLineEdit::LeadingPosition);
+    if (auto *clear = m_search->findChild<QAction *>(u"_q_qlineeditclearaction"_s)) // Qt's name
+        clear->setText(u"Effacer la recherche"_s);
+    m_search->addAction(symbol(u"magnifyingglass"_s, Tint::secondary), QLineEdit::LeadingPosition)
+        ->setText(u"Rechercher"_s);
     m_search->setMinimumWidth(smallestSearch);
 
     auto *row = new QHBoxLayout;

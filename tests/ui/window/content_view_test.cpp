@@ -93,7 +93,8 @@ TEST_F(Window, NothingInTheHeaderIsCutWhenItIsNarrow)
         window().resize(width, 900);
         settle();
         for (const auto *each : window().findChildren<QAbstractButton *>()) {
-            if (each->text().isEmpty() || !each->isVisible())
+            const bool isIcon = each->text().isEmpty() || each->parent()->inherits("QLineEdit");
+            if (isIcon || !each->isVisible())
                 continue;
             const QPoint end = each->mapTo(&window(), each->rect().bottomRight());
             EXPECT_LT(end.x(), width) << each->text().toStdString();
