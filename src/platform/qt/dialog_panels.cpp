@@ -4,9 +4,11 @@
 #include <QComboBox>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QHeaderView>
 #include <QLabel>
 #include <QLayout>
 #include <QStandardPaths>
+#include <QTreeView>
 
 using namespace Qt::StringLiterals;
 
@@ -34,6 +36,19 @@ void showMessage(QFileDialog &dialog, const QString &message)
     label->setWordWrap(true);
     label->setMargin(12);
     dialog.layout()->setMenuBar(label);
+}
+
+/// Names get the room: what they are shows in their icons.
+void layOutFiles(QFileDialog &dialog)
+{
+    constexpr QSize size{820, 540};
+    constexpr int typeColumn = 2;
+    dialog.resize(size);
+    if (auto *files = dialog.findChild<QTreeView *>(u"treeView"_s)) {
+        files->hideColumn(typeColumn);
+        files->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
+        files->header()->setSectionResizeMode(0, QHeaderView::Stretch);
+    }
 }
 
 /// Says to a screen reader what the labels beside the two boxes of choices show.
@@ -75,6 +90,7 @@ std::optional<QString> DialogPanels::run(QFileDialog &dialog)
     const QString home = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
     const QString last = m_preferences.text(lastFolderKey).value_or(home);
     dialog.setDirectory(QFileInfo(last).isDir() ? last : QDir::homePath());
+    layOutFiles(dialog);
     nameChoices(dialog);
     if (dialog.exec() != QDialog::Accepted)
         return std::nullopt;

@@ -3,6 +3,7 @@
 #include "ui/kit/calm_painting.h"
 
 #include <QAbstractItemView>
+#include <QCheckBox>
 #include <QPainter>
 #include <QPushButton>
 #include <QStyleOption>
@@ -165,8 +166,8 @@ void CalmStyle::drawPrimitive(PrimitiveElement element, const QStyleOption *opti
     case PE_FrameLineEdit:      // drawn with the panel
         return;
     case PE_FrameFocusRect:
-        if (qobject_cast<const QPushButton *>(widget))
-            return; // drawn with the panel
+        if (qobject_cast<const QPushButton *>(widget) || qobject_cast<const QCheckBox *>(widget))
+            return; // drawn with the panel or the box
         break;
     default:
         break;

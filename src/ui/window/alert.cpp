@@ -4,6 +4,7 @@
 #include "ui/kit/labels.h"
 #include "ui/kit/symbol.h"
 
+#include <QEvent>
 #include <QLabel>
 #include <QMessageBox>
 #include <QPushButton>
@@ -15,20 +16,47 @@ namespace quenoria {
 namespace {
 
 constexpr int symbolSide = 32;
+constexpr int messageWidth = 340; ///< a line of the import's report
+
+/// Draws its symbol again when the appearance changes while it is open.
+class AlertBox : public QMessageBox {
+public:
+    AlertBox(QIcon icon, QWidget *window) : QMessageBox(window), m_icon(std::move(icon))
+    {
+        showSymbol();
+    }
+
+protected:
+    void changeEvent(QEvent *event) override
+    {
+        QMessageBox::changeEvent(event);
+        if (event->type() == QEvent::PaletteChange)
+            showSymbol();
+    }
+
+private:
+    void showSymbol()
+    {
+        setIconPixmap(m_icon.pixmap(QSize(symbolSide, symbolSide), devicePixelRatio()));
+    }
+
+    QIcon m_icon;
+};
 
 QMessageBox *makeBox(QWidget *window, const QIcon &icon, const QString &title,
                      const QString &message)
 {
-    auto *box = new QMessageBox(window);
+    auto *box = new AlertBox(icon, window);
     box->setAttribute(Qt::WA_DeleteOnClose);
     box->setWindowModality(Qt::WindowModal);
     box->setWindowTitle(title);
-    box->setIconPixmap(icon.pixmap(QSize(symbolSide, symbolSide), window->devicePixelRatio()));
     box->setTextFormat(Qt::PlainText);
     box->setText(title);
     box->setInformativeText(message);
     if (auto *heading = box->findChild<QLabel *>(u"qt_msgbox_label"_s))
         heading->setFont(styledFont(TextStyle::headline));
+    if (auto *body = box->findChild<QLabel *>(u"qt_msgbox_informativelabel"_s))
+        body->setMinimumWidth(messageWidth);
     return box;
 }
 

@@ -18,6 +18,7 @@
 #include <QLineEdit>
 #include <QMenuBar>
 #include <QMimeData>
+#include <QScreen>
 #include <QStatusBar>
 #include <QVBoxLayout>
 
@@ -30,6 +31,7 @@ namespace {
 const QString geometryKey = u"FenetrePrincipaleGeometrie"_s;
 const QString widthsKey = u"FenetrePrincipaleColonnes"_s;
 constexpr QSize firstSize{1280, 800};
+constexpr QSize windowFrame{4, 40};   ///< what a desktop puts around a window, more or less
 constexpr int outcomeDuration = 6000; ///< milliseconds
 
 /// The one workbook among what is dragged over the window, if it is one.
@@ -206,7 +208,7 @@ void ContentView::restoreLayout()
 {
     const auto geometry = m_platform.preferences.text(geometryKey);
     if (!geometry || !restoreGeometry(QByteArray::fromBase64(geometry->toLatin1())))
-        resize(firstSize);
+        resize(firstSize.boundedTo(screen()->availableSize() - windowFrame));
     if (const auto widths = m_platform.preferences.text(widthsKey))
         m_table->setColumnWidths(*widths);
 }

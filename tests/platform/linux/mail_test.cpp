@@ -94,7 +94,8 @@ protected:
     void start(const QString &conduct)
     {
         const QDir here = QFileInfo(QString::fromUtf8(__FILE__)).dir();
-        sink.start(u"/usr/bin/python3"_s, {here.filePath(u"../../support/smtp_sink.py"_s), conduct});
+        sink.start(u"/usr/bin/python3"_s,
+                   {here.filePath(u"../../support/smtp_sink.py"_s), conduct});
         write(u".msmtprc"_s,
               "account default\nhost 127.0.0.1\nfrom agence@example.com\nport " + line());
         QFile::link(u"/usr/bin/msmtp"_s, path(u"bin/msmtp"_s));
