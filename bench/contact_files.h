@@ -15,7 +15,9 @@ template <typename Shape>
 QByteArray fileOf(const Shape &collection)
 {
     QByteArray file;
-    writeJson(collection, [&file](const QByteArray &piece) { file += piece; });
+    writeJson(collection, [&file](std::string_view piece) {
+        file.append(piece.data(), qsizetype(piece.size()));
+    });
     return file;
 }
 

@@ -15,7 +15,7 @@ namespace quenoria {
 /// A set of contact ids or recipient keys, written sorted so that equal sets are equal bytes.
 using IdSet = std::set<QString>;
 
-inline void appendJson(QByteArray &out, const IdSet &ids, int level)
+inline void appendJson(std::string &out, const IdSet &ids, int level)
 {
     appendJson(out, std::vector<QString>(ids.begin(), ids.end()), level);
 }
@@ -32,13 +32,13 @@ public:
     const Value &value() const { return m_value; }
 
     /// The name is the same each time; null in an array.
-    void appendTo(QByteArray &out, const QString *name = nullptr) const
+    void appendTo(std::string &out, const QString *name = nullptr) const
     {
-        if (!m_text.isEmpty()) {
+        if (!m_text.empty()) {
             out += m_text;
             return;
         }
-        const qsizetype start = out.size();
+        const std::size_t start = out.size();
         out += ',';
         appendJsonLine(out, 1);
         if (name) {
@@ -46,16 +46,16 @@ public:
             out += " : ";
         }
         appendJson(out, m_value, 1);
-        m_text = out.sliced(start); // a copy of just that size
+        m_text = out.substr(start); // a copy of just that size
     }
 
 private:
     Value m_value{};
-    mutable QByteArray m_text;
+    mutable std::string m_text;
 };
 
 /// Takes a file piece by piece, in order.
-using TakePiece = std::function<void(const QByteArray &piece)>;
+using TakePiece = std::function<void(std::string_view piece)>;
 
 /// Gives a collection's file in pieces that stay in the processor's cache, however large the file.
 class PiecewiseJson {
@@ -85,24 +85,24 @@ public:
     }
 
 private:
-    static constexpr qsizetype pieceSize = qsizetype{256} * 1024;
+    static constexpr std::size_t pieceSize = std::size_t{256} * 1024;
 
     void handOver()
     {
         m_take(m_piece);
-        m_piece.resize(0);
+        m_piece.clear();
     }
 
     const char *m_brackets;
     const TakePiece &m_take;
-    QByteArray m_piece;
+    std::string m_piece;
     bool m_isEmpty = true;
 };
 
 /// The whole file of a set.
 inline void writeJson(const IdSet &ids, const TakePiece &take)
 {
-    QByteArray out;
+    std::string out;
     appendJson(out, ids, 0);
     take(out + '\n');
 }

@@ -14,7 +14,7 @@ constexpr std::string_view hexDigits = "0123456789abcdef";
 
 bool needsEscape(char c) { return c == '"' || c == '\\' || c == '/' || (c >= 0 && c < 0x20); }
 
-void appendCharacter(QByteArray &out, char c)
+void appendCharacter(std::string &out, char c)
 {
     switch (c) {
     case '"':
@@ -45,58 +45,49 @@ void appendCharacter(QByteArray &out, char c)
 
 } // namespace
 
-void appendJsonString(QByteArray &out, const QString &text)
+void appendJsonString(std::string &out, const QString &text)
 {
-    constexpr qsizetype longestUnit = 3; // bytes of UTF-8
-    out += '"';
-    const qsizetype start = out.size();
-    out.resize(start + longestUnit * text.size());
     QStringEncoder encode(QStringEncoder::Utf8);
-    out.truncate(encode.appendToBuffer(out.data() + start, text) - out.constData());
-    const QByteArrayView utf8 = QByteArrayView(out).sliced(start);
-    if (std::count_if(utf8.begin(), utf8.end(), needsEscape) > 0) {
-        const QByteArray plain = utf8.toByteArray();
-        out.truncate(start);
-        for (const char c : plain)
+    const QByteArray utf8 = encode.encode(text);
+    out += '"';
+    if (std::ranges::none_of(utf8, needsEscape)) {
+        out.append(utf8.constData(), std::size_t(utf8.size()));
+    } else {
+        for (const char c : utf8)
             appendCharacter(out, c);
     }
     out += '"';
 }
 
-void appendJsonLine(QByteArray &out, int level)
+void appendJsonLine(std::string &out, int level)
 {
-    constexpr std::string_view line = "\n                "; // deeper than any record nests
-    out.append(line.data(), 1 + qsizetype(2) * level);
+    out += '\n';
+    out.append(2 * std::size_t(level), ' ');
 }
 
-void detail::appendJsonMemberName(QByteArray &out, std::string_view name, int level)
+void detail::appendJsonMemberName(std::string &out, std::string_view name, int level)
 {
-    constexpr std::string_view before = ",\n";
-    constexpr std::string_view after = "\" : ";
-    const std::string_view start = before.substr(out.back() == '{' ? 1 : 0);
-    const std::size_t indentation = 2 * std::size_t(level);
-    const qsizetype size = out.size();
-    out.resize(size + qsizetype(start.size() + indentation + 1 + name.size() + after.size()));
-    char *end = std::ranges::copy(start, out.data() + size).out;
-    end = std::fill_n(end, indentation, ' ');
-    *end++ = '"';
-    end = std::ranges::copy(name, end).out;
-    std::ranges::copy(after, end);
+    if (out.back() != '{')
+        out += ',';
+    appendJsonLine(out, level);
+    out += '"';
+    out += name;
+    out += "\" : ";
 }
 
-void appendJson(QByteArray &out, const QString &text, int /*level*/)
+void appendJson(std::string &out, const QString &text, int /*level*/)
 {
     appendJsonString(out, text);
 }
 
-void appendJson(QByteArray &out, bool flag, int /*level*/) { out += flag ? "true" : "false"; }
+void appendJson(std::string &out, bool flag, int /*level*/) { out += flag ? "true" : "false"; }
 
-void appendJson(QByteArray &out, Instant instant, int /*level*/)
+void appendJson(std::string &out, Instant instant, int /*level*/)
 {
     std::array<char, instantTextLength + 2> quoted;
     quoted.front() = quoted.back() = '"';
     writeInstant(instant, quoted.data() + 1);
-    out.append(quoted.data(), qsizetype(quoted.size()));
+    out.append(quoted.data(), quoted.size());
 }
 
 } // namespace quenoria

@@ -3,10 +3,11 @@
 #include "model/field.h"
 #include "model/instant.h"
 
-#include <QByteArray>
 #include <QString>
 
 #include <optional>
+#include <string>
+#include <string_view>
 #include <type_traits>
 #include <utility>
 #include <vector>
@@ -14,18 +15,18 @@
 namespace quenoria {
 
 /// Appends a quoted JSON string; "/" is written as "\/".
-void appendJsonString(QByteArray &out, const QString &text);
+void appendJsonString(std::string &out, const QString &text);
 
 /// Appends a line feed and two spaces per level.
-void appendJsonLine(QByteArray &out, int level);
+void appendJsonLine(std::string &out, int level);
 
 /// Appends a value; what it spans over several lines is indented below the given level.
-void appendJson(QByteArray &out, const QString &text, int level);
-void appendJson(QByteArray &out, bool flag, int level);
-void appendJson(QByteArray &out, Instant instant, int level);
+void appendJson(std::string &out, const QString &text, int level);
+void appendJson(std::string &out, bool flag, int level);
+void appendJson(std::string &out, Instant instant, int level);
 
 template <typename T>
-void appendJson(QByteArray &out, const std::vector<T> &values, int level)
+void appendJson(std::string &out, const std::vector<T> &values, int level)
 {
     out += '[';
     const char *separator = "";
@@ -43,17 +44,17 @@ void appendJson(QByteArray &out, const std::vector<T> &values, int level)
 namespace detail {
 
 /// Appends all that stands before a member's value, in one piece.
-void appendJsonMemberName(QByteArray &out, std::string_view name, int level);
+void appendJsonMemberName(std::string &out, std::string_view name, int level);
 
 template <typename Value>
-void appendJsonMember(QByteArray &out, std::string_view name, const Value &value, int level)
+void appendJsonMember(std::string &out, std::string_view name, const Value &value, int level)
 {
     appendJsonMemberName(out, name, level + 1);
     appendJson(out, value, level + 1);
 }
 
 template <typename Value>
-void appendJsonMember(QByteArray &out, std::string_view name, const std::optional<Value> &value,
+void appendJsonMember(std::string &out, std::string_view name, const std::optional<Value> &value,
                       int level)
 {
     if (value)
@@ -64,7 +65,7 @@ void appendJsonMember(QByteArray &out, std::string_view name, const std::optiona
 
 /// A record: its members sorted by name, absent ones left out.
 template <HasFields Record>
-void appendJson(QByteArray &out, const Record &record, int level)
+void appendJson(std::string &out, const Record &record, int level)
 {
     out += '{';
     constexpr auto order = fieldsByName<Record>();

@@ -84,7 +84,9 @@ Refusal ProspectStore::writeFile(Collection collection) const
     if (!target.open(QIODevice::WriteOnly) ||
         !target.setPermissions(QFile::ReadOwner | QFile::WriteOwner))
         return target.errorString();
-    writeJson(collection, [&target](const QByteArray &piece) { target.write(piece); });
+    writeJson(collection, [&target](std::string_view piece) {
+        target.write(piece.data(), qsizetype(piece.size()));
+    });
     if (!target.commit()) // which fails when one of the pieces did
         return target.errorString();
     return {};
@@ -93,25 +95,41 @@ Refusal ProspectStore::writeFile(Collection collection) const
 bool ProspectStore::isWritten(Collection collection) const
 {
     QFile source(file(collection));
-    bool same = source.open(QIODevice::ReadOnly) && isPrivate(source);
+    bool same = source.open(QIODevice::ReadOnly | QIODevice::Unbuffered) && isPrivate(source);
     if (!same)
         return false;
-    writeJson(collection, [&source, &same](const QByteArray &piece) {
-        same = same && source.read(piece.size()) == piece;
+    std::string read;
+    writeJson(collection, [&](std::string_view piece) {
+        read.resize(piece.size());
+        same = same && source.read(read.data(), qsizetype(read.size())) == qsizetype(read.size()) &&
+               read == piece;
     });
-    return same && source.atEnd();
+    return same && source.pos() == source.size();
 }
 
 void ProspectStore::save(Collection collection)
 {
-    if (const Refusal error = writeFile(collection))
-        m_platform.log.write(QString::fromUtf16(descriptor(collection).saveFailure) + *error);
+    const Refusal error = writeFile(collection);
+    if (!error)
+        return;
+    const QString failure = QString::fromUtf16(descriptor(collection).saveFailure) + *error;
+    m_platform.log.write(failure);
+    Q_EMIT saveFailed(collection, failure);
 }
 
-void ProspectStore::writeBack(Collection collection)
+void ProspectStore::writeBack()
 {
-    if (!isWritten(collection))
-        save(collection);
+    // Compared side by side: a collection and its file are nobody else's.
+    std::map<Collection, std::future<bool>> written;
+    for (const CollectionDescriptor &entry : collections) {
+        if (entry.collection != Collection::customProspects)
+            written[entry.collection] =
+                std::async(std::launch::async, &ProspectStore::isWritten, this, entry.collection);
+    }
+    for (auto &[collection, same] : written) {
+        if (!same.get())
+            save(collection);
+    }
 }
 
 void ProspectStore::publish(Collection collection, const QString &contactId)

@@ -10,6 +10,7 @@
 #include <QObject>
 #include <QUrl>
 
+#include <future>
 #include <map>
 #include <stop_token>
 
@@ -150,6 +151,8 @@ public:
     // The files.
     QString file(Collection collection) const; ///< full path
     void save(Collection collection);
+    /// Paths under which the files are kept that could not be read at the start.
+    const QStringList &filesSetAside() const { return m_filesSetAside; }
 
 Q_SIGNALS:
     /// A collection changed; contactId names the one contact concerned, or is empty for all.
@@ -158,6 +161,9 @@ Q_SIGNALS:
     /// A selection changed, for one contact or (empty id) as a whole.
     void selectionPublished(const QString &contactId);
 
+    /// A collection could not be written, and memory keeps the change; in the words of the log.
+    void saveFailed(quenoria::Collection collection, const QString &failure);
+
     /// The number for test messages changed.
     void testNumberPublished();
 
@@ -165,7 +171,11 @@ private:
     // Start-up, in the order in which it happens.
     void loadFiles();
     template <typename Shape>
+    std::future<std::optional<Shape>> decoded(Collection collection) const;
+    template <typename Shape>
     bool load(Collection collection, Shape &into);
+    template <typename Shape>
+    bool take(Collection collection, std::optional<Shape> shape, Shape &into);
     void setAside(const QString &path);
     void completeTemplates();
     void completeDepartments();
@@ -173,7 +183,7 @@ private:
     void writeJson(Collection collection, const TakePiece &take) const;
     [[nodiscard]] Refusal writeFile(Collection collection) const;
     bool isWritten(Collection collection) const;
-    void writeBack(Collection collection); ///< unless its file is what would be written
+    void writeBack(); ///< every collection whose file is not what would be written
 
     /// Announces a change, then writes the collection's file once the store is ready.
     void publish(Collection collection, const QString &contactId = {});
@@ -230,6 +240,7 @@ private:
     Dictionary<IdSet> m_smsMonthlyRecipientsByMonth;
     std::optional<Instant> m_lastAutomaticSMSSentAt;
     bool m_automaticSMSBusy = false;
+    QStringList m_filesSetAside;
 
     // The merged list and where each id first stands in it; emptied by what changes it.
     mutable std::vector<Prospect> m_merged;

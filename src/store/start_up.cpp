@@ -12,6 +12,15 @@ namespace {
 
 const QString testNumberKey = u"OlvakSMSManualTestNumber"_s;
 
+template <typename Shape>
+std::optional<Shape> decodeFile(const QString &path)
+{
+    QFile source(path);
+    if (!source.open(QIODevice::ReadOnly))
+        return std::nullopt;
+    return decodeCollection<Shape>(source.readAll());
+}
+
 } // namespace
 
 ProspectStore::ProspectStore(const Platform &platform, QObject *parent)
@@ -26,10 +35,7 @@ ProspectStore::ProspectStore(const Platform &platform, QObject *parent)
     if (m_smsMonthlyRecipientsByMonth.empty())
         mergeExistingSMSHistoryIntoMonthlyRecipients();
     m_isReady = true;
-    for (const CollectionDescriptor &entry : collections) {
-        if (entry.collection != Collection::customProspects)
-            writeBack(entry.collection);
-    }
+    writeBack();
 }
 
 ProspectStore::~ProspectStore() = default;
@@ -44,12 +50,14 @@ void ProspectStore::setTestNumber(const QString &phone)
 
 void ProspectStore::loadFiles()
 {
+    // Histories grow for years: they are decoded side by side, and the rest meanwhile.
+    auto statuses = decoded<Dictionary<SendStatus>>(Collection::statuses);
+    auto emailStatuses = decoded<Dictionary<EmailSendStatus>>(Collection::emailStatuses);
+    auto recipients = decoded<Dictionary<IdSet>>(Collection::smsMonthlyRecipientsByMonth);
     load(Collection::customProspects, m_customProspects);
-    load(Collection::statuses, m_statuses);
     if (!load(Collection::messageTemplates, m_messageTemplates) || m_messageTemplates.empty())
         m_messageTemplates = {defaultMessage()};
     load(Collection::messageAssignments, m_messageAssignments);
-    load(Collection::emailStatuses, m_emailStatuses);
     if (!load(Collection::emailTemplates, m_emailTemplates) || m_emailTemplates.empty())
         m_emailTemplates = {defaultEmailTemplate()};
     load(Collection::emailAssignments, m_emailAssignments);
@@ -59,22 +67,32 @@ void ProspectStore::loadFiles()
     load(Collection::deletedProspectIDs, m_deletedProspectIDs);
     if (!load(Collection::departments, m_departments) || m_departments.empty())
         m_departments = Sequence<DepartmentInfo>(defaultDepartments());
-    load(Collection::smsMonthlyRecipientsByMonth, m_smsMonthlyRecipientsByMonth);
+    take(Collection::statuses, statuses.get(), m_statuses);
+    take(Collection::emailStatuses, emailStatuses.get(), m_emailStatuses);
+    take(Collection::smsMonthlyRecipientsByMonth, recipients.get(), m_smsMonthlyRecipientsByMonth);
+}
+
+template <typename Shape>
+std::future<std::optional<Shape>> ProspectStore::decoded(Collection collection) const
+{
+    return std::async(std::launch::async, &decodeFile<Shape>, file(collection));
 }
 
 template <typename Shape>
 bool ProspectStore::load(Collection collection, Shape &into)
 {
-    QFile source(file(collection));
-    if (!source.exists())
-        return false;
-    if (source.open(QIODevice::ReadOnly)) {
-        if (auto decoded = decodeCollection<Shape>(source.readAll())) {
-            into = std::move(*decoded);
-            return true;
-        }
+    return take(collection, decodeFile<Shape>(file(collection)), into);
+}
+
+template <typename Shape>
+bool ProspectStore::take(Collection collection, std::optional<Shape> shape, Shape &into)
+{
+    if (shape) {
+        into = std::move(*shape);
+        return true;
     }
-    setAside(source.fileName());
+    if (const QString path = file(collection); QFile::exists(path))
+        setAside(path);
     return false;
 }
 
@@ -87,11 +105,13 @@ void ProspectStore::setAside(const QString &path)
     QString aside = u"%1.%2"_s.arg(stem, info.suffix());
     for (int copy = 2; QFileInfo::exists(aside); ++copy) // a renaming never replaces a file
         aside = u"%1-%2.%3"_s.arg(stem).arg(copy).arg(info.suffix());
-    if (QFile::rename(path, aside))
-        m_platform.log.write(
-            u"Fichier illisible mis de côté : %1, conservé sous %2"_s.arg(info.fileName(), aside));
-    else
+    if (!QFile::rename(path, aside)) {
         m_platform.log.write(u"Fichier illisible, impossible à mettre de côté : %1"_s.arg(path));
+        return;
+    }
+    m_platform.log.write(
+        u"Fichier illisible mis de côté : %1, conservé sous %2"_s.arg(info.fileName(), aside));
+    m_filesSetAside << aside;
 }
 
 void ProspectStore::completeTemplates()
