@@ -80,6 +80,7 @@ TEST_P(UndecodableFile, IsRefusedWholeAndKeptAside)
     const QStringList aside = folderContent().filter(u"illisible"_s);
     ASSERT_EQ(aside.size(), 1);
     EXPECT_EQ(desktop.file(aside.front()), GetParam().content);
+    EXPECT_EQ(store().filesSetAside(), QStringList{desktop.folders.data() + u'/' + aside.front()});
     ASSERT_EQ(desktop.log.lines.size(), 1);
     EXPECT_TRUE(desktop.log.lines.front().contains(aside.front()));
 }

@@ -4,6 +4,7 @@
 #include "ui/kit/labels.h"
 #include "ui/kit/symbol.h"
 
+#include <QApplication>
 #include <QEvent>
 #include <QLabel>
 #include <QMessageBox>
@@ -60,13 +61,43 @@ QMessageBox *makeBox(QWidget *window, const QIcon &icon, const QString &title,
     return box;
 }
 
+/// Opens the alert over whatever stands over the window, since two side by side would block each
+/// other. When that goes by itself, the alert stays, over the window alone.
+void openInFront(QMessageBox *box, QWidget *window)
+{
+    if (auto *front = qobject_cast<QDialog *>(QApplication::activeModalWidget())) {
+        box->setParent(front, box->windowFlags());
+        QObject::connect(front, &QDialog::finished, box, [box, window] {
+            box->setParent(window, box->windowFlags());
+            openInFront(box, window);
+        });
+    }
+    box->open();
+}
+
 } // namespace
 
 void showAlert(QWidget *window, const QString &title, const QString &message)
 {
     QMessageBox *box = makeBox(window, symbol(u"info.circle"_s, Tint::accent), title, message);
-    box->setDefaultButton(box->addButton(u"OK"_s, QMessageBox::AcceptRole));
-    box->open();
+    QPushButton *leave = box->addButton(u"OK"_s, QMessageBox::AcceptRole);
+    makeProminent(leave);
+    box->setDefaultButton(leave);
+    openInFront(box, window);
+}
+
+QWidget *offerToRetry(QWidget *window, const QString &title, const QString &message,
+                      const std::function<void()> &retry)
+{
+    QMessageBox *box =
+        makeBox(window, symbol(u"exclamationmark.triangle.fill"_s, Tint::negative), title, message);
+    QPushButton *action = box->addButton(u"Réessayer"_s, QMessageBox::AcceptRole);
+    makeProminent(action);
+    box->setEscapeButton(box->addButton(u"Plus tard"_s, QMessageBox::RejectRole));
+    box->setDefaultButton(action);
+    QObject::connect(action, &QPushButton::clicked, window, retry);
+    openInFront(box, window);
+    return box;
 }
 
 void confirm(QWidget *window, const Destruction &destruction, const std::function<void()> &act)
@@ -79,7 +110,7 @@ void confirm(QWidget *window, const Destruction &destruction, const std::functio
     box->setDefaultButton(cancel);
     box->setEscapeButton(cancel);
     QObject::connect(action, &QPushButton::clicked, window, act);
-    box->open();
+    openInFront(box, window);
 }
 
 } // namespace quenoria

@@ -11,6 +11,11 @@ namespace quenoria {
 /// Tells the user something over the window: a title, a message and "OK".
 void showAlert(QWidget *window, const QString &title, const QString &message);
 
+/// Tells of a failure and offers to try again ("Réessayer") or not ("Plus tard"). Gives the alert,
+/// which deletes itself once it is left.
+QWidget *offerToRetry(QWidget *window, const QString &title, const QString &message,
+                      const std::function<void()> &retry);
+
 /// What must be asked before it is done, since it cannot be undone.
 struct Destruction {
     QString title;

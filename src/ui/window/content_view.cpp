@@ -6,6 +6,7 @@
 #include "ui/window/alert.h"
 #include "ui/window/contact_menu.h"
 #include "ui/window/farewell.h"
+#include "ui/window/file_alerts.h"
 #include "ui/window/header_area.h"
 #include "ui/window/row_actions.h"
 #include "ui/window/table_pages.h"
@@ -55,6 +56,7 @@ ContentView::ContentView(ProspectStore &store, Switches &switches, const Platfor
       m_headerArea(new HeaderArea(m_header)), m_table(new ContactTableView(m_model)),
       m_pages(new TablePages(m_table)), m_column(new QVBoxLayout)
 {
+    new FileAlerts(store, this);
     build();
     m_commands.fillMenuBar(*menuBar());
     addKeyboardMenus();

@@ -83,7 +83,8 @@ void WorkbookImport::conclude()
     // The future keeps its result: without one it counts as unfinished, and the promise, which its
     // thread destroys at that moment, would finish it once more.
     const Outcome outcome = std::move(*m_analysis.result());
-    delete m_progress;
+    if (m_progress)
+        m_progress->accept(); // and not deleted: an alert may stand over it
     if (m_stop.stop_requested())
         return;
     if (outcome.failure)

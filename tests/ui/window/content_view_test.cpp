@@ -103,6 +103,44 @@ TEST_F(Window, NothingInTheHeaderIsCutWhenItIsNarrow)
     }
 }
 
+TEST_F(Window, TellsOfDataThatCouldNotBeRead)
+{
+    desktop.writeFile(u"departements.json"_s, "{");
+    window();
+    const QString told = alert();
+    EXPECT_TRUE(told.startsWith(u"Données illisibles mises de côté | "_s));
+    EXPECT_TRUE(told.contains(store().filesSetAside().front()));
+}
+
+TEST_F(Window, OffersToWriteAgainWhatCouldNotBeWritten)
+{
+    window();
+    const QString path = store().file(Collection::statuses);
+    QFile::remove(path);
+    QDir().mkpath(path + u"/in the way"_s);
+    store().setComment(u"un"_s, alix());
+    store().setComment(u"deux"_s, alix());
+    press(u"Réessayer"_s);
+    EXPECT_TRUE(QDir(path).removeRecursively());
+    EXPECT_EQ(window().findChildren<QMessageBox *>().size(), 1) << "it failed again";
+    press(u"Réessayer"_s);
+    EXPECT_EQ(alert(), QString());
+    EXPECT_TRUE(desktop.file(u"suivi-envois.json"_s).contains("deux"));
+}
+
+TEST_F(Window, AnAlertStandsOverAnOpenSheetAndOutlivesIt)
+{
+    press(u"À propos"_s);
+    auto *sheet = window().findChild<QDialog *>();
+    Q_EMIT store().saveFailed(Collection::statuses, {});
+    const auto *told = window().findChild<QMessageBox *>();
+    EXPECT_EQ(told->parentWidget(), sheet) << "beside the sheet, each would block the other";
+    sheet->reject();
+    settle();
+    EXPECT_EQ(told->parentWidget(), &window());
+    EXPECT_TRUE(told->isVisible());
+}
+
 TEST_F(Window, DeletionAsksFirst)
 {
     press(u"Supprimer les contacts cochés (0)"_s);
