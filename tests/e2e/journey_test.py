@@ -14,7 +14,6 @@ TESTS = Path(__file__).parent.parent
 WORKBOOK = TESTS / "data/workbooks/openpyxl.xlsx"
 DATA = HOME / "prospects"
 OPENED, RECEIVED = HOME / "adresses-ouvertes", HOME / "courrier"
-AUTHORISE = "Autorisez Quenoria à contrôler Mail dans Réglages Système"
 
 
 def equip_desktop():
@@ -207,7 +206,7 @@ class Journey(unittest.TestCase):
             program.until_cell("MENUISERIE ARZEL", "Envoyer mail", ": coché")
             program.press("Préparer les e-mails (1)")
             program.press("Automatiser envoi e-mail")
-            program.read(AUTHORISE)
+            program.read("Autorisez Quenoria à contrôler Mail dans Réglages Système")
             self.assertEqual(len(received()), attempt)
             program.press("Automatiser envoi e-mail")
             program.press("Fermer")
@@ -220,9 +219,8 @@ class Journey(unittest.TestCase):
         self.until_file("suivi-envois-mails", lambda file: file["0639987710"]["sent"])
         self.assertEqual(received()[2]["envelope"], ["agence@example.com", "arzel@example.org"])
         self.assertEqual(received()[2]["files"], {"plan.pdf": b"plan".hex()})
-        program.until_front("Quenoria")
-        program.press("Automatiser envoi e-mail")
         program.until_cell("MENUISERIE ARZEL", "Envoyer mail", "non coché")
+        program.press("Automatiser envoi e-mail")
 
     def test_15_the_history_tells_each_text_message(self):
         self.program.go("CRÊPERIE N° 1 ", "Contact")

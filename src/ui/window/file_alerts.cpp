@@ -2,6 +2,8 @@
 
 #include "ui/window/alert.h"
 
+#include <utility>
+
 using namespace Qt::StringLiterals;
 
 namespace quenoria {
