@@ -17,6 +17,7 @@ namespace quenoria {
 namespace {
 
 const auto lastFolderKey = u"DernierDossier"_s;
+constexpr QSize size{820, 540};
 
 QStringList filters(const QString &suffix)
 {
@@ -38,18 +39,26 @@ void showMessage(QFileDialog &dialog, const QString &message)
     dialog.layout()->setMenuBar(label);
 }
 
-/// Names get the room: what they are shows in their icons.
-void layOutFiles(QFileDialog &dialog)
-{
-    constexpr QSize size{820, 540};
-    constexpr int typeColumn = 2;
-    dialog.resize(size);
-    if (auto *files = dialog.findChild<QTreeView *>(u"treeView"_s)) {
-        files->hideColumn(typeColumn);
-        files->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
-        files->header()->setSectionResizeMode(0, QHeaderView::Stretch);
+/// Gives the names the room, since icons show what they are. The toolkit keeps the columns for all
+/// programs: they go back to what they were.
+class FileColumns {
+public:
+    explicit FileColumns(const QFileDialog &dialog)
+        : m_columns(dialog.findChild<QTreeView *>(u"treeView"_s)->header()),
+          m_asFound(m_columns->saveState())
+    {
+        constexpr int type = 2;
+        m_columns->hideSection(type);
+        m_columns->setSectionResizeMode(QHeaderView::ResizeToContents);
+        m_columns->setSectionResizeMode(0, QHeaderView::Stretch);
     }
-}
+    ~FileColumns() { m_columns->restoreState(m_asFound); }
+    Q_DISABLE_COPY_MOVE(FileColumns)
+
+private:
+    QHeaderView *m_columns;
+    QByteArray m_asFound;
+};
 
 /// Says to a screen reader what the labels beside the two boxes of choices show.
 void nameChoices(const QFileDialog &dialog)
@@ -90,8 +99,9 @@ std::optional<QString> DialogPanels::run(QFileDialog &dialog)
     const QString home = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
     const QString last = m_preferences.text(lastFolderKey).value_or(home);
     dialog.setDirectory(QFileInfo(last).isDir() ? last : QDir::homePath());
-    layOutFiles(dialog);
     nameChoices(dialog);
+    dialog.resize(size);
+    const FileColumns columns(dialog);
     if (dialog.exec() != QDialog::Accepted)
         return std::nullopt;
     const QString file = dialog.selectedFiles().constFirst();
