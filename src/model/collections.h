@@ -17,7 +17,7 @@ using IdSet = std::set<QString>;
 
 inline void appendJson(std::string &out, const IdSet &ids, int level)
 {
-    appendJson(out, std::vector<QString>(ids.begin(), ids.end()), level);
+    appendJsonArray(out, ids, level);
 }
 
 /// What a collection keeps beside each of its records: the record's part of the file, from the

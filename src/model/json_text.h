@@ -25,12 +25,12 @@ void appendJson(std::string &out, const QString &text, int level);
 void appendJson(std::string &out, bool flag, int level);
 void appendJson(std::string &out, Instant instant, int level);
 
-template <typename T>
-void appendJson(std::string &out, const std::vector<T> &values, int level)
+template <typename Values>
+void appendJsonArray(std::string &out, const Values &values, int level)
 {
     out += '[';
     const char *separator = "";
-    for (const T &value : values) {
+    for (const auto &value : values) {
         out += separator;
         appendJsonLine(out, level + 1);
         appendJson(out, value, level + 1);
@@ -39,6 +39,12 @@ void appendJson(std::string &out, const std::vector<T> &values, int level)
     if (!values.empty())
         appendJsonLine(out, level);
     out += ']';
+}
+
+template <typename T>
+void appendJson(std::string &out, const std::vector<T> &values, int level)
+{
+    appendJsonArray(out, values, level);
 }
 
 namespace detail {

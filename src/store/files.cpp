@@ -110,21 +110,23 @@ bool ProspectStore::isWritten(Collection collection) const
 void ProspectStore::save(Collection collection)
 {
     const Refusal error = writeFile(collection);
-    if (!error)
+    if (!error) {
+        m_unsaved.erase(collection);
         return;
+    }
     const QString failure = QString::fromUtf16(descriptor(collection).saveFailure) + *error;
+    m_unsaved[collection] = failure;
     m_platform.log.write(failure);
-    Q_EMIT saveFailed(collection, failure);
+    Q_EMIT saveFailed();
 }
 
 void ProspectStore::writeBack()
 {
     // Compared side by side: a collection and its file are nobody else's.
     std::map<Collection, std::future<bool>> written;
-    for (const CollectionDescriptor &entry : collections) {
-        if (entry.collection != Collection::customProspects)
-            written[entry.collection] =
-                std::async(std::launch::async, &ProspectStore::isWritten, this, entry.collection);
+    for (const auto &[collection, name, failure] : collections) {
+        if (collection != Collection::customProspects)
+            written[collection] = std::async(&ProspectStore::isWritten, this, collection);
     }
     for (auto &[collection, same] : written) {
         if (!same.get())

@@ -151,6 +151,9 @@ public:
     // The files.
     QString file(Collection collection) const; ///< full path
     void save(Collection collection);
+    /// Collections of which memory holds more than their file, since the last write of it failed;
+    /// with what the log says of it.
+    const std::map<Collection, QString> &unsaved() const { return m_unsaved; }
     /// Paths under which the files are kept that could not be read at the start.
     const QStringList &filesSetAside() const { return m_filesSetAside; }
 
@@ -161,8 +164,8 @@ Q_SIGNALS:
     /// A selection changed, for one contact or (empty id) as a whole.
     void selectionPublished(const QString &contactId);
 
-    /// A collection could not be written, and memory keeps the change; in the words of the log.
-    void saveFailed(quenoria::Collection collection, const QString &failure);
+    /// A collection could not be written: see unsaved().
+    void saveFailed();
 
     /// The number for test messages changed.
     void testNumberPublished();
@@ -240,6 +243,7 @@ private:
     Dictionary<IdSet> m_smsMonthlyRecipientsByMonth;
     std::optional<Instant> m_lastAutomaticSMSSentAt;
     bool m_automaticSMSBusy = false;
+    std::map<Collection, QString> m_unsaved;
     QStringList m_filesSetAside;
 
     // The merged list and where each id first stands in it; emptied by what changes it.

@@ -75,7 +75,7 @@ void ProspectStore::loadFiles()
 template <typename Shape>
 std::future<std::optional<Shape>> ProspectStore::decoded(Collection collection) const
 {
-    return std::async(std::launch::async, &decodeFile<Shape>, file(collection));
+    return std::async(&decodeFile<Shape>, file(collection));
 }
 
 template <typename Shape>

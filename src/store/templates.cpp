@@ -46,9 +46,7 @@ QString freshID() { return QUuid::createUuid().toString(QUuid::WithoutBraces).to
 
 QString ProspectStore::assignedMessageID(const Prospect &prospect) const
 {
-    const auto *found = effectiveTemplate(m_messageTemplates,
-                                          m_messageAssignments.find(prospect.id), defaultMessageID);
-    return found ? found->id : defaultMessageID;
+    return assignedMessage(prospect).id;
 }
 
 MessageTemplate ProspectStore::assignedMessage(const Prospect &prospect) const
@@ -98,9 +96,7 @@ void ProspectStore::deleteMessage(const QString &id)
 
 QString ProspectStore::assignedEmailTemplateID(const Prospect &prospect) const
 {
-    const auto *found = effectiveTemplate(m_emailTemplates, m_emailAssignments.find(prospect.id),
-                                          defaultEmailTemplateID);
-    return found ? found->id : defaultEmailTemplateID;
+    return assignedEmailTemplate(prospect).id;
 }
 
 EmailTemplate ProspectStore::assignedEmailTemplate(const Prospect &prospect) const

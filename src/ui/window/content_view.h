@@ -12,6 +12,7 @@ namespace quenoria {
 
 class ContactTableView;
 class Farewell;
+class FileAlerts;
 class HeaderArea;
 class RowActions;
 class TablePages;
@@ -81,6 +82,7 @@ private:
     RowActions *m_rows;
     WorkbookImport *m_import;
     Farewell *m_farewell;
+    FileAlerts *m_files;
     WindowHeader *m_header;
     HeaderArea *m_headerArea;
     ContactTableView *m_table;

@@ -23,6 +23,14 @@ protected:
         }
         return false;
     }
+    /// Puts a folder where the collection's file belongs; its path.
+    QString obstruct(Collection collection)
+    {
+        const QString path = store().file(collection);
+        QFile::remove(path);
+        QDir().mkpath(path + u"/in the way"_s);
+        return path;
+    }
     void search(const QString &text)
     {
         window().findChild<QLineEdit *>()->setText(text);
@@ -112,19 +120,22 @@ TEST_F(Window, TellsOfDataThatCouldNotBeRead)
     EXPECT_TRUE(told.contains(store().filesSetAside().front()));
 }
 
-TEST_F(Window, OffersToWriteAgainWhatCouldNotBeWritten)
+TEST_F(Window, OffersToWriteAgainWhatCouldNotBeWrittenAlsoBeforeItCloses)
 {
     window();
-    const QString path = store().file(Collection::statuses);
-    QFile::remove(path);
-    QDir().mkpath(path + u"/in the way"_s);
+    const QString path = obstruct(Collection::statuses);
     store().setComment(u"un"_s, alix());
     store().setComment(u"deux"_s, alix());
     press(u"Réessayer"_s);
-    EXPECT_TRUE(QDir(path).removeRecursively());
     EXPECT_EQ(window().findChildren<QMessageBox *>().size(), 1) << "it failed again";
-    press(u"Réessayer"_s);
-    EXPECT_EQ(alert(), QString());
+    press(u"Plus tard"_s);
+    EXPECT_FALSE(window().close());
+    press(u"Plus tard"_s);
+    EXPECT_TRUE(window().close());
+    EXPECT_EQ(alert(), QString()) << "nothing holds the application open";
+    EXPECT_TRUE(QDir(path).removeRecursively());
+    window().show();
+    EXPECT_TRUE(window().close());
     EXPECT_TRUE(desktop.file(u"suivi-envois.json"_s).contains("deux"));
 }
 
@@ -132,7 +143,8 @@ TEST_F(Window, AnAlertStandsOverAnOpenSheetAndOutlivesIt)
 {
     press(u"À propos"_s);
     auto *sheet = window().findChild<QDialog *>();
-    Q_EMIT store().saveFailed(Collection::statuses, {});
+    obstruct(Collection::statuses);
+    store().setComment(u"un"_s, alix());
     const auto *told = window().findChild<QMessageBox *>();
     EXPECT_EQ(told->parentWidget(), sheet) << "beside the sheet, each would block the other";
     sheet->reject();
