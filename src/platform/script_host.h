@@ -17,6 +17,10 @@ struct ScriptDone {};
 struct ScriptError {
     QString description;            ///< the whole record, for the system log
     std::optional<QString> message; ///< its message, when the record holds one
+    int number = 0;                 ///< its number
+
+    /// The number of an order that was not answered in time: it may have been carried out.
+    static constexpr int timedOut = -1712;
 };
 
 using ScriptOutcome = std::variant<ScriptDone, ScriptNotCreated, ScriptError>;

@@ -29,7 +29,8 @@ ScriptOutcome AppleScriptHost::run(const QString &source)
         return ScriptDone{};
     } catch (const applescript::ScriptFailure &failure) {
         const QString text = failure.message.value_or(u"sans message"_s);
-        return ScriptError{u"erreur %1, %2"_s.arg(failure.number).arg(text), failure.message};
+        return ScriptError{u"erreur %1, %2"_s.arg(failure.number).arg(text), failure.message,
+                           int(failure.number)};
     }
 }
 

@@ -18,12 +18,6 @@ const Value &required(const Properties &properties, const QString &name)
     return found->second;
 }
 
-void check(const TransportResult &failure)
-{
-    if (failure)
-        throw ScriptFailure(failure->message, ErrorNumber::CommandFailed);
-}
-
 /// A message, or an element of one, which refers to it.
 struct MessagePart : ScriptObject {
     explicit MessagePart(std::shared_ptr<OutgoingMessage> part) : message(std::move(part)) {}
@@ -84,13 +78,13 @@ public:
 
     void send(const Value &what, const Value &) override
     {
-        check(m_transport.send(*asObject<Message>(what).message));
+        raiseFailure(m_transport.send(*asObject<Message>(what).message));
     }
 
     void activate() override
     {
         for (const auto &draft : m_drafts)
-            check(m_transport.showDraft(*draft));
+            raiseFailure(m_transport.showDraft(*draft));
     }
 
 private:

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/applescript/mail_transport.h"
 #include "platform/applescript/scriptable_application.h"
+#include "platform/mail_transport.h"
 
 namespace quenoria {
 

@@ -53,12 +53,9 @@ public:
     {
         const auto &buddy = asObject<Buddy>(recipient);
         const auto *file = std::get_if<Alias>(&what);
-        const TransportResult failure =
-            file ? m_transport.sendFile(buddy.service, buddy.handle, file->path)
-                 : m_transport.sendText(buddy.service, buddy.handle,
-                                        withLineFeeds(as<QString>(what)));
-        if (failure)
-            throw ScriptFailure(failure->message, ErrorNumber::CommandFailed);
+        raiseFailure(file ? m_transport.sendFile(buddy.service, buddy.handle, file->path)
+                          : m_transport.sendText(buddy.service, buddy.handle,
+                                                 withLineFeeds(as<QString>(what))));
     }
 
 private:

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/applescript/messages_transport.h"
 #include "platform/applescript/scriptable_application.h"
+#include "platform/messages_transport.h"
 
 namespace quenoria {
 

@@ -38,6 +38,15 @@ void refuseType()
     throw ScriptFailure(u"Une valeur n’a pas le type attendu."_s, ErrorNumber::WrongType);
 }
 
+void raiseFailure(const TransportResult &failure)
+{
+    if (!failure)
+        return;
+    const bool inDoubt = failure->fate == Fate::perhapsSent;
+    throw ScriptFailure(failure->message,
+                        inDoubt ? ErrorNumber::EventTimedOut : ErrorNumber::CommandFailed);
+}
+
 QString withLineFeeds(QString text) { return text.replace(u'\r', u'\n'); }
 
 } // namespace quenoria::applescript

@@ -1,5 +1,8 @@
 #pragma once
 
+#include "platform/script_host.h"
+#include "platform/transport_result.h"
+
 #include <QString>
 
 #include <map>
@@ -32,6 +35,7 @@ enum class ErrorNumber {
     ApplicationNotFound = -600,
     WrongType = -1700,
     NotUnderstood = -1708,
+    EventTimedOut = ScriptError::timedOut,
     NoSuchObject = -1728,
     Raised = -2700,
     UndefinedVariable = -2753,
@@ -80,6 +84,9 @@ public:
 };
 
 [[noreturn]] void refuseType();
+
+/// Raises the failure of a transport; one after which the message may have left is a time-out.
+void raiseFailure(const TransportResult &failure);
 
 /// The value as the type that a command needs.
 template <typename Type>

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/demo/outbox.h"
+#include "platform/messages_transport.h"
 
 namespace quenoria {
 

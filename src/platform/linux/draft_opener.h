@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/applescript/messages_transport.h"
 #include "platform/sharing_services.h"
+#include "platform/transport_result.h"
 
 #include <QDBusConnection>
 

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "platform/applescript/mail_transport.h"
 #include "platform/clock.h"
 #include "platform/linux/draft_opener.h"
+#include "platform/mail_transport.h"
 
 #include <chrono>
 

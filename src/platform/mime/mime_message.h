@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/applescript/mail_transport.h"
 #include "platform/clock.h"
+#include "platform/mail_transport.h"
 
 #include <QByteArray>
 

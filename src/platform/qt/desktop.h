@@ -1,6 +1,7 @@
 #pragma once
 
-#include "platform/applescript/mail_transport.h"
+#include "platform/mail_transport.h"
+#include "platform/messages_transport.h"
 #include "platform/platform.h"
 #include "platform/qt/built_in_resources.h"
 #include "platform/qt/clipboard.h"

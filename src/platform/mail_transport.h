@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/applescript/messages_transport.h"
+#include "platform/transport_result.h"
 
 #include <QStringList>
 

@@ -1,21 +1,11 @@
 #pragma once
 
-#include <QString>
-
-#include <optional>
+#include "platform/transport_result.h"
 
 namespace quenoria {
 
 /// The services that the Messages application may offer.
 enum class MessagesService { RCS, SMS, iMessage };
-
-/// Why a transport did not take a message; the message may be missing.
-struct TransportFailure {
-    std::optional<QString> message;
-};
-
-/// Absent: the transport took it.
-using TransportResult = std::optional<TransportFailure>;
 
 /// What carries the messages that the Messages application is told to send; the lines of a text
 /// end with line feeds. Called from the thread on which the script runs.
