@@ -126,7 +126,7 @@ TEST_F(Email, ScriptFailuresHaveTheirMessages)
     EXPECT_EQ(desktop.log.lines, (QStringList{line, line}));
     scripts.mail.answer = TransportFailure{u"lent"_s, Fate::perhapsSent};
     EXPECT_EQ(automatic(alix()), notAuthorised);
-    EXPECT_THAT(desktop.log.lines.back(), testing::HasSubstr(u"erreur -1712, lent"_s));
+    EXPECT_TRUE(desktop.log.lines.back().endsWith(u"erreur -1712, lent"_s));
     desktop.scripts.answer = [](const QString &) { return ScriptNotCreated{}; };
     EXPECT_TRUE(store().sendEmailAutomatically(alix()).isReady()) << "runs on this thread";
     EXPECT_EQ(automatic(alix()), u"L’e-mail automatique n’a pas pu être préparé dans Mail."_s);
