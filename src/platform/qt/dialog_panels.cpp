@@ -7,6 +7,7 @@
 #include <QHeaderView>
 #include <QLabel>
 #include <QLayout>
+#include <QScreen>
 #include <QStandardPaths>
 #include <QTreeView>
 
@@ -18,6 +19,7 @@ namespace {
 
 const auto lastFolderKey = u"DernierDossier"_s;
 constexpr QSize size{820, 540};
+constexpr QSize frame{4, 40}; ///< what a desktop puts around a window, more or less
 
 QStringList filters(const QString &suffix)
 {
@@ -100,7 +102,7 @@ std::optional<QString> DialogPanels::run(QFileDialog &dialog)
     const QString last = m_preferences.text(lastFolderKey).value_or(home);
     dialog.setDirectory(QFileInfo(last).isDir() ? last : QDir::homePath());
     nameChoices(dialog);
-    dialog.resize(size);
+    dialog.resize(size.boundedTo(dialog.screen()->availableSize() - frame));
     const FileColumns columns(dialog);
     if (dialog.exec() != QDialog::Accepted)
         return std::nullopt;

@@ -1,6 +1,8 @@
 #include "ui/kit/sheet.h"
 
 #include "ui/kit/labels.h"
+#include "ui/kit/middle_area.h"
+#include "ui/kit/screen_room.h"
 
 #include <QLabel>
 #include <QPushButton>
@@ -14,23 +16,64 @@ namespace {
 
 constexpr int margin = 24;
 constexpr int spacing = 16;
+constexpr int focusRing = 2; ///< of a part at the edge of the middle
+
+QBoxLayout *makeColumn(int outside)
+{
+    auto *column = new QVBoxLayout;
+    column->setContentsMargins(margin, outside, margin, outside);
+    column->setSpacing(spacing);
+    return column;
+}
+
+int heightOf(const QLayout &layout, int width)
+{
+    return layout.hasHeightForWidth() ? layout.heightForWidth(width) : layout.sizeHint().height();
+}
 
 } // namespace
 
 Sheet::Sheet(const QString &title, QSize size, QWidget *parent)
-    : QDialog(parent), m_column(new QVBoxLayout(this))
+    : QDialog(parent), m_preferredSize(size), m_header(makeColumn(0)), m_middle(new MiddleArea),
+      m_column(makeColumn(focusRing)), m_footer(makeColumn(0))
 {
     setWindowTitle(title);
     setWindowModality(Qt::WindowModal);
-    m_column->setContentsMargins(margin, margin, margin, margin);
-    m_column->setSpacing(spacing);
-    resize(size);
+    m_middle->widget()->setLayout(m_column);
+    auto *parts = new QVBoxLayout(this);
+    parts->setContentsMargins(0, margin, 0, margin); // the scroll bar lies at the window's edge
+    parts->setSpacing(spacing - focusRing);
+    parts->addLayout(m_header);
+    parts->addWidget(m_middle, 1);
+    parts->addLayout(m_footer);
 }
 
 void Sheet::present()
 {
     setAttribute(Qt::WA_DeleteOnClose);
     open();
+}
+
+void Sheet::setVisible(bool visible)
+{
+    if (visible && !isVisible())
+        fitIntoScreen();
+    QDialog::setVisible(visible);
+}
+
+void Sheet::fitIntoScreen()
+{
+    ensurePolished();
+    const QSize room = screenRoom(parentWidget() ? *parentWidget()->window() : *this);
+    const int parts = qMax(layout()->minimumSize().width(), m_middle->need(0).width());
+    const int width = qMin(qMax(m_preferredSize.width(), parts), room.width());
+    resize(width, qMin(qMax(m_preferredSize.height(), leastHeight(width)), room.height()));
+}
+
+int Sheet::leastHeight(int width) const
+{
+    return 2 * margin + heightOf(*m_header, width) + m_middle->need(width).height() +
+           heightOf(*m_footer, width) + 2 * layout()->spacing();
 }
 
 void Sheet::addHeader(const QString &title, const QString &note)
@@ -44,12 +87,12 @@ void Sheet::addHeader(const QString &title, const QString &note)
     row->setSpacing(spacing);
     row->addLayout(texts, 1);
     row->addWidget(makeCloseButton(), 0, Qt::AlignTop);
-    m_column->addLayout(row);
+    m_header->addLayout(row);
 }
 
 void Sheet::addTitle(const QString &title)
 {
-    m_column->addWidget(makeLabel(title, TextStyle::title));
+    m_header->addWidget(makeLabel(title, TextStyle::title));
 }
 
 QPushButton *Sheet::addConfirmRow(const QString &confirm)
@@ -63,7 +106,7 @@ QPushButton *Sheet::addConfirmRow(const QString &confirm)
     row->addStretch();
     row->addWidget(cancel);
     row->addWidget(button);
-    m_column->addLayout(row);
+    m_footer->addLayout(row);
     return button;
 }
 

@@ -8,21 +8,34 @@ class QBoxLayout;
 
 namespace quenoria {
 
+class MiddleArea;
+
 /// A window-modal dialog over the main window. The close button, Escape and the window's own
 /// close all end in reject(), so that a sheet has one way of being left.
+///
+/// Header and footer are always in sight; where the screen is too small for what lies between
+/// them, that scrolls.
 class Sheet : public QDialog {
     Q_OBJECT
 
 public:
-    /// The size is what the sheet opens with; it may grow and, while its texts fit, shrink.
+    /// The size is what the sheet opens with, if its texts need no more and the screen has as much.
     Sheet(const QString &title, QSize size, QWidget *parent);
 
     /// Shows the sheet over its window, and destroys it once it has been left.
     void present();
 
+    void setVisible(bool visible) override;
+
 protected:
-    /// Column of the sheet's parts, with the sheet's margins and spacing.
+    /// Column of the parts between the header and the footer.
     QBoxLayout *column() const { return m_column; }
+
+    /// Column of what stands at the end: outcomes, and the row of buttons.
+    QBoxLayout *footer() const { return m_footer; }
+
+    /// Column of the title and what else has to stay in sight above the parts.
+    QBoxLayout *header() const { return m_header; }
 
     /// Title in bold with a note under it (none when empty) and "Fermer" at the right.
     void addHeader(const QString &title, const QString &note = {});
@@ -37,7 +50,14 @@ protected:
     QPushButton *makeCloseButton();
 
 private:
+    void fitIntoScreen();
+    int leastHeight(int width) const;
+
+    QSize m_preferredSize;
+    QBoxLayout *m_header;
+    MiddleArea *m_middle;
     QBoxLayout *m_column;
+    QBoxLayout *m_footer;
 };
 
 } // namespace quenoria

@@ -7,12 +7,15 @@ namespace quenoria {
 namespace {
 
 constexpr int innerPadding = 8;
+constexpr int linesInSight = 3;
 
 void furnish(QPlainTextEdit *box, const QString &accessibleName)
 {
     box->setAccessibleName(accessibleName);
     box->setTabChangesFocus(true);
     box->document()->setDocumentMargin(innerPadding);
+    box->setMinimumHeight(linesInSight * box->fontMetrics().lineSpacing() + 2 * innerPadding +
+                          2 * box->frameWidth());
 }
 
 } // namespace

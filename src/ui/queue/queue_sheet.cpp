@@ -37,9 +37,9 @@ QueueSheet::QueueSheet(const QueueChannel &channel, ProspectStore &store, Switch
     column()->addWidget(m_options);
     column()->addWidget(m_message, 1);
     column()->addWidget(m_finished, 1);
-    column()->addWidget(m_status);
-    column()->addWidget(m_error);
-    column()->addWidget(m_buttons);
+    footer()->addWidget(m_status);
+    footer()->addWidget(m_error);
+    footer()->addWidget(m_buttons);
     connectQueue();
 }
 

@@ -72,7 +72,7 @@ AboutView::AboutView(QWidget *parent)
     column()->addWidget(makeDivider());
     addPrivacy();
     column()->addStretch();
-    column()->addWidget(makeDivider());
+    footer()->addWidget(makeDivider());
     addFooter();
 }
 
@@ -89,7 +89,7 @@ void AboutView::addEmblem()
     row->addWidget(new SymbolView(symbol(u"paperplane.circle.fill"_s, Tint::accent), emblemSide));
     row->addLayout(texts, 1);
     row->addWidget(makeCloseButton(), 0, Qt::AlignTop);
-    column()->addLayout(row);
+    header()->addLayout(row);
 }
 
 void AboutView::addCompatibility()
@@ -116,7 +116,7 @@ void AboutView::addFooter()
     m_link->setTextInteractionFlags(Qt::LinksAccessibleByMouse | Qt::LinksAccessibleByKeyboard);
     m_link->setOpenExternalLinks(true);
     showLink();
-    column()->addWidget(m_link);
+    footer()->addWidget(m_link);
 }
 
 void AboutView::showLink()

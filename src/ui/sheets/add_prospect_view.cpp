@@ -26,8 +26,8 @@ AddProspectView::AddProspectView(ProspectStore &store, QWidget *parent)
 
     addTitle(windowTitle());
     column()->addWidget(m_form);
-    column()->addWidget(m_error);
     column()->addStretch();
+    footer()->addWidget(m_error);
     QPushButton *confirm = addConfirmRow(u"Ajouter"_s);
     connect(confirm, &QPushButton::clicked, this, &AddProspectView::add);
     const auto enable = [this, confirm] { confirm->setEnabled(hasPhoneOrEmail(m_fields)); };

@@ -19,13 +19,21 @@ namespace {
 
 constexpr int codeFieldWidth = 150;
 constexpr int codeColumnWidth = 70;
-constexpr int rowHeight = 32;
+constexpr int rowPadding = 12;
+constexpr int fieldPadding = 24;
 
 QFont codeFont()
 {
     QFont font = QFontDatabase::systemFont(QFontDatabase::FixedFont);
     font.setBold(true);
     return font;
+}
+
+QSize codeSize()
+{
+    const QFontMetrics metrics(codeFont());
+    return {qMax(codeColumnWidth, metrics.horizontalAdvance(u"0000"_s)),
+            metrics.height() + rowPadding};
 }
 
 } // namespace
@@ -38,7 +46,7 @@ DepartmentManagerView::DepartmentManagerView(ProspectStore &store, QWidget *pare
     addHeader(windowTitle(),
               u"Ajoutez librement tout département nécessaire à votre prospection."_s);
     addEntryRow();
-    column()->addWidget(m_result);
+    header()->addWidget(m_result);
     addList();
     m_code->setFocus();
     connect(&store, &ProspectStore::published, this, [this](Collection collection) {
@@ -54,12 +62,13 @@ void DepartmentManagerView::addEntryRow()
     button->setDefault(true);
     enableWhenFilled(button, {m_code, m_name});
     connect(button, &QPushButton::clicked, this, &DepartmentManagerView::add);
-    m_code->setFixedWidth(codeFieldWidth);
+    const int text = m_code->fontMetrics().horizontalAdvance(m_code->placeholderText());
+    m_code->setFixedWidth(qMax(codeFieldWidth, text + fieldPadding));
     auto *row = new QHBoxLayout;
     row->addWidget(m_code);
     row->addWidget(m_name, 1);
     row->addWidget(button);
-    column()->addLayout(row);
+    header()->addLayout(row);
 }
 
 void DepartmentManagerView::addList()
@@ -69,8 +78,8 @@ void DepartmentManagerView::addList()
     m_list->setColumnCount(2);
     m_list->setRootIsDecorated(false);
     m_list->setUniformRowHeights(true);
-    m_list->header()->setMinimumSectionSize(codeColumnWidth);
-    m_list->header()->resizeSection(0, codeColumnWidth);
+    m_list->header()->setMinimumSectionSize(codeSize().width());
+    m_list->header()->resizeSection(0, codeSize().width());
     fillList();
     column()->addWidget(m_list, 1);
 }
@@ -91,7 +100,7 @@ void DepartmentManagerView::fillList()
     for (const DepartmentInfo &department : m_store.sortedDepartments()) {
         auto *row = new QTreeWidgetItem(m_list, {department.code, department.name});
         row->setFont(0, codeFont());
-        row->setSizeHint(0, {codeColumnWidth, rowHeight});
+        row->setSizeHint(0, codeSize());
     }
 }
 

@@ -20,8 +20,8 @@ EditProspectView::EditProspectView(ProspectStore &store, const Prospect &prospec
         {Row::name, Row::commune, Row::department, Row::profession, Row::phone, Row::email});
     addHeader(windowTitle(), u"Les historiques SMS et e-mail seront conservés."_s);
     column()->addWidget(form);
-    column()->addWidget(m_error);
     column()->addStretch();
+    footer()->addWidget(m_error);
     connect(addConfirmRow(u"Enregistrer les modifications"_s), &QPushButton::clicked, this,
             &EditProspectView::save);
     form->focusFirstField();

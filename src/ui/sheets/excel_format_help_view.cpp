@@ -18,7 +18,8 @@ namespace quenoria {
 
 namespace {
 
-constexpr int rowHeight = 34;
+constexpr int rowPadding = 16;
+constexpr int rowsInSight = 3; ///< at least
 
 // Column, whether it is required, expected format.
 const std::array rows{
@@ -46,6 +47,7 @@ const QStringList exampleRow{u"Paris"_s,  u"ENTREPRISE EXEMPLE"_s,  u"Paris"_s,
 QTableWidget *makeTable()
 {
     auto *table = new QTableWidget(int(rows.size()), int(rows.front().size()));
+    const int rowHeight = table->fontMetrics().height() + rowPadding;
     table->setAccessibleName(u"Colonnes du classeur"_s);
     table->setHorizontalHeaderLabels({u"Colonne"_s, u"Obligatoire"_s, u"Format attendu"_s});
     table->horizontalHeader()->setDefaultAlignment(Qt::AlignLeading | Qt::AlignVCenter);
@@ -58,13 +60,14 @@ QTableWidget *makeTable()
     table->setSelectionMode(QAbstractItemView::NoSelection);
     table->setTabKeyNavigation(false);
     table->setShowGrid(false);
-    table->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     for (std::size_t y = 0; y < rows.size(); ++y) {
         for (std::size_t x = 0; x < rows[y].size(); ++x)
             table->setItem(int(y), int(x), new QTableWidgetItem(rows[y][x]));
     }
     table->resizeColumnsToContents();
-    table->setFixedHeight(rowHeight * int(rows.size() + 1) + 2 * table->frameWidth());
+    const int frame = 2 * table->frameWidth();
+    table->setMinimumHeight(rowHeight * (1 + rowsInSight) + frame);
+    table->setMaximumHeight(rowHeight * int(1 + rows.size()) + frame);
     return table;
 }
 
@@ -76,7 +79,7 @@ ExcelFormatHelpView::ExcelFormatHelpView(FilePanels &panels, const Resources &re
       m_result(new StatusLabel)
 {
     addHeader(windowTitle(), u"L’application accepte les classeurs Excel au format .xlsx."_s);
-    column()->addWidget(makeTable());
+    column()->addWidget(makeTable(), 1);
     addTexts();
     column()->addStretch();
     addExport();
@@ -114,7 +117,7 @@ void ExcelFormatHelpView::addExport()
     row->addWidget(button);
     row->addWidget(m_result, 1);
     row->addStretch();
-    column()->addLayout(row);
+    footer()->addLayout(row);
     connect(button, &QPushButton::clicked, this, [this] {
         m_export.saveTemplate();
         const bool failed = m_export.resultIsError();

@@ -20,8 +20,8 @@ NewDepartmentView::NewDepartmentView(ProspectStore &store, QWidget *parent)
     addTitle(windowTitle());
     column()->addWidget(m_code);
     column()->addWidget(m_name);
-    column()->addWidget(m_error);
     column()->addStretch();
+    footer()->addWidget(m_error);
     QPushButton *confirm = addConfirmRow(u"Créer"_s);
     enableWhenFilled(confirm, {m_code, m_name});
     connect(confirm, &QPushButton::clicked, this, &NewDepartmentView::create);

@@ -15,15 +15,20 @@ namespace quenoria {
 
 namespace {
 
-constexpr int labelWidth = 130;
 constexpr int symbolSide = 18;
+
+int labelWidth(const QFontMetrics &metrics)
+{
+    constexpr int usual = 130;
+    return qMax(usual, metrics.horizontalAdvance(u"Envoi précédent "_s));
+}
 
 QLayout *makeRow(const HistoryRow &row, bool newest)
 {
     const QIcon icon = newest ? symbol(u"checkmark.circle.fill"_s, Tint::positive)
                               : symbol(u"clock.fill"_s, Tint::secondary);
     QLabel *label = makeLabel(row.label);
-    label->setFixedWidth(labelWidth);
+    label->setFixedWidth(labelWidth(label->fontMetrics()));
     label->setTextInteractionFlags(Qt::TextSelectableByMouse); // laid out as the date is
     QLabel *date = makeLabel(row.date);
     date->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
@@ -43,7 +48,7 @@ SendHistoryView::SendHistoryView(ProspectStore &store, const QTimeZone &zone,
       m_prospect(prospect)
 {
     addHeader(windowTitle(), prospect.label);
-    column()->addWidget(makeLabel(u"Chaque clic sur « Envoyé, suivant » ajoute une nouvelle date "
+    footer()->addWidget(makeLabel(u"Chaque clic sur « Envoyé, suivant » ajoute une nouvelle date "
                                   "et heure sans remplacer les précédentes."_s,
                                   TextStyle::footnote, Tint::secondary));
     refresh();
@@ -58,7 +63,7 @@ void SendHistoryView::refresh()
 {
     delete m_content;
     m_content = makeContent();
-    column()->insertWidget(1, m_content, 1);
+    column()->addWidget(m_content, 1);
 }
 
 QWidget *SendHistoryView::makeContent() const

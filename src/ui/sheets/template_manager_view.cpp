@@ -109,7 +109,7 @@ void TemplateManagerView::addBottomRow()
     row->addWidget(m_message, 1);
     row->addStretch();
     row->addWidget(save);
-    column()->addLayout(row);
+    footer()->addLayout(row);
     connect(save, &QPushButton::clicked, this, [this] {
         m_editor.save();
         refresh();

@@ -75,7 +75,7 @@ void TestMessageView::addBottomRow()
     row->addWidget(m_error, 1);
     row->addStretch();
     row->addWidget(button);
-    column()->addLayout(row);
+    footer()->addLayout(row);
 }
 
 void TestMessageView::refresh()

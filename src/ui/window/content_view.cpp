@@ -1,6 +1,7 @@
 #include "ui/window/content_view.h"
 
 #include "ui/kit/labels.h"
+#include "ui/kit/screen_room.h"
 #include "ui/kit/switches.h"
 #include "ui/table/contact_table_view.h"
 #include "ui/window/alert.h"
@@ -19,7 +20,6 @@
 #include <QLineEdit>
 #include <QMenuBar>
 #include <QMimeData>
-#include <QScreen>
 #include <QStatusBar>
 #include <QVBoxLayout>
 
@@ -32,7 +32,6 @@ namespace {
 const QString geometryKey = u"FenetrePrincipaleGeometrie"_s;
 const QString widthsKey = u"FenetrePrincipaleColonnes"_s;
 constexpr QSize firstSize{1280, 800};
-constexpr QSize windowFrame{4, 40};   ///< what a desktop puts around a window, more or less
 constexpr int outcomeDuration = 6000; ///< milliseconds
 
 /// The one workbook among what is dragged over the window, if it is one.
@@ -210,7 +209,7 @@ void ContentView::restoreLayout()
 {
     const auto geometry = m_platform.preferences.text(geometryKey);
     if (!geometry || !restoreGeometry(QByteArray::fromBase64(geometry->toLatin1())))
-        resize(firstSize.boundedTo(screen()->availableSize() - windowFrame));
+        resize(firstSize.boundedTo(screenRoom(*this)));
     if (const auto widths = m_platform.preferences.text(widthsKey))
         m_table->setColumnWidths(*widths);
 }

@@ -1,0 +1,172 @@
+#include "ui/window/window_fixture.h"
+
+#include "ui/kit/screen_room.h"
+#include "ui/queue/queue_sheet.h"
+
+#include <QComboBox>
+#include <QDialog>
+#include <QLabel>
+#include <QLineEdit>
+#include <QScreen>
+#include <QScrollArea>
+#include <QScrollBar>
+
+using namespace quenoria;
+using namespace quenoria::test;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+struct Setting {
+    const char *name;
+    const char16_t *screen; ///< of tests/data/screens.json: what a task bar of 48 points leaves
+    double fontScale;
+};
+
+class OnScreen : public WindowTest, public testing::WithParamInterface<Setting> {
+protected:
+    OnScreen()
+    {
+        QFont larger = m_font;
+        larger.setPointSizeF(m_font.pointSizeF() * GetParam().fontScale);
+        QApplication::setFont(larger);
+    }
+    ~OnScreen() override
+    {
+        closeWindow();
+        QApplication::setFont(m_font);
+    }
+
+    void openWindow()
+    {
+        const auto screens = QGuiApplication::screens();
+        const auto named = [](const QScreen *screen) {
+            return screen->name() == QString::fromUtf16(GetParam().screen);
+        };
+        window().setScreen(*std::ranges::find_if(screens, named));
+        window().resize(QSize(1280, 800).boundedTo(screenRoom(window())));
+        settle();
+    }
+
+private:
+    QFont m_font = QApplication::font();
+};
+
+/// The area whose scrolling brings the widget into sight, or the window itself.
+const QWidget *sightOf(const QWidget *widget)
+{
+    for (const QWidget *above = widget->parentWidget(); above; above = above->parentWidget()) {
+        const auto *area = qobject_cast<const QScrollArea *>(above);
+        if (area && area->widget()->isAncestorOf(widget))
+            return area->widget();
+        if (above->isWindow())
+            return above;
+    }
+    return widget->window();
+}
+
+bool isCut(const QWidget *widget)
+{
+    if (const auto *label = qobject_cast<const QLabel *>(widget); label && label->wordWrap())
+        return label->height() < label->heightForWidth(label->width());
+    if (qobject_cast<const QScrollBar *>(widget) || qobject_cast<const QLineEdit *>(widget))
+        return widget->height() < widget->minimumSizeHint().height();
+    if (qobject_cast<const QAbstractScrollArea *>(widget) || widget->inherits("QComboBox"))
+        return false;
+    return widget->width() < widget->sizeHint().width() ||
+           widget->height() < widget->minimumSizeHint().height();
+}
+
+QList<const QWidget *> partsOf(const QWidget &window)
+{
+    QList<const QWidget *> parts;
+    for (const auto *each : window.findChildren<QWidget *>()) {
+        const auto *label = qobject_cast<const QLabel *>(each);
+        const bool isPart =
+            qobject_cast<const QAbstractButton *>(each) || qobject_cast<const QLineEdit *>(each) ||
+            qobject_cast<const QComboBox *>(each) ||
+            qobject_cast<const QAbstractScrollArea *>(each) || (label && !label->text().isEmpty());
+        const bool isInner = each->parentWidget()->inherits("QLineEdit") ||
+                             each->parentWidget()->inherits("QAbstractItemView");
+        if (isPart && !isInner && each->isVisible() && each->window() == &window)
+            parts << each;
+    }
+    return parts;
+}
+
+QString nameOf(const QWidget *widget)
+{
+    const QString text = widget->property("text").toString();
+    return QString::fromLatin1(widget->metaObject()->className()) + u" "_s +
+           (text.isEmpty() ? widget->accessibleName() : text);
+}
+
+/// What a person could not see or reach in the window.
+QStringList faultsOf(const QWidget &window)
+{
+    QStringList faults;
+    const QSize room = screenRoom(window);
+    if (window.width() > room.width() || window.height() > room.height())
+        faults << u"the window, of %1 × %2"_s.arg(window.width()).arg(window.height());
+    const QList<const QWidget *> parts = partsOf(window);
+    for (const QWidget *part : parts) {
+        const QWidget *sight = sightOf(part);
+        const QRect place(part->mapTo(sight, QPoint()), part->size());
+        if (!sight->rect().contains(place))
+            faults << u"out of sight: "_s + nameOf(part);
+        if (isCut(part))
+            faults << u"cut: "_s + nameOf(part);
+        for (const QWidget *other : parts) {
+            const bool areApart =
+                sightOf(other) == sight && !other->isAncestorOf(part) && !part->isAncestorOf(other);
+            if (other <= part || !areApart)
+                continue;
+            if (QRect(other->mapTo(sight, QPoint()), other->size()).intersects(place))
+                faults << u"over each other: %1, %2"_s.arg(nameOf(part), nameOf(other));
+        }
+    }
+    return faults;
+}
+
+TEST_P(OnScreen, EverySheetCanBeSeenAndUsedWhole)
+{
+    openWindow();
+    for (int send = 0; send < 40; ++send)
+        store().recordSentNow(alix());
+    store().setSelectedForSending(true, alix());
+    store().setSelectedForEmailSending(true, alix());
+    table().setCurrentIndex(model().index(model().contacts().rowOf(alix().id), 0));
+    using Command = void (ContentView::*)();
+    for (const Command command :
+         {&ContentView::addContact, &ContentView::editCurrentContact, &ContentView::showImportHelp,
+          &ContentView::manageDepartments, &ContentView::manageMessages,
+          &ContentView::manageEmailMessages, &ContentView::testMessage, &ContentView::showAbout,
+          &ContentView::showCurrentHistory, &ContentView::openSMSQueue,
+          &ContentView::openEmailQueue}) {
+        (window().*command)();
+        settle();
+        auto *sheet = qobject_cast<QDialog *>(QApplication::activeModalWidget());
+        ASSERT_NE(sheet, nullptr);
+        EXPECT_EQ(faultsOf(*sheet), QStringList()) << sheet->windowTitle().toStdString();
+        if (auto *queue = qobject_cast<QueueSheet *>(sheet)) {
+            desktop.scripts.answer = [](const QString &) { return ScriptDone{}; };
+            const auto buttons = queue->findChildren<QPushButton *>();
+            (*std::ranges::find_if(buttons, &QPushButton::isDefault))->click();
+            settle();
+            EXPECT_EQ(faultsOf(*sheet), QStringList()) << sheet->windowTitle().toStdString();
+        }
+        sheet->reject();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Window, OnScreen,
+                         testing::Values(Setting{"Laptop", u"1280x800", 1},
+                                         Setting{"LaptopLargeFont", u"1280x800", 1.5},
+                                         Setting{"Small", u"1366x768 at 125 %", 1},
+                                         Setting{"SmallLargeFont", u"1366x768 at 125 %", 1.5},
+                                         Setting{"Smallest", u"1920x1080 at 200 %", 1},
+                                         Setting{"SmallestLargestFont", u"1920x1080 at 200 %", 2}),
+                         [](const auto &test) { return std::string(test.param.name); });
+
+} // namespace
