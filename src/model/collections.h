@@ -2,10 +2,10 @@
 
 #include "model/json_decode.h"
 #include "model/json_text.h"
+#include "model/pieces.h"
 
 #include <QHash>
 
-#include <functional>
 #include <initializer_list>
 #include <map>
 #include <set>
@@ -53,9 +53,6 @@ private:
     Value m_value{};
     mutable std::string m_text;
 };
-
-/// Takes a file piece by piece, in order.
-using TakePiece = std::function<void(std::string_view piece)>;
 
 /// Gives a collection's file in pieces that stay in the processor's cache, however large the file.
 class PiecewiseJson {

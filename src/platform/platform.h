@@ -9,6 +9,7 @@
 #include "platform/script_host.h"
 #include "platform/sharing_services.h"
 #include "platform/system_log.h"
+#include "platform/whole_file.h"
 #include "platform/workspace.h"
 
 namespace quenoria {
@@ -26,6 +27,7 @@ struct Platform {
     FilePanels &panels;
     Resources &resources;
     SystemLog &log;
+    FileWriter &files;
 };
 
 } // namespace quenoria

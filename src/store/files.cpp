@@ -2,22 +2,12 @@
 
 #include <QDir>
 #include <QFileInfo>
-#include <QSaveFile>
 
 using namespace Qt::StringLiterals;
 
 namespace quenoria {
 
 namespace {
-
-/// The folder holds other people's numbers: nobody but the user looks inside.
-bool makePrivateFolder(const QString &path)
-{
-    if (QFileInfo(path).isDir())
-        return true;
-    QDir().mkpath(QFileInfo(path).path());
-    return QDir().mkdir(path, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
-}
 
 bool isPrivate(const QFile &file)
 {
@@ -31,6 +21,11 @@ bool shapesMergedList(Collection collection)
     return collection == Collection::customProspects || collection == Collection::emailOverrides ||
            collection == Collection::contactOverrides ||
            collection == Collection::deletedProspectIDs;
+}
+
+QString failureText(Collection collection, const QString &error)
+{
+    return QString::fromUtf16(descriptor(collection).saveFailure) + error;
 }
 
 } // namespace
@@ -76,20 +71,10 @@ void ProspectStore::writeJson(Collection collection, const TakePiece &take) cons
 
 Refusal ProspectStore::writeFile(Collection collection) const
 {
-    const QString path = file(collection);
-    const QString folder = QFileInfo(path).path();
-    if (!makePrivateFolder(folder))
-        return u"le dossier « %1 » ne peut pas être créé"_s.arg(folder);
-    QSaveFile target(path);
-    if (!target.open(QIODevice::WriteOnly) ||
-        !target.setPermissions(QFile::ReadOwner | QFile::WriteOwner))
-        return target.errorString();
-    writeJson(collection, [&target](std::string_view piece) {
-        target.write(piece.data(), qsizetype(piece.size()));
-    });
-    if (!target.commit()) // which fails when one of the pieces did
-        return target.errorString();
-    return {};
+    if (const Refusal refusal = m_platform.files.makeFolder(m_platform.folders.data()))
+        return u"le dossier de données ne peut pas être créé : "_s + *refusal;
+    return m_platform.files.writePieces(
+        file(collection), [&](const TakePiece &take) { writeJson(collection, take); });
 }
 
 bool ProspectStore::isWritten(Collection collection) const
@@ -111,12 +96,16 @@ void ProspectStore::save(Collection collection)
 {
     const Refusal error = writeFile(collection);
     if (!error) {
-        m_unsaved.erase(collection);
+        if (m_unsaved.erase(collection) != 0)
+            Q_EMIT saved();
         return;
     }
-    const QString failure = QString::fromUtf16(descriptor(collection).saveFailure) + *error;
-    m_unsaved[collection] = failure;
-    m_platform.log.write(failure);
+    m_unsaved[collection] = failureText(collection, *error);
+    m_platform.log.write(m_unsaved[collection]);
+    if (!QFileInfo(m_platform.folders.data()).isDir()) {
+        for (const CollectionDescriptor &lost : collections) // its file went with the folder
+            m_unsaved.emplace(lost.collection, failureText(lost.collection, *error));
+    }
     Q_EMIT saveFailed();
 }
 

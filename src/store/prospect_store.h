@@ -164,8 +164,11 @@ Q_SIGNALS:
     /// A selection changed, for one contact or (empty id) as a whole.
     void selectionPublished(const QString &contactId);
 
-    /// A collection could not be written: see unsaved().
+    /// A collection or the number for test messages could not be stored: see unsaved().
     void saveFailed();
+
+    /// A collection that was unsaved is in its file now.
+    void saved();
 
     /// The number for test messages changed.
     void testNumberPublished();

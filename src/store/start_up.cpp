@@ -44,8 +44,11 @@ void ProspectStore::setTestNumber(const QString &phone)
 {
     m_testNumber = phone;
     Q_EMIT testNumberPublished();
-    if (m_isReady)
-        m_platform.preferences.setText(testNumberKey, phone);
+    if (!m_isReady)
+        return;
+    m_platform.preferences.setText(testNumberKey, phone);
+    if (m_platform.preferences.unsaved())
+        Q_EMIT saveFailed();
 }
 
 void ProspectStore::loadFiles()

@@ -4,7 +4,6 @@
 #include "ui/window/content_view.h"
 
 #include <QDir>
-#include <QSaveFile>
 
 using namespace Qt::StringLiterals;
 
@@ -15,14 +14,12 @@ void importDemonstration(ContentView &window, const ProspectStore &store, const 
     const auto workbook = platform.resources.read(u"Contacts_Demonstration"_s, u"xlsx"_s);
     if (!workbook || !store.customProspects().empty())
         return;
-    QSaveFile copy(QDir(platform.folders.data()).filePath(u"Contacts_Demonstration.xlsx"_s));
-    if (!copy.open(QIODevice::WriteOnly) || copy.write(*workbook) != workbook->size() ||
-        !copy.commit()) {
-        platform.log.write(u"Le classeur de démonstration n’a pas pu être écrit : "_s +
-                           copy.errorString());
+    const QString copy = QDir(platform.folders.data()).filePath(u"Contacts_Demonstration.xlsx"_s);
+    if (const auto failure = platform.files.write(copy, *workbook)) {
+        platform.log.write(u"Le classeur de démonstration n’a pas pu être écrit : "_s + *failure);
         return;
     }
-    window.importWorkbook(copy.fileName());
+    window.importWorkbook(copy);
 }
 
 } // namespace quenoria

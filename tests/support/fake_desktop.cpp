@@ -54,8 +54,8 @@ std::optional<QByteArray> MemoryResources::read(const QString &name, const QStri
 
 Platform FakeDesktop::platform()
 {
-    return {clock,   preferences, folders, scripts,   workspace,
-            sharing, pasteboard,  panels,  resources, log};
+    return {clock,      preferences, folders,   scripts, workspace, sharing,
+            pasteboard, panels,      resources, log,     files};
 }
 
 QByteArray FakeDesktop::file(const QString &name) const

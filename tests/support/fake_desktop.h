@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/platform.h"
+#include "platform/posix/whole_file_writer.h"
 #include "support/fake_clock.h"
 #include "support/readable.h"
 
@@ -17,8 +18,21 @@ struct MemoryPreferences : Preferences {
 
     std::optional<bool> flag(const QString &key) const override;
     std::optional<QString> text(const QString &key) const override;
-    void setFlag(const QString &key, bool value) override { flags[key] = value; }
-    void setText(const QString &key, const QString &value) override { texts[key] = value; }
+    std::optional<QString> refusal; ///< of every store, while it is there
+    std::optional<QString> lost;
+
+    void setFlag(const QString &key, bool value) override
+    {
+        flags[key] = value;
+        save();
+    }
+    std::optional<QString> unsaved() const override { return lost; }
+    void save() override { lost = refusal; }
+    void setText(const QString &key, const QString &value) override
+    {
+        texts[key] = value;
+        save();
+    }
 };
 
 struct TemporaryFolders : Folders {
@@ -97,6 +111,16 @@ struct RecordingLog : SystemLog {
     void write(const QString &line) override { lines << line; }
 };
 
+/// The real writer, on a disk that the test can fill.
+struct Disk : WholeFileWriter {
+    std::optional<QString> refusal; ///< of every write, while it is there
+
+    std::optional<QString> writePieces(const QString &path, const GivePieces &give) override
+    {
+        return refusal ? refusal : WholeFileWriter::writePieces(path, give);
+    }
+};
+
 /// A whole desktop that records what it was asked for.
 struct FakeDesktop {
     FakeClock clock;
@@ -109,6 +133,7 @@ struct FakeDesktop {
     ScriptedPanels panels;
     MemoryResources resources;
     RecordingLog log;
+    Disk files;
 
     Platform platform();
 

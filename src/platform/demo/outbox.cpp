@@ -1,9 +1,9 @@
 #include "platform/demo/outbox.h"
 
 #include "platform/mime/mime_message.h"
-#include "platform/qt/private_folder.h"
 
-#include <QSaveFile>
+#include <QFile>
+#include <QFileInfo>
 
 using namespace Qt::StringLiterals;
 
@@ -22,17 +22,20 @@ QByteArray readable(const FiledSms &sms, const QDateTime &date)
 
 } // namespace
 
-Outbox::Outbox(QString folder, const Clock &clock) : m_folder(std::move(folder)), m_clock(clock) {}
+Outbox::Outbox(QString folder, const Clock &clock, FileWriter &files)
+    : m_folder(std::move(folder)), m_clock(clock), m_files(files)
+{
+}
 
 TransportResult Outbox::file(const FiledSms &sms)
 {
     const std::lock_guard lock(m_mutex);
     const QString name = freeName();
-    const QFileInfo attachment(sms.attachment);
-    if (!sms.attachment.isEmpty() &&
-        !QFile::copy(sms.attachment, name + u'-' + attachment.fileName()))
-        return TransportFailure{
-            u"Le fichier joint « %1 » ne peut pas être copié."_s.arg(sms.attachment)};
+    if (!sms.attachment.isEmpty()) {
+        const QString copyName = name + u'-' + QFileInfo(sms.attachment).fileName();
+        if (TransportResult failure = copy(sms.attachment, copyName))
+            return failure;
+    }
     return write(name + u".txt"_s, readable(sms, now()));
 }
 
@@ -54,7 +57,6 @@ QDateTime Outbox::now() const
 /// number that sets messages of the same second apart.
 QString Outbox::freeName()
 {
-    makePrivateFolder(m_folder);
     const QString time = now().toUTC().toString(u"yyyyMMdd'T'HHmmss'Z'"_s);
     QString name;
     do
@@ -63,14 +65,23 @@ QString Outbox::freeName()
     return name;
 }
 
-TransportResult Outbox::write(const QString &path, const QByteArray &content) const
+TransportResult Outbox::write(const QString &path, const QByteArray &content)
 {
-    QSaveFile target(path);
-    if (!target.open(QIODevice::WriteOnly) ||
-        !target.setPermissions(QFile::ReadOwner | QFile::WriteOwner) ||
-        target.write(content) != content.size() || !target.commit())
-        return TransportFailure{target.errorString()};
-    return {};
+    auto failure = m_files.makeFolder(m_folder);
+    if (!failure)
+        failure = m_files.write(path, content);
+    return failure ? std::optional(TransportFailure{failure}) : std::nullopt;
+}
+
+TransportResult Outbox::copy(const QString &path, const QString &copyPath)
+{
+    QFile source(path);
+    const bool isOpen = source.open(QIODevice::ReadOnly);
+    const QByteArray content = isOpen ? source.readAll() : QByteArray();
+    if (!isOpen || source.error() != QFile::NoError)
+        return TransportFailure{u"Le fichier joint « %1 » ne peut pas être copié : %2"_s.arg(
+            path, source.errorString())};
+    return write(copyPath, content);
 }
 
 } // namespace quenoria

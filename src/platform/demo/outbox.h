@@ -2,6 +2,7 @@
 
 #include "platform/clock.h"
 #include "platform/mail_transport.h"
+#include "platform/whole_file.h"
 
 #include <QDateTime>
 
@@ -22,7 +23,7 @@ struct FiledSms {
 /// File names are unique and sort by time. Every operation may be called from any thread.
 class Outbox {
 public:
-    Outbox(QString folder, const Clock &clock);
+    Outbox(QString folder, const Clock &clock, FileWriter &files);
 
     [[nodiscard]] QString folder() const { return m_folder; }
 
@@ -32,10 +33,12 @@ public:
 private:
     QDateTime now() const;
     QString freeName();
-    TransportResult write(const QString &path, const QByteArray &content) const;
+    TransportResult write(const QString &path, const QByteArray &content);
+    TransportResult copy(const QString &path, const QString &copyPath);
 
     QString m_folder;
     const Clock &m_clock;
+    FileWriter &m_files;
     std::mutex m_mutex;
     int m_count = 0; ///< messages since the start
 };

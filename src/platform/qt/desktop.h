@@ -3,6 +3,7 @@
 #include "platform/mail_transport.h"
 #include "platform/messages_transport.h"
 #include "platform/platform.h"
+#include "platform/posix/whole_file_writer.h"
 #include "platform/qt/built_in_resources.h"
 #include "platform/qt/clipboard.h"
 #include "platform/qt/data_folder.h"
@@ -35,6 +36,7 @@ public:
 protected:
     Desktop(const QString &dataFolder, const QString &preferencesFile);
 
+    WholeFileWriter m_files;
     SystemClock m_clock;
     SettingsPreferences m_preferences;
     DataFolder m_folders;

@@ -1,12 +1,53 @@
 #include "platform/qt/settings_preferences.h"
 
+#include <QFile>
+#include <QFileInfo>
+#include <QSettings>
+
 using namespace Qt::StringLiterals;
 
 namespace quenoria {
 
-SettingsPreferences::SettingsPreferences(const QString &file)
-    : m_settings(file, QSettings::IniFormat)
+namespace {
+
+/// In quotes, as QSettings reads it; a text that begins with "@" would be another type's.
+QByteArray iniText(const QString &text)
 {
+    QByteArray quoted = "\"";
+    if (text.startsWith(u'@'))
+        quoted += '@';
+    for (const char byte : text.toUtf8()) {
+        if (byte == '"' || byte == '\\')
+            quoted += '\\';
+        if (byte >= 0 && byte < ' ')
+            quoted += "\\x" + QByteArray::number(byte, 16) + "\"\""; // no digit follows
+        else
+            quoted += byte;
+    }
+    return quoted + '"';
+}
+
+} // namespace
+
+SettingsPreferences::SettingsPreferences(QString file, FileWriter &files)
+    : m_file(std::move(file)), m_files(files)
+{
+    read();
+}
+
+void SettingsPreferences::read()
+{
+    QFile source(m_file);
+    if (source.exists() && !source.open(QIODevice::ReadOnly)) {
+        m_unreadable = source.errorString();
+        return;
+    }
+    const QSettings stored(m_file, QSettings::IniFormat);
+    for (const QString &key : stored.childKeys()) {
+        const QVariant value = stored.value(key);
+        if (value.typeId() == QMetaType::QString)
+            m_values[key] = value.toString();
+    }
 }
 
 /// The file holds every value as a text, so a flag is known by its two spellings.
@@ -22,23 +63,31 @@ std::optional<bool> SettingsPreferences::flag(const QString &key) const
 
 std::optional<QString> SettingsPreferences::text(const QString &key) const
 {
-    const QVariant value = m_settings.value(key);
-    if (value.typeId() != QMetaType::QString)
-        return std::nullopt;
-    return value.toString();
+    const auto found = m_values.find(key);
+    return found == m_values.end() ? std::nullopt : std::optional(found->second);
 }
 
 void SettingsPreferences::setFlag(const QString &key, bool value)
 {
-    set(key, value ? u"true"_s : u"false"_s);
+    setText(key, value ? u"true"_s : u"false"_s);
 }
 
-void SettingsPreferences::setText(const QString &key, const QString &value) { set(key, value); }
-
-void SettingsPreferences::set(const QString &key, const QString &value)
+void SettingsPreferences::setText(const QString &key, const QString &value)
 {
-    m_settings.setValue(key, value);
-    m_settings.sync(); // nothing is lost when the process is killed
+    m_values[key] = value;
+    save();
+}
+
+void SettingsPreferences::save()
+{
+    QByteArray content = "[General]\n";
+    for (const auto &[key, value] : m_values)
+        content += key.toUtf8() + '=' + iniText(value) + '\n';
+    m_unsaved = m_unreadable;
+    if (!m_unsaved)
+        m_unsaved = m_files.makeFolder(QFileInfo(m_file).absolutePath());
+    if (!m_unsaved)
+        m_unsaved = m_files.write(m_file, content);
 }
 
 } // namespace quenoria

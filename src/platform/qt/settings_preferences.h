@@ -1,25 +1,32 @@
 #pragma once
 
 #include "platform/preferences.h"
+#include "platform/whole_file.h"
 
-#include <QSettings>
+#include <map>
 
 namespace quenoria {
 
 /// Preferences in an INI file of their own, written at each change.
 class SettingsPreferences : public Preferences {
 public:
-    explicit SettingsPreferences(const QString &file);
+    SettingsPreferences(QString file, FileWriter &files);
 
     [[nodiscard]] std::optional<bool> flag(const QString &key) const override;
     [[nodiscard]] std::optional<QString> text(const QString &key) const override;
     void setFlag(const QString &key, bool value) override;
     void setText(const QString &key, const QString &value) override;
+    [[nodiscard]] std::optional<QString> unsaved() const override { return m_unsaved; }
+    void save() override;
 
 private:
-    void set(const QString &key, const QString &value);
+    void read();
 
-    QSettings m_settings;
+    QString m_file;
+    FileWriter &m_files;
+    std::map<QString, QString> m_values;
+    std::optional<QString> m_unreadable; ///< why the file was left as it is
+    std::optional<QString> m_unsaved;
 };
 
 } // namespace quenoria

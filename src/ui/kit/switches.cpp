@@ -2,15 +2,22 @@
 
 #include "platform/preferences.h"
 
+#include <map>
+
 using namespace Qt::StringLiterals;
 
 namespace quenoria {
 
 namespace {
 
-const QString smsKey = u"EnvoiSMSAutoValidation"_s;
-const QString freeProKey = u"EnvoiSMSFreeProPlan"_s;
-const QString emailKey = u"EnvoiEmailAutoValidation"_s;
+const std::map<Switch, QString> keys{{Switch::automaticSMS, u"EnvoiSMSAutoValidation"_s},
+                                     {Switch::freePro, u"EnvoiSMSFreeProPlan"_s},
+                                     {Switch::automaticEmail, u"EnvoiEmailAutoValidation"_s}};
+
+bool isOn(const Preferences &preferences, Switch which)
+{
+    return preferences.flag(keys.at(which)).value_or(false);
+}
 
 } // namespace
 
@@ -19,19 +26,36 @@ Switches::Switches(Preferences &preferences, QObject *parent)
 {
 }
 
-bool Switches::autoValidateSMS() const { return m_preferences.flag(smsKey).value_or(false); }
-bool Switches::freeProPlan() const { return m_preferences.flag(freeProKey).value_or(false); }
-bool Switches::autoValidateEmail() const { return m_preferences.flag(emailKey).value_or(false); }
+bool Switches::autoValidateSMS() const { return isOn(m_preferences, Switch::automaticSMS); }
+bool Switches::freeProPlan() const { return isOn(m_preferences, Switch::freePro); }
+bool Switches::autoValidateEmail() const { return isOn(m_preferences, Switch::automaticEmail); }
 
-void Switches::setAutoValidateSMS(bool on) { set(smsKey, autoValidateSMS(), on); }
-void Switches::setFreeProPlan(bool on) { set(freeProKey, freeProPlan(), on); }
-void Switches::setAutoValidateEmail(bool on) { set(emailKey, autoValidateEmail(), on); }
+void Switches::setAutoValidateSMS(bool on) { set(Switch::automaticSMS, on); }
+void Switches::setFreeProPlan(bool on) { set(Switch::freePro, on); }
+void Switches::setAutoValidateEmail(bool on) { set(Switch::automaticEmail, on); }
 
-void Switches::set(const QString &key, bool current, bool on)
+void Switches::set(Switch which, bool on)
 {
-    if (current == on)
+    if (isOn(m_preferences, which) == on)
         return;
-    m_preferences.setFlag(key, on);
+    m_preferences.setFlag(keys.at(which), on);
+    if (m_preferences.unsaved())
+        m_unsaved.insert(which);
+    Q_EMIT changed();
+}
+
+bool Switches::isUnsaved(Switch which) const
+{
+    return m_preferences.unsaved() && m_unsaved.contains(which);
+}
+
+std::optional<QString> Switches::unsaved() const { return m_preferences.unsaved(); }
+
+void Switches::save()
+{
+    m_preferences.save();
+    if (!m_preferences.unsaved())
+        m_unsaved.clear();
     Q_EMIT changed();
 }
 

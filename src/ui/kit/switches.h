@@ -2,9 +2,14 @@
 
 #include <QObject>
 
+#include <optional>
+#include <set>
+
 namespace quenoria {
 
 class Preferences;
+
+enum class Switch { automaticSMS, freePro, automaticEmail };
 
 /// The three switches of the main window and the queues: one state, kept in the user's
 /// preferences, whichever window shows it.
@@ -22,14 +27,20 @@ public:
     void setFreeProPlan(bool on);
     void setAutoValidateEmail(bool on);
 
+    /// Whether the switch has a value that would be lost at the end, and why.
+    bool isUnsaved(Switch which) const;
+    std::optional<QString> unsaved() const;
+    void save(); ///< tries again to store them
+
 Q_SIGNALS:
-    /// One of the three took another value.
+    /// One of the three took another value, or was stored after all.
     void changed();
 
 private:
-    void set(const QString &key, bool current, bool on);
+    void set(Switch which, bool on);
 
     Preferences &m_preferences;
+    std::set<Switch> m_unsaved;
 };
 
 } // namespace quenoria

@@ -1,5 +1,6 @@
 #include "ui/sheets/excel_format_help_view.h"
 
+#include "platform/platform.h"
 #include "ui/kit/labels.h"
 #include "ui/kit/status_label.h"
 #include "ui/kit/symbol.h"
@@ -73,10 +74,9 @@ QTableWidget *makeTable()
 
 } // namespace
 
-ExcelFormatHelpView::ExcelFormatHelpView(FilePanels &panels, const Resources &resources,
-                                         QWidget *parent)
-    : Sheet(u"Format du fichier Excel attendu"_s, {760, 640}, parent), m_export(panels, resources),
-      m_result(new StatusLabel)
+ExcelFormatHelpView::ExcelFormatHelpView(const Platform &platform, QWidget *parent)
+    : Sheet(u"Format du fichier Excel attendu"_s, {760, 640}, parent),
+      m_export(platform.panels, platform.resources, platform.files), m_result(new StatusLabel)
 {
     addHeader(windowTitle(), u"L’application accepte les classeurs Excel au format .xlsx."_s);
     column()->addWidget(makeTable(), 1);

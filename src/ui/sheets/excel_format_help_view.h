@@ -6,13 +6,14 @@
 namespace quenoria {
 
 class StatusLabel;
+struct Platform;
 
 /// Tells how a workbook must look to be imported, and saves a blank one to fill in.
 class ExcelFormatHelpView : public Sheet {
     Q_OBJECT
 
 public:
-    ExcelFormatHelpView(FilePanels &panels, const Resources &resources, QWidget *parent);
+    ExcelFormatHelpView(const Platform &platform, QWidget *parent);
 
 private:
     void addTexts();

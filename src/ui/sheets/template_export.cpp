@@ -2,9 +2,7 @@
 
 #include "platform/file_panels.h"
 #include "platform/resources.h"
-#include "store/refusal.h"
-
-#include <QSaveFile>
+#include "platform/whole_file.h"
 
 #include <array>
 
@@ -30,18 +28,10 @@ std::optional<QByteArray> readTemplate(const Resources &resources)
     return {};
 }
 
-Refusal write(const QString &path, const QByteArray &content)
-{
-    QSaveFile file(path);
-    if (file.open(QIODevice::WriteOnly) && file.write(content) == content.size() && file.commit())
-        return {};
-    return u"Enregistrement impossible : "_s + file.errorString();
-}
-
 } // namespace
 
-TemplateExport::TemplateExport(FilePanels &panels, const Resources &resources)
-    : m_panels(panels), m_resources(resources)
+TemplateExport::TemplateExport(FilePanels &panels, const Resources &resources, FileWriter &files)
+    : m_panels(panels), m_resources(resources), m_files(files)
 {
 }
 
@@ -57,9 +47,10 @@ void TemplateExport::saveTemplate()
         {u"Enregistrer le modèle Excel"_s, resourceNames.front() + u'.' + suffix, suffix});
     if (!path)
         return;
-    const Refusal refusal = write(*path, *content);
-    m_resultIsError = refusal.has_value();
-    m_resultMessage = refusal.value_or(u"Le modèle Excel a été enregistré."_s);
+    const auto failure = m_files.write(*path, *content);
+    m_resultIsError = failure.has_value();
+    m_resultMessage = failure ? u"Enregistrement impossible : "_s + *failure
+                              : u"Le modèle Excel a été enregistré."_s;
 }
 
 } // namespace quenoria

@@ -5,12 +5,13 @@
 namespace quenoria {
 
 class FilePanels;
+class FileWriter;
 class Resources;
 
 /// Saves the blank workbook that the application ships to a place of the user's choice.
 class TemplateExport {
 public:
-    TemplateExport(FilePanels &panels, const Resources &resources);
+    TemplateExport(FilePanels &panels, const Resources &resources, FileWriter &files);
 
     /// A cancelled panel leaves the last outcome as it is.
     void saveTemplate();
@@ -21,6 +22,7 @@ public:
 private:
     FilePanels &m_panels;
     const Resources &m_resources;
+    FileWriter &m_files;
     QString m_resultMessage;
     bool m_resultIsError = false;
 };

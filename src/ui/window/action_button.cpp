@@ -56,6 +56,7 @@ ActionSwitch::ActionSwitch(QAction *action, QWidget *parent) : QCheckBox(action-
     setChecked(action->isChecked());
     connect(this, &QCheckBox::toggled, action, &QAction::setChecked);
     connect(action, &QAction::toggled, this, &QCheckBox::setChecked);
+    connect(action, &QAction::changed, this, [this, action] { setText(action->text()); });
 }
 
 } // namespace quenoria

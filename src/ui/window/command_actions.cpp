@@ -20,21 +20,23 @@ struct SwitchDescriptor {
     const char16_t *help;
     bool (Switches::*isOn)() const;
     void (Switches::*set)(bool);
+    Switch which;
 };
 
 constexpr std::array switchDescriptors{
     SwitchDescriptor{u"Automatiser envoi SMS",
                      u"Prépare et envoie automatiquement les SMS dans Messages, puis enregistre le "
                      "suivi.",
-                     &Switches::autoValidateSMS, &Switches::setAutoValidateSMS},
+                     &Switches::autoValidateSMS, &Switches::setAutoValidateSMS,
+                     Switch::automaticSMS},
     SwitchDescriptor{u"Forfait Free Pro",
                      u"Coché : pas de limite appliquée par l’application. Décoché : 250 "
                      "destinataires SMS distincts maximum par mois.",
-                     &Switches::freeProPlan, &Switches::setFreeProPlan},
+                     &Switches::freeProPlan, &Switches::setFreeProPlan, Switch::freePro},
     SwitchDescriptor{
         u"Automatiser envoi e-mail",
         u"Envoie automatiquement les e-mails dans Apple Mail, puis enregistre le suivi.",
-        &Switches::autoValidateEmail, &Switches::setAutoValidateEmail},
+        &Switches::autoValidateEmail, &Switches::setAutoValidateEmail, Switch::automaticEmail},
 };
 
 } // namespace
@@ -65,6 +67,9 @@ void CommandActions::makeSwitches(ContentView &window, Switches &switches)
         action->setCheckable(true);
         const auto show = [action, &switches, descriptor] {
             action->setChecked((switches.*descriptor.isOn)());
+            action->setText(
+                QString::fromUtf16(descriptor.text) +
+                (switches.isUnsaved(descriptor.which) ? u" (non enregistré)"_s : QString()));
         };
         show();
         QObject::connect(&switches, &Switches::changed, action, show);

@@ -51,10 +51,10 @@ ContentView::ContentView(ProspectStore &store, Switches &switches, const Platfor
       m_model(store, switches, platform.clock), m_commands(*this, switches),
       m_rows(new RowActions(store, switches, this)),
       m_import(new WorkbookImport(store, platform.panels, this)),
-      m_farewell(new Farewell(store, *m_rows, this)), m_files(new FileAlerts(store, this)),
-      m_header(new WindowHeader(m_commands)), m_headerArea(new HeaderArea(m_header)),
-      m_table(new ContactTableView(m_model)), m_pages(new TablePages(m_table)),
-      m_column(new QVBoxLayout)
+      m_farewell(new Farewell(store, *m_rows, this)),
+      m_files(new FileAlerts(store, switches, this)), m_header(new WindowHeader(m_commands)),
+      m_headerArea(new HeaderArea(m_header)), m_table(new ContactTableView(m_model)),
+      m_pages(new TablePages(m_table)), m_column(new QVBoxLayout)
 {
     build();
     m_commands.fillMenuBar(*menuBar());

@@ -1,6 +1,7 @@
 #include "ui/window/file_alerts.h"
 
 #include "store/prospect_store.h"
+#include "ui/kit/switches.h"
 #include "ui/window/alert.h"
 
 #include <QWidget>
@@ -9,17 +10,19 @@ using namespace Qt::StringLiterals;
 
 namespace quenoria {
 
-FileAlerts::FileAlerts(ProspectStore &store, QWidget *window)
-    : QObject(window), m_store(store), m_window(window)
+FileAlerts::FileAlerts(ProspectStore &store, Switches &switches, QWidget *window)
+    : QObject(window), m_store(store), m_switches(switches), m_window(window)
 {
     connect(&store, &ProspectStore::saveFailed, this, &FileAlerts::tellOfFailure);
+    connect(&store, &ProspectStore::saved, this, &FileAlerts::withdraw);
+    connect(&switches, &Switches::changed, this, &FileAlerts::lookAtSwitches);
     // The window that it is told over is not there yet.
     QMetaObject::invokeMethod(this, &FileAlerts::tellOfStart, Qt::QueuedConnection);
 }
 
 void FileAlerts::tellOfStart()
 {
-    if (!m_store.unsaved().empty())
+    if (!failures().isEmpty())
         tellOfFailure();
     if (m_store.filesSetAside().isEmpty())
         return;
@@ -37,25 +40,56 @@ void FileAlerts::tellOfFailure()
         return;
     m_alert = offerToRetry(
         m_window, u"Enregistrement impossible"_s,
-        m_store.unsaved().begin()->second +
+        failures().constFirst() +
             u"\n\nLe changement reste affiché, mais il serait perdu à la fermeture. Libérez de la "
             "place sur le disque ou rétablissez l’accès au dossier de données, puis réessayez."_s,
         [this] { retry(); });
 }
 
+void FileAlerts::lookAtSwitches()
+{
+    if (m_switches.unsaved())
+        tellOfFailure();
+    else
+        withdraw();
+}
+
+void FileAlerts::withdraw()
+{
+    if (m_alert && failures().isEmpty())
+        m_alert->close();
+}
+
+QStringList FileAlerts::failures() const
+{
+    QStringList texts;
+    for (const auto &[collection, failure] : m_store.unsaved())
+        texts << failure;
+    if (const auto reason = m_switches.unsaved())
+        texts << u"Impossible d’enregistrer les réglages : "_s + *reason;
+    return texts;
+}
+
 void FileAlerts::retry()
 {
     m_alert.clear(); // it is on its way out: what fails again has its own
+    saveAgain();
+}
+
+void FileAlerts::saveAgain()
+{
     const auto unsaved = m_store.unsaved();
     for (const auto &[collection, failure] : unsaved)
         m_store.save(collection);
+    if (m_switches.unsaved())
+        m_switches.save();
 }
 
 bool FileAlerts::mayLeave()
 {
     const bool insists = m_isLossAccepted;
-    retry();
-    m_isLossAccepted = !m_store.unsaved().empty();
+    saveAgain();
+    m_isLossAccepted = !failures().isEmpty();
     if (m_isLossAccepted && !insists)
         return false; // the alert says what would be lost
     delete m_alert;

@@ -32,10 +32,7 @@ void ContentView::manageEmailMessages() { present<EmailMessageManagerView>(m_sto
 void ContentView::testMessage() { present<TestMessageView>(m_store); }
 void ContentView::showAbout() { present<AboutView>(); }
 
-void ContentView::showImportHelp()
-{
-    present<ExcelFormatHelpView>(m_platform.panels, m_platform.resources);
-}
+void ContentView::showImportHelp() { present<ExcelFormatHelpView>(m_platform); }
 
 void ContentView::openSMSQueue() { present<BatchSendView>(m_store, m_switches, m_platform.clock); }
 

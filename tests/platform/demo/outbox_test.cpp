@@ -21,7 +21,8 @@ protected:
     QTemporaryDir home;
     FakeClock clock;
     RecordingLog log;
-    Outbox outbox{home.filePath(u"envois"_s), clock};
+    Disk files;
+    Outbox outbox{home.filePath(u"envois"_s), clock, files};
 
     QStringList names() const { return QDir(outbox.folder()).entryList(QDir::Files, QDir::Name); }
 
@@ -94,7 +95,7 @@ TEST_F(OutboxTest, NeverReplacesAMessage)
     std::thread other(sendTen);
     sendTen();
     other.join();
-    Outbox restarted(outbox.folder(), clock);
+    Outbox restarted(outbox.folder(), clock, files);
     EXPECT_FALSE(restarted.file(message));
     EXPECT_EQ(names().size(), 21);
     clock.advance(std::chrono::seconds(1));

@@ -22,6 +22,7 @@ namespace {
 class Session : public testing::Test {
 protected:
     QTemporaryDir folder;
+    Disk files;
 
     void write(const QString &name, const QByteArray &content) const
     {
@@ -33,21 +34,44 @@ protected:
 
 TEST_F(Session, PreferencesAreOnDiskAtOnceAndKeepTheirType)
 {
-    write(u"quenoria.conf"_s, "[General]\nlist=a, b\nnumber=1\n");
-    SettingsPreferences first(folder.filePath(u"quenoria.conf"_s));
+    write(u"quenoria.conf"_s,
+          "[General]\nlist=a, b\nnumber=1\nDernierDossier=\"/home/\\xe9t\\xe9\"\n");
+    SettingsPreferences first(folder.filePath(u"quenoria.conf"_s), files);
+    const QString hard = u"@é; \"\\\"\t\n\u0001\u0001a%20, [b]=\u007f\u2028 "_s;
     first.setFlag(u"EnvoiSMSFreeProPlan"_s, true);
     first.setFlag(u"EnvoiSMSAutoValidation"_s, false);
-    first.setText(u"OlvakSMSManualTestNumber"_s, u"06 39 98, \"é\"; 00"_s);
+    first.setText(u"OlvakSMSManualTestNumber"_s, hard);
+    EXPECT_EQ(first.unsaved(), std::nullopt);
 
     const QString copy = folder.filePath(u"copy.conf"_s); // what a kill at this moment would leave
     ASSERT_TRUE(QFile::copy(folder.filePath(u"quenoria.conf"_s), copy));
-    const SettingsPreferences second(copy);
+    const SettingsPreferences second(copy, files);
     EXPECT_EQ(second.flag(u"EnvoiSMSFreeProPlan"_s), true);
     EXPECT_EQ(second.flag(u"EnvoiSMSAutoValidation"_s), false);
-    EXPECT_EQ(second.text(u"OlvakSMSManualTestNumber"_s), u"06 39 98, \"é\"; 00"_s);
+    EXPECT_EQ(second.text(u"OlvakSMSManualTestNumber"_s), hard);
+    EXPECT_EQ(second.text(u"DernierDossier"_s), u"/home/été"_s) << "written by the toolkit";
     EXPECT_EQ(second.text(u"list"_s), std::nullopt);
     for (const QString &key : {u"OlvakSMSManualTestNumber"_s, u"list"_s, u"number"_s, u"none"_s})
         EXPECT_EQ(second.flag(key), std::nullopt) << key.toStdString();
+}
+
+TEST_F(Session, PreferencesThatCannotBeStoredSayWhyAndAreKept)
+{
+    const QString file = folder.filePath(u"quenoria.conf"_s);
+    SettingsPreferences preferences(file, files);
+    files.refusal = u"plein"_s;
+    preferences.setFlag(u"EnvoiSMSFreeProPlan"_s, true);
+    EXPECT_EQ(preferences.unsaved(), u"plein"_s);
+    EXPECT_EQ(preferences.flag(u"EnvoiSMSFreeProPlan"_s), true);
+    files.refusal.reset();
+    preferences.save();
+    EXPECT_EQ(preferences.unsaved(), std::nullopt);
+    EXPECT_EQ(SettingsPreferences(file, files).flag(u"EnvoiSMSFreeProPlan"_s), true);
+
+    ASSERT_TRUE(QDir(folder.path()).mkdir(u"dossier"_s));
+    SettingsPreferences unreadable(folder.filePath(u"dossier"_s), files);
+    unreadable.setFlag(u"EnvoiSMSFreeProPlan"_s, true);
+    EXPECT_NE(unreadable.unsaved(), std::nullopt) << "and what stands there is left as it is";
 }
 
 TEST_F(Session, SecondStartCallsTheFirstAndEnds)

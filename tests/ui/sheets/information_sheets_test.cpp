@@ -43,7 +43,7 @@ TEST_F(History, TheSheetFollowsTheStoreWhileItIsOpen)
 class Export : public testing::Test {
 protected:
     FakeDesktop desktop;
-    TemplateExport subject{desktop.panels, desktop.resources};
+    TemplateExport subject{desktop.panels, desktop.resources, desktop.files};
     const QString target = desktop.folders.root.filePath(u"modèle.xlsx"_s);
 
     QByteArray written() const
@@ -92,7 +92,7 @@ TEST_F(Export, AFailureIsShownWithTheSystemsReason)
 {
     desktop.resources.files[u"Modele_Import_Contacts_Quenoria.xlsx"_s] = "x";
     desktop.panels.answer = target + u"/absent/modele.xlsx"_s;
-    ExcelFormatHelpView sheet(desktop.panels, desktop.resources, nullptr);
+    ExcelFormatHelpView sheet(desktop.platform(), nullptr);
     const Probe probe(sheet);
     EXPECT_EQ(probe.status(), QString());
     probe.press(u"Enregistrer le modèle Excel…"_s);

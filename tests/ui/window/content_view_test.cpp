@@ -139,6 +139,42 @@ TEST_F(Window, OffersToWriteAgainWhatCouldNotBeWrittenAlsoBeforeItCloses)
     EXPECT_TRUE(desktop.file(u"suivi-envois.json"_s).contains("deux"));
 }
 
+TEST_F(Window, TheNoticeOfAFailureGoesOnceEverythingIsSavedAfterAll)
+{
+    window();
+    desktop.files.refusal = desktop.preferences.refusal = u"plein"_s;
+    store().setComment(u"un"_s, alix());
+    switches.setFreeProPlan(true);
+    switches.setAutoValidateSMS(true);
+    EXPECT_EQ(window().findChildren<QMessageBox *>().size(), 1);
+    EXPECT_NE(button(u"Forfait Free Pro (non enregistré)"_s), nullptr);
+    EXPECT_NE(button(u"Automatiser envoi e-mail"_s), nullptr) << "was not touched";
+    desktop.files.refusal.reset();
+    store().setComment(u"deux"_s, alix());
+    settle();
+    EXPECT_EQ(window().findChildren<QMessageBox *>().size(), 1) << "the switches are not stored";
+    desktop.preferences.refusal.reset();
+    press(u"Réessayer"_s);
+    EXPECT_EQ(alert(), QString());
+    EXPECT_NE(button(u"Forfait Free Pro"_s), nullptr);
+
+    desktop.files.refusal = u"plein"_s;
+    store().setComment(u"trois"_s, alix());
+    EXPECT_EQ(window().findChildren<QMessageBox *>().size(), 1);
+    desktop.files.refusal.reset();
+    store().setComment(u"quatre"_s, alix());
+    settle();
+    EXPECT_EQ(alert(), QString()) << "it went by itself";
+}
+
+TEST_F(Window, TheNumberForTestMessagesThatIsNotStoredIsTold)
+{
+    window();
+    desktop.preferences.refusal = u"plein"_s;
+    store().setTestNumber(u"06 39 98 00 77"_s);
+    EXPECT_TRUE(alert().contains(u"Impossible d’enregistrer les réglages : plein"_s));
+}
+
 TEST_F(Window, AnAlertStandsOverAnOpenSheetAndOutlivesIt)
 {
     press(u"À propos"_s);
