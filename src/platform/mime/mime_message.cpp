@@ -1,5 +1,7 @@
 #include "platform/mime/mime_message.h"
 
+#include "platform/mime/header_text.h"
+
 #include <QDateTime>
 #include <QFile>
 #include <QFileInfo>
@@ -44,21 +46,58 @@ bool isPlain(const QString &address)
     });
 }
 
-QByteArray oneLine(QString text)
+QString oneLine(QString text)
 {
     text.replace(u"\r\n"_s, u" "_s);
     for (const QChar lineBreak : {u'\r', u'\n', u'\0'})
         text.replace(lineBreak, u' ');
-    return text.toUtf8();
+    return text;
+}
+
+Owned<GMimeObject> partOf(const char *type, const char *subtype, const QByteArray &bytes,
+                          GMimeContentEncoding encoding)
+{
+    GMimePart *part = g_mime_part_new_with_type(type, subtype);
+    const Owned<GMimeStream> stream(
+        g_mime_stream_mem_new_with_buffer(bytes.constData(), std::size_t(bytes.size())));
+    const Owned<GMimeDataWrapper> content(
+        g_mime_data_wrapper_new_with_stream(stream.get(), GMIME_CONTENT_ENCODING_DEFAULT));
+    g_mime_part_set_content(part, content.get());
+    g_mime_part_set_content_encoding(part, encoding);
+    return Owned<GMimeObject>(GMIME_OBJECT(part));
 }
 
 Owned<GMimeObject> textPart(const QString &content)
 {
-    GMimeTextPart *part = g_mime_text_part_new_with_subtype("plain");
-    g_mime_text_part_set_charset(part, "utf-8");
-    g_mime_text_part_set_text(part, content.toUtf8().constData());
-    g_mime_part_set_content_encoding(GMIME_PART(part), GMIME_CONTENT_ENCODING_QUOTEDPRINTABLE);
-    return Owned<GMimeObject>(GMIME_OBJECT(part));
+    Owned<GMimeObject> part =
+        partOf("text", "plain", content.toUtf8(), GMIME_CONTENT_ENCODING_QUOTEDPRINTABLE);
+    g_mime_object_set_content_type_parameter(part.get(), "charset", "utf-8");
+    return part;
+}
+
+/// Whether the bytes may travel without an encoding: lines of letters of seven bits, none of them
+/// too long for a mail server.
+bool isSevenBit(const QByteArray &bytes)
+{
+    constexpr qsizetype longestLine = 998;
+    const auto travels = [](char byte) { return byte > '\0' && byte != '\r'; };
+    const auto lines = bytes.split('\n');
+    return std::ranges::all_of(bytes, travels) &&
+           std::ranges::all_of(lines,
+                               [](const QByteArray &line) { return line.size() <= longestLine; });
+}
+
+/// Messages inside messages must not be encoded: one that could not travel as it is goes as bytes
+/// of any kind.
+Owned<GMimeObject> partOfType(const QByteArray &type, const QByteArray &bytes)
+{
+    const QList<QByteArray> names = type.split('/');
+    if (names.front() != "message" && names.front() != "multipart")
+        return partOf(names.front(), names.back(), bytes, GMIME_CONTENT_ENCODING_BASE64);
+    const QByteArray lines = QByteArray(bytes).replace("\r\n", "\n");
+    if (type == "message/rfc822" && isSevenBit(lines))
+        return partOf("message", "rfc822", lines, GMIME_CONTENT_ENCODING_7BIT);
+    return partOf("application", "octet-stream", bytes, GMIME_CONTENT_ENCODING_BASE64);
 }
 
 /// Nothing when the file cannot be read.
@@ -70,17 +109,10 @@ Owned<GMimeObject> filePart(const QString &path)
     const QByteArray bytes = file.readAll();
     if (file.error() != QFile::NoError)
         return nullptr;
-
-    const QList<QByteArray> type = QMimeDatabase().mimeTypeForFile(path).name().toUtf8().split('/');
-    GMimePart *part = g_mime_part_new_with_type(type.front(), type.back());
-    const Owned<GMimeStream> stream(
-        g_mime_stream_mem_new_with_buffer(bytes.constData(), std::size_t(bytes.size())));
-    const Owned<GMimeDataWrapper> content(
-        g_mime_data_wrapper_new_with_stream(stream.get(), GMIME_CONTENT_ENCODING_DEFAULT));
-    g_mime_part_set_content(part, content.get());
-    g_mime_part_set_content_encoding(part, GMIME_CONTENT_ENCODING_BASE64);
-    g_mime_part_set_filename(part, oneLine(QFileInfo(path).fileName()));
-    return Owned<GMimeObject>(GMIME_OBJECT(part));
+    Owned<GMimeObject> part =
+        partOfType(QMimeDatabase().mimeTypeForFile(path).name().toUtf8(), bytes);
+    g_mime_part_set_filename(GMIME_PART(part.get()), oneLine(QFileInfo(path).fileName()).toUtf8());
+    return part;
 }
 
 TransportFailure unreadable(const QString &path)
@@ -106,7 +138,11 @@ void setHeaders(GMimeMessage *message, const OutgoingMessage &outgoing, const Cl
     for (const QString &recipient : outgoing.recipients)
         g_mime_message_add_mailbox(message, GMIME_ADDRESS_TYPE_TO, nullptr,
                                    recipient.trimmed().toUtf8());
-    g_mime_message_set_subject(message, oneLine(outgoing.subject), "utf-8");
+    g_mime_message_set_subject(message, "", nullptr);
+    g_mime_header_set_raw_value(
+        g_mime_header_list_get_header(g_mime_object_get_header_list(GMIME_OBJECT(message)),
+                                      "Subject"),
+        headerText(oneLine(outgoing.subject)));
     setDate(message, clock);
     const std::unique_ptr<char, FreeText> id(
         g_mime_utils_generate_message_id(QSysInfo::machineHostName().toUtf8()));
@@ -115,12 +151,9 @@ void setHeaders(GMimeMessage *message, const OutgoingMessage &outgoing, const Cl
 
 QByteArray wireText(GMimeMessage *message)
 {
-    GMimeFormatOptions *format = g_mime_format_options_new();
-    g_mime_format_options_set_newline_format(format, GMIME_NEWLINE_FORMAT_DOS);
     const std::unique_ptr<char, FreeText> text(
-        g_mime_object_to_string(GMIME_OBJECT(message), format));
-    g_mime_format_options_free(format);
-    return text.get();
+        g_mime_object_to_string(GMIME_OBJECT(message), nullptr));
+    return QByteArray(text.get()).replace("\n", "\r\n");
 }
 
 } // namespace
