@@ -9,7 +9,8 @@ namespace quenoria {
 
 namespace {
 
-/// Contact ids by duplicate key; of two contacts with one key the first in the list counts.
+/// Contact ids by duplicate key; of two contacts with one key the first in the list counts. An id
+/// that is no key any more still stands for its contact, which was edited since.
 QHash<QString, QString> idsByKey(const std::vector<Prospect> &prospects)
 {
     QHash<QString, QString> ids;
@@ -17,6 +18,10 @@ QHash<QString, QString> idsByKey(const std::vector<Prospect> &prospects)
         const QString key = duplicateKey(prospect);
         if (!ids.contains(key))
             ids.insert(key, prospect.id);
+    }
+    for (const Prospect &prospect : prospects) {
+        if (!ids.contains(prospect.id))
+            ids.insert(prospect.id, prospect.id);
     }
     return ids;
 }
@@ -40,11 +45,14 @@ QString reportMessage(const ProspectImportAnalysis &analysis)
 
 } // namespace
 
+/// By what each contact is, and by what it was before it was edited.
 IdSet ProspectStore::duplicateKeys() const
 {
     IdSet keys;
-    for (const Prospect &prospect : allProspects())
+    for (const Prospect &prospect : allProspects()) {
         keys.insert(duplicateKey(prospect));
+        keys.insert(prospect.id);
+    }
     return keys;
 }
 
@@ -55,6 +63,13 @@ ImportReport ProspectStore::importProspects(const QString &workbookPath)
 
 ImportReport ProspectStore::merge(ProspectImportAnalysis analysis)
 {
+    // A row that repeats the address under which a contact was first known must not undo what the
+    // user made of it.
+    std::erase_if(analysis.emailUpdates, [this](const auto &update) {
+        const Prospect *known = prospect(update.first);
+        return known && duplicateKey(*known) != update.first &&
+               update.first == u"email:"_s + update.second;
+    });
     ImportReport report;
     report.title = analysis.prospects.empty() ? u"Aucun nouveau contact"_s : u"Import terminé"_s;
     report.message = reportMessage(analysis);

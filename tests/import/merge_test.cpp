@@ -38,6 +38,31 @@ TEST_F(Merge, ASecondImportOfAWorkbookAddsNothing)
     EXPECT_NE(first.id, second.id);
 }
 
+TEST_F(Merge, AnEditedContactIsFoundByWhatItWasAndByWhatItIs)
+{
+    const auto import = [this] {
+        return store().importProspects(testData(u"workbooks/openpyxl.xlsx"_s)).title;
+    };
+    import();
+    const auto correct = [this](const QString &id, const QString &phone, const QString &email) {
+        ASSERT_FALSE(
+            store().update(*store().prospect(id), {u"X"_s, {}, phone, email, u"44"_s, {}}));
+    };
+    correct(u"0639980101"_s, u"06 39 98 01 99"_s, {});
+    EXPECT_EQ(import(), u"Aucun nouveau contact"_s);
+    restart();
+    EXPECT_EQ(import(), u"Aucun nouveau contact"_s);
+    EXPECT_TRUE(store().duplicateKeys().contains(u"0639980199"_s));
+
+    correct(u"email:old"_s, {}, u"dina2@example.org"_s);
+    ProspectImportAnalysis analysis;
+    analysis.emailUpdates = {{u"email:old"_s, u"old"_s}};
+    analysis.duplicates = 1;
+    EXPECT_FALSE(store().merge(std::move(analysis)).message.contains(u"mise(s) à jour"_s));
+    EXPECT_EQ(store().prospect(u"email:old"_s)->email, u"dina2@example.org"_s)
+        << "what an address was before it was corrected is no news";
+}
+
 TEST_F(Merge, ARepeatedContactGetsTheAddress)
 {
     ProspectImportAnalysis analysis;
@@ -50,8 +75,9 @@ TEST_F(Merge, ARepeatedContactGetsTheAddress)
     analysis.duplicates = 4;
     analysis.rowsWithoutMobile = 2;
     analysis.invalidRows = 1;
-    EXPECT_EQ(store().duplicateKeys(),
-              (IdSet{u"0639980010"_s, {}, u"0639980012"_s, u"email:dina@example.org"_s}));
+    EXPECT_EQ(
+        store().duplicateKeys(),
+        (IdSet{u"0639980010"_s, {}, u"0639980012"_s, u"email:dina@example.org"_s, u"email:old"_s}));
 
     std::map<Collection, int> writes;
     QObject::connect(&store(), &ProspectStore::published,
