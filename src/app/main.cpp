@@ -9,6 +9,7 @@
 #include "resources/resources.h"
 #include "tour/demonstration.h"
 #include "tour/tour.h"
+#include "ui/kit/deliberate_input.h"
 #include "ui/kit/symbol.h"
 #include "ui/sheets/about_view.h"
 #include "ui/window/content_view.h"
@@ -118,6 +119,7 @@ int main(int argc, char **argv)
     }
     QGuiApplication::setDesktopFileName(u"com.example.Quenoria"_s);
     QApplication application(argc, argv);
+    const DeliberateInput input(application);
     application.setProperty(buildNumberProperty, QStringLiteral(QUENORIA_BUILD));
     QLocale::setDefault(displayLocale());
     QTranslator translator;

@@ -4,12 +4,12 @@
 #include "ui/kit/labels.h"
 #include "ui/kit/status_label.h"
 #include "ui/queue/batch_queue.h"
-#include "ui/queue/deliberate_button.h"
 #include "ui/queue/message_panel.h"
 #include "ui/queue/queue_options.h"
 #include "ui/queue/slim_progress_bar.h"
 
 #include <QLabel>
+#include <QPushButton>
 #include <QShortcut>
 #include <QVBoxLayout>
 
@@ -81,10 +81,13 @@ QWidget *QueueSheet::makeFinishedPanel()
 QWidget *QueueSheet::makeButtons()
 {
     auto *buttons = new QWidget;
-    m_skip = new DeliberateButton(u"Ignorer"_s);
-    m_primary = new DeliberateButton(m_channel.prepare);
-    m_confirm = new DeliberateButton(m_channel.confirm);
+    m_skip = new QPushButton(u"Ignorer"_s);
+    m_primary = new QPushButton(m_channel.prepare);
+    m_confirm = new QPushButton(m_channel.confirm);
     makeProminent(m_primary);
+    // Enter prepares, wherever the focus is: nobody confirms or skips with one Enter too many.
+    m_skip->setAutoDefault(false);
+    m_confirm->setAutoDefault(false);
     auto *row = new QHBoxLayout(buttons);
     row->setContentsMargins({});
     row->setSpacing(buttonGap);
@@ -93,7 +96,6 @@ QWidget *QueueSheet::makeButtons()
     row->addWidget(m_primary);
     row->addWidget(m_confirm);
     auto *skip = new QShortcut(Qt::CTRL | Qt::Key_I, this);
-    skip->setAutoRepeat(false);
     connect(skip, &QShortcut::activated, m_skip, &QPushButton::click);
     m_skip->setToolTip(skip->key().toString(QKeySequence::NativeText));
     return buttons;
@@ -119,13 +121,6 @@ void QueueSheet::showEvent(QShowEvent *event)
         m_queue->open();
     }
     Sheet::showEvent(event);
-}
-
-void QueueSheet::keyPressEvent(QKeyEvent *event)
-{
-    // Escape may be held down as long as one likes; Enter would confirm one contact per repeat.
-    if (!event->isAutoRepeat())
-        Sheet::keyPressEvent(event);
 }
 
 void QueueSheet::refresh()
@@ -162,7 +157,7 @@ void QueueSheet::refreshButtons()
 {
     const bool running = m_queue->isRunning();
     const bool finished = !m_queue->current();
-    QPushButton *next = finished ? m_close : m_queue->canConfirm() ? m_confirm : m_primary;
+    QPushButton *next = finished ? m_close : m_primary;
     const bool moves = !keepsFocus(focusWidget());
     // A button that is disabled while it has the focus gives it to any neighbour: take it first.
     if (moves)
@@ -177,11 +172,13 @@ void QueueSheet::refreshButtons()
         next->setFocus();
 }
 
-/// The focus follows the step to take next, unless the user has put it elsewhere.
+/// The focus follows the step to take next, unless the user has put it where it still counts.
 bool QueueSheet::keepsFocus(const QWidget *widget) const
 {
-    if (!widget || widget == this || widget == m_primary || widget == m_confirm)
+    if (!widget || widget == this || widget == m_primary)
         return false;
+    if (widget == m_confirm)
+        return m_queue->canConfirm();
     return widget != m_skip || !m_queue->isRunning();
 }
 

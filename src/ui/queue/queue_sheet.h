@@ -29,7 +29,6 @@ protected:
                QWidget *parent);
 
     void showEvent(QShowEvent *event) override;
-    void keyPressEvent(QKeyEvent *event) override;
 
 private:
     QWidget *makeProgress();

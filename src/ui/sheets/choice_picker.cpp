@@ -5,6 +5,7 @@ namespace quenoria {
 ChoicePicker::ChoicePicker(const QString &accessibleName, QWidget *parent) : QComboBox(parent)
 {
     setAccessibleName(accessibleName);
+    setFocusPolicy(Qt::StrongFocus); // not by the wheel
     setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     connect(this, &QComboBox::activated, this,
             [this](int row) { Q_EMIT picked(itemData(row).toString()); });

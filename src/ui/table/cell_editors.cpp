@@ -17,6 +17,7 @@ public:
         setTimeSpec(Qt::UTC); // where every hour exists
         setDisplayFormat(u"dd/MM/yyyy HH:mm"_s);
         setCalendarPopup(true);
+        setFocusPolicy(Qt::StrongFocus);
     }
 
     void start(const QDateTime &date)
@@ -26,7 +27,7 @@ public:
         setDateTime(m_start);
     }
 
-    bool hasChanged() const { return dateTime() != m_start; }
+    bool hasChanged() const { return m_start.isValid() && dateTime() != m_start; }
 
 private:
     QDateTime m_start;
@@ -49,13 +50,16 @@ QWidget *CellDelegate::createEditor(QWidget *parent, const QStyleOptionViewItem 
     return editor;
 }
 
+/// The contact may change by itself while the user types: what is typed counts.
 void CellDelegate::setEditorData(QWidget *editor, const QModelIndex &index) const
 {
     const QVariant value = index.data(Qt::EditRole);
-    if (auto *field = qobject_cast<QLineEdit *>(editor))
-        field->setText(value.toString());
-    else
-        static_cast<DateEditor *>(editor)->start(value.toDateTime());
+    if (auto *field = qobject_cast<QLineEdit *>(editor)) {
+        if (!field->isModified())
+            field->setText(value.toString());
+    } else if (auto *dates = static_cast<DateEditor *>(editor); !dates->hasChanged()) {
+        dates->start(value.toDateTime());
+    }
 }
 
 /// What was only looked at is not written: an editor commits whenever it loses the focus.

@@ -162,8 +162,11 @@ void ContactTableView::mouseReleaseEvent(QMouseEvent *event)
     QTableView::mouseReleaseEvent(event);
     const QPersistentModelIndex pressed = std::exchange(m_pressed, {});
     setHot({m_hot.cell, m_hot.button, false});
-    if (pressed.isValid() && pressed == indexAt(event->pos()))
-        clickCell(pressed, event->pos());
+    m_clicked = QModelIndex();
+    if (!pressed.isValid() || pressed != indexAt(event->pos()))
+        return;
+    m_clicked = pressed;
+    clickCell(pressed, event->pos());
 }
 
 void ContactTableView::clickCell(const QModelIndex &index, QPoint point)
@@ -177,17 +180,17 @@ void ContactTableView::clickCell(const QModelIndex &index, QPoint point)
         useCell(index);
 }
 
-/// A second quick click on a control is one more click on it, and no wish to edit the contact.
+/// The second press of a double click: on a control it is none, since each stands for a deed of its
+/// own. One whose first press went elsewhere, to a sheet that it closed, is none either.
 void ContactTableView::mouseDoubleClickEvent(QMouseEvent *event)
 {
     const QModelIndex index = indexAt(event->pos());
-    if (!index.isValid() || event->button() != Qt::LeftButton)
+    if (!index.isValid() || index != m_clicked || event->button() != Qt::LeftButton)
         return;
     const CellLayout layout = layoutAt(index);
-    if (layout.buttonAt(event->pos()) >= 0 || layout.checkReaches(event->pos()) ||
-        layout.frame.contains(event->pos()))
-        mousePressEvent(event);
-    else
+    const bool isControl = layout.buttonAt(event->pos()) >= 0 ||
+                           layout.checkReaches(event->pos()) || layout.frame.contains(event->pos());
+    if (!isControl)
         Q_EMIT editRequested(contactIdAt(index));
 }
 

@@ -49,6 +49,7 @@ void ContactList::setSearchText(const QString &text)
         for (const Entry &entry : m_entries) // in the store's order, in which its records lie
             textsOf(entry);
     }
+    settle();
     filter();
 }
 
@@ -66,6 +67,9 @@ void ContactList::sort(SortColumn column, Qt::SortOrder order)
 
 void ContactList::rebuild()
 {
+    std::vector<QString> idsBefore;
+    for (const Entry &entry : m_entries)
+        idsBefore.push_back(entry.contact.id);
     m_entries.clear();
     m_entriesById.clear();
     m_smsSent = 0;
@@ -75,32 +79,45 @@ void ContactList::rebuild()
         m_entriesById.insert(contact.id, std::uint32_t(m_entries.size()));
         tally(m_entries.emplace_back(fresh(contact)), 1);
     }
+    if (keepOrder(idsBefore)) {
+        m_isDisplaced = true;
+        return;
+    }
     m_order.resize(m_entries.size());
     std::iota(m_order.begin(), m_order.end(), 0U);
     arrange();
 }
 
-ContactList::Change ContactList::reload(std::uint32_t entry)
+/// Leaves the rows as they were but for those of contacts that went; false when others came.
+bool ContactList::keepOrder(const std::vector<QString> &idsBefore)
 {
-    Entry &kept = m_entries[entry];
-    tally(kept, -1);
-    kept = fresh(Prospect(kept.contact));
-    tally(kept, 1);
-
-    const std::size_t place = placeOf(m_order, entry);
-    m_order.erase(m_order.begin() + std::ptrdiff_t(place));
-    m_order.insert(m_order.begin() + std::ptrdiff_t(targetIn(m_order, nowhere, entry)), entry);
-
-    const std::size_t from = placeOf(m_shown, entry);
-    return {rowOfEntry(entry), matches(kept) ? int(targetIn(m_shown, from, entry)) : none};
+    constexpr auto gone = std::uint32_t(-1);
+    std::vector<std::uint32_t> now(idsBefore.size(), gone); // both lists are in the store's order
+    std::uint32_t entry = 0;
+    for (std::size_t before = 0; before < idsBefore.size(); ++before) {
+        if (entry < m_entries.size() && m_entries[entry].contact.id == idsBefore[before])
+            now[before] = entry++;
+    }
+    if (entry < m_entries.size())
+        return false;
+    for (Order *order : {&m_order, &m_shown}) {
+        for (std::uint32_t &each : *order)
+            each = now[each];
+        std::erase(*order, gone);
+    }
+    return true;
 }
 
-void ContactList::move(std::uint32_t entry, Change change)
+int ContactList::reload(std::uint32_t entry)
 {
-    if (change.from != none)
-        m_shown.erase(m_shown.begin() + change.from);
-    if (change.to != none)
-        m_shown.insert(m_shown.begin() + change.to, entry);
+    Entry &kept = m_entries[entry];
+    const std::vector<Prospect> &all = m_store.allProspects();
+    const bool isThere = entry < all.size() && all[entry].id == kept.contact.id;
+    tally(kept, -1);
+    kept = fresh(Prospect(isThere ? all[entry] : kept.contact));
+    tally(kept, 1);
+    m_displaced.insert(entry);
+    return rowOfEntry(entry);
 }
 
 ContactList::Entry ContactList::fresh(const Prospect &contact) const
@@ -185,22 +202,24 @@ std::size_t ContactList::placeOf(const Order &order, std::uint32_t entry)
     return found == order.end() ? nowhere : std::size_t(found - order.begin());
 }
 
-/// Where the entry belongs in an order that is sorted but for the one place to leave out.
-std::size_t ContactList::targetIn(const Order &order, std::size_t without,
-                                  std::uint32_t entry) const
+/// Brings the changed contacts to their places: a few one by one, many by sorting anew.
+void ContactList::settle()
 {
+    constexpr std::size_t few = 64;
+    if (m_isDisplaced || m_displaced.size() > few)
+        return arrange();
     const auto before = [this](std::uint32_t a, std::uint32_t b) { return precedes(a, b); };
-    const auto gap = order.begin() + std::ptrdiff_t(std::min(without, order.size()));
-    auto target = std::lower_bound(order.begin(), gap, entry, before);
-    if (target != gap || gap == order.end())
-        return std::size_t(target - order.begin());
-    target = std::lower_bound(gap + 1, order.end(), entry, before);
-    return std::size_t(target - order.begin()) - 1;
+    std::erase_if(m_order, [this](std::uint32_t entry) { return m_displaced.contains(entry); });
+    for (const std::uint32_t entry : m_displaced)
+        m_order.insert(std::ranges::lower_bound(m_order, entry, before), entry);
+    m_displaced.clear();
 }
 
 void ContactList::arrange()
 {
     std::ranges::sort(m_order, [this](std::uint32_t a, std::uint32_t b) { return precedes(a, b); });
+    m_displaced.clear();
+    m_isDisplaced = false;
     filter();
 }
 

@@ -4,17 +4,18 @@
 
 #include <QCollator>
 
+#include <set>
+
 namespace quenoria {
 
 /// The contacts as the table displays them: those that the search finds, in the order of one
 /// column. What a search or a comparison needs of a contact is computed once and kept until the
 /// contact changes, so that a keystroke costs one pass and a change of one contact next to none.
+///
+/// No row moves under the hand: a contact that changed keeps its place, though it would sort or be
+/// searched otherwise, until the user sorts, searches or adds.
 class ContactList {
 public:
-    struct Change {
-        int from; ///< row before, or none
-        int to;   ///< row after, counted without the old one, or none
-    };
     static constexpr int none = -1;
 
     ContactList(ProspectStore &store, TableState &state);
@@ -40,11 +41,10 @@ public:
     /// Takes the store's whole list again.
     void rebuild();
 
-    /// Rebuilding by halves, for one contact whose records changed: reload() finds out where its
-    /// row goes, move() carries it there. The contact may stand in the list more than once.
+    /// Takes the records of one contact again, which may stand in the list more than once; the row
+    /// that shows it, or none.
+    int reload(std::uint32_t entry);
     QList<std::uint32_t> entriesOf(const QString &id) const { return m_entriesById.values(id); }
-    Change reload(std::uint32_t entry);
-    void move(std::uint32_t entry, Change change);
 
 private:
     using OrderKey = std::variant<bool, Instant, QCollatorSortKey>;
@@ -67,7 +67,8 @@ private:
     bool precedes(std::uint32_t a, std::uint32_t b) const;
     bool matches(const Entry &entry) const;
     static std::size_t placeOf(const Order &order, std::uint32_t entry);
-    std::size_t targetIn(const Order &order, std::size_t without, std::uint32_t entry) const;
+    bool keepOrder(const std::vector<QString> &idsBefore);
+    void settle();
     void arrange();
     void filter();
 
@@ -75,8 +76,10 @@ private:
     TableState &m_state;
     std::vector<Entry> m_entries; ///< in the store's order
     QMultiHash<QString, std::uint32_t> m_entriesById;
-    Order m_order; ///< every entry, sorted
-    Order m_shown; ///< those that the search finds, in that order
+    Order m_order;                       ///< every entry, sorted
+    Order m_shown;                       ///< those that the search found, in that order
+    std::set<std::uint32_t> m_displaced; ///< entries that would sort elsewhere by now
+    bool m_isDisplaced = false;          ///< any entry might
     QString m_searchText;
     QString m_needle; ///< folded; null when everything is shown
     SortColumn m_sortColumn = SortColumn::name;

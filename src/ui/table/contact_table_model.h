@@ -9,8 +9,8 @@ namespace quenoria {
 class Clock;
 class Switches;
 
-/// The table's contacts for a view. Follows the store: a change of one contact moves or refreshes
-/// its row at once, a change of more is taken over when control returns to the event loop.
+/// The table's contacts for a view. Follows the store: a change of one contact refreshes its row
+/// at once, a change of more is taken over when control returns to the event loop.
 class ContactTableModel : public QAbstractTableModel {
     Q_OBJECT
 
@@ -49,10 +49,12 @@ Q_SIGNALS:
     /// The contacts, their marks or one of the selections changed.
     void changed();
 
+    /// All rows are about to be made anew: what is being typed in one must be kept now.
+    void aboutToReplaceRows();
+
 private:
     void follow(Collection collection, const QString &contactId);
     void refreshContact(const QString &id);
-    void refreshEntry(std::uint32_t entry);
     void refreshSoon();
     void refresh();
     void announceColumn(int column);

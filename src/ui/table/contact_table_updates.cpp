@@ -10,7 +10,9 @@ bool belongsToOneContact(Collection collection)
 {
     return collection == Collection::statuses || collection == Collection::emailStatuses ||
            collection == Collection::messageAssignments ||
-           collection == Collection::emailAssignments || collection == Collection::attachmentPaths;
+           collection == Collection::emailAssignments ||
+           collection == Collection::attachmentPaths ||
+           collection == Collection::contactOverrides || collection == Collection::emailOverrides;
 }
 
 } // namespace
@@ -28,36 +30,11 @@ void ContactTableModel::follow(Collection collection, const QString &contactId)
 void ContactTableModel::refreshContact(const QString &id)
 {
     m_state.attachmentsFound.remove(id);
-    for (const std::uint32_t entry : m_list.entriesOf(id))
-        refreshEntry(entry);
+    for (const std::uint32_t entry : m_list.entriesOf(id)) {
+        if (const int row = m_list.reload(entry); row != ContactList::none)
+            Q_EMIT dataChanged(index(row, 0), index(row, columnCount() - 1));
+    }
     Q_EMIT changed();
-}
-
-void ContactTableModel::refreshEntry(std::uint32_t entry)
-{
-    const ContactList::Change change = m_list.reload(entry);
-    const auto [from, to] = change;
-    if (to == ContactList::none && from == ContactList::none)
-        return;
-    if (from == to) {
-        Q_EMIT dataChanged(index(to, 0), index(to, columnCount() - 1));
-        return;
-    }
-    m_allAreTicked.reset();
-    if (from == ContactList::none) {
-        beginInsertRows({}, to, to);
-        m_list.move(entry, change);
-        endInsertRows();
-    } else if (to == ContactList::none) {
-        beginRemoveRows({}, from, from);
-        m_list.move(entry, change);
-        endRemoveRows();
-    } else {
-        beginMoveRows({}, from, from, {}, to > from ? to + 1 : to);
-        m_list.move(entry, change);
-        endMoveRows();
-        Q_EMIT dataChanged(index(to, 0), index(to, columnCount() - 1));
-    }
 }
 
 /// Several collections often change together; the rows keep their own copies of the contacts, so
@@ -72,6 +49,7 @@ void ContactTableModel::refreshSoon()
 void ContactTableModel::refresh()
 {
     m_refreshIsDue = false;
+    Q_EMIT aboutToReplaceRows();
     beginResetModel();
     m_state.attachmentsFound.clear();
     m_list.rebuild();

@@ -38,6 +38,7 @@ ContactTableView::ContactTableView(ContactTableModel &model, QWidget *parent)
     verticalHeader()->setDefaultSectionSize(CellLayout::rowHeight(font()));
     followHeader();
     resetColumnWidths();
+    connect(&model, &ContactTableModel::aboutToReplaceRows, this, &ContactTableView::keepTypedText);
     connect(&model, &ContactTableModel::modelAboutToBeReset, this, &ContactTableView::keepPlace);
     connect(&model, &ContactTableModel::modelReset, this, &ContactTableView::returnToPlace);
 }
@@ -57,6 +58,12 @@ void ContactTableView::followHeader()
 const Prospect *ContactTableView::currentContact() const
 {
     return currentIndex().isValid() ? &m_model.contacts().at(currentIndex().row()) : nullptr;
+}
+
+void ContactTableView::keepTypedText()
+{
+    if (QWidget *editor = indexWidget(currentIndex()))
+        commitData(editor);
 }
 
 // Rows that are replaced as a whole would take the current cell with them.

@@ -42,6 +42,7 @@ protected:
 
 private:
     void followHeader();
+    void keepTypedText();
     void keepPlace();
     void returnToPlace();
     void fitContactColumn();
@@ -61,6 +62,7 @@ private:
     ContactTableModel &m_model;
     HotButton m_hot;
     QPersistentModelIndex m_pressed; ///< cell that took the mouse button
+    QPersistentModelIndex m_clicked; ///< cell of the last whole click
     QString m_keptContact;           ///< current one, while the rows are replaced
     int m_keptColumn = 0;
     int m_contactWidth; ///< of the contact's column when there is no room to spare

@@ -19,6 +19,27 @@ using namespace Qt::StringLiterals;
 
 namespace quenoria {
 
+namespace {
+
+/// One line per contact, and how many more there are. Two that share an id are two lines.
+QString namesOf(const IdSet &ids, const ProspectStore &store)
+{
+    constexpr qsizetype most = 10;
+    QStringList names;
+    for (const Prospect &contact : store.allProspects()) {
+        if (ids.contains(contact.id))
+            names << contact.label;
+    }
+    const qsizetype others = names.size() - most;
+    if (others > 0) {
+        names.resize(most);
+        names << u"… et %1 autre%2"_s.arg(QString::number(others), others > 1 ? u"s"_s : u""_s);
+    }
+    return names.join(u'\n');
+}
+
+} // namespace
+
 template <typename View, typename... Arguments>
 void ContentView::present(Arguments &&...arguments)
 {
@@ -68,18 +89,22 @@ void ContentView::showHistory(const QString &id)
 void ContentView::importExcelFile() { m_import->choose(); }
 void ContentView::importWorkbook(const QString &path) { m_import->run(path); }
 
+/// Those that are ticked, else the one under the cursor.
 void ContentView::deleteTickedContacts()
 {
-    const IdSet ticked = m_model.deleteSelection();
-    if (ticked.empty())
+    IdSet doomed = m_model.deleteSelection();
+    if (const Prospect *current = m_table->currentContact(); doomed.empty() && current)
+        doomed.insert(current->id);
+    if (doomed.empty())
         return;
     confirm(this,
-            {u"Supprimer définitivement %1 contact(s) ?"_s.arg(ticked.size()),
+            {u"Supprimer définitivement %1 contact(s) ?"_s.arg(doomed.size()),
              u"Les historiques d’envoi, commentaires, demandes STOP, associations de messages et "
-             "fichiers joints enregistrés pour ces contacts seront également supprimés."_s,
+             "fichiers joints enregistrés pour ces contacts seront également supprimés."_s +
+                 u"\n\n"_s + namesOf(doomed, m_store),
              u"Supprimer les contacts et leurs données"_s},
-            [this] {
-                m_store.deleteProspects(m_model.deleteSelection());
+            [this, doomed] {
+                m_store.deleteProspects(doomed);
                 m_model.clearDeleteSelection();
             });
 }

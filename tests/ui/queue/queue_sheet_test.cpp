@@ -1,4 +1,5 @@
 #include "support/fake_desktop.h"
+#include "ui/kit/deliberate_input.h"
 #include "ui/kit/switches.h"
 #include "ui/queue/batch_queue.h"
 #include "ui/queue/queue_sheet.h"
@@ -79,6 +80,7 @@ protected:
         QCoreApplication::sendEvent(focused ? focused : sheet, &key);
     }
 
+    DeliberateInput input{*qApp};
     FakeDesktop desktop;
     std::unique_ptr<ProspectStore> store;
     Switches switches{desktop.preferences};
@@ -140,10 +142,27 @@ TEST_F(QueueSheets, ASecondClickOrAHeldKeyNeverMeetsTheNextContact)
         enter(repeated);
     EXPECT_EQ(desktop.workspace.opened.size(), 1);
     EXPECT_EQ(sent(0), 0U);
+}
+
+TEST_F(QueueSheets, EnterPreparesAndNeverConfirms)
+{
+    show();
+    for (int time = 0; time < 3; ++time)
+        enter(false);
+    EXPECT_EQ(desktop.workspace.opened.size(), 3);
+    QPushButton *confirm = button(u"Envoyé, suivant"_s);
+    confirm->setFocus();
+    EXPECT_TRUE(confirm->isEnabled() && confirm->hasFocus());
     enter(false);
-    enter(true);
-    EXPECT_EQ(sent(0), 1U);
-    EXPECT_EQ(desktop.workspace.opened.size(), 1);
+    EXPECT_EQ(sent(1), 0U);
+    store->setComment(u"rappeler"_s, contact(0));
+    EXPECT_TRUE(confirm->hasFocus()) << "left where the user put it";
+    for (const QEvent::Type type : {QEvent::KeyPress, QEvent::KeyRelease}) {
+        QKeyEvent space(type, Qt::Key_Space, {}, u" "_s);
+        QCoreApplication::sendEvent(confirm, &space);
+    }
+    EXPECT_EQ(sent(1), 1U);
+    EXPECT_TRUE(button(u"Préparer ce SMS"_s)->hasFocus());
 }
 
 TEST_F(QueueSheets, ClosedWhileWaitingSendsNothingMore)

@@ -1,3 +1,4 @@
+#include "ui/kit/deliberate_input.h"
 #include "ui/table/contact_table_view.h"
 #include "ui/table/table_fixture.h"
 
@@ -28,6 +29,7 @@ protected:
     }
     void press(Qt::Key key) { QTest::keyClick(&view, key); }
 
+    DeliberateInput input{*qApp};
     ContactTableView view;
 };
 
@@ -83,6 +85,19 @@ TEST_F(TableView, CommentsAreTypedInTheCell)
     EXPECT_EQ(at(alix(), SortColumn::comment).data(), u"rappeler"_s);
 }
 
+TEST_F(TableView, WhatIsBeingTypedOutlivesChangesOfTheContactAndOfTheList)
+{
+    click(at(alix(), SortColumn::comment));
+    QTest::keyClicks(view.findChild<QLineEdit *>(), u"rappeler"_s);
+    store().recordSentNow(alix());
+    settle();
+    ASSERT_NE(view.findChild<QLineEdit *>(), nullptr);
+    EXPECT_EQ(view.findChild<QLineEdit *>()->text(), u"rappeler"_s);
+    store().deleteProspects({chloe().id});
+    settle();
+    EXPECT_EQ(store().status(alix())->comment, u"rappeler"_s);
+}
+
 TEST_F(TableView, AFieldThatWasOnlyOpenedChangesNothing)
 {
     for (const SortColumn column : {SortColumn::date, SortColumn::comment}) {
@@ -100,6 +115,7 @@ TEST_F(TableView, EnterAndADoubleClickBesideControlsEditTheContact)
     view.setCurrentIndex(at(alix(), SortColumn::email));
     press(Qt::Key_Return);
     const auto doubleClick = [this](const QModelIndex &index) {
+        click(index);
         QTest::mouseDClick(view.viewport(), Qt::LeftButton, {}, centre(index));
     };
     doubleClick(at(chloe(), SortColumn::name));
@@ -109,13 +125,43 @@ TEST_F(TableView, EnterAndADoubleClickBesideControlsEditTheContact)
     EXPECT_EQ(edits[1][0], chloe().id);
 }
 
+TEST_F(TableView, ASecondPressOrAHeldKeyDoesNothingMore)
+{
+    QSignalSpy actions(&view, &ContactTableView::actionRequested);
+    QSignalSpy edits(&view, &ContactTableView::editRequested);
+    const auto send = [this](QEvent::Type type, QPoint point) {
+        QMouseEvent event(type, point, view.viewport()->mapToGlobal(point), Qt::LeftButton,
+                          Qt::LeftButton, {});
+        QCoreApplication::sendEvent(view.viewport(), &event);
+    };
+    for (const QPoint point :
+         {centre(at(chloe(), SortColumn::stopped)), centre(at(chloe(), 16)) + QPoint(60, 0)}) {
+        for (const QEvent::Type type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease,
+                                        QEvent::MouseButtonDblClick, QEvent::MouseButtonRelease})
+            send(type, point);
+    }
+    EXPECT_TRUE(store().isStopped(chloe())) << "ticked once";
+    EXPECT_EQ(actions.size(), 1) << "one order";
+    send(QEvent::MouseButtonDblClick, centre(at(alix(), SortColumn::name)));
+    EXPECT_EQ(edits.size(), 0) << "its first press closed a sheet over the table";
+
+    view.setCurrentIndex(at(alix(), SortColumn::sent));
+    for (const bool repeated : {false, true, true}) {
+        QKeyEvent space(QEvent::KeyPress, Qt::Key_Space, {}, u" "_s, repeated);
+        QCoreApplication::sendEvent(&view, &space);
+    }
+    EXPECT_EQ(store().sendHistory(alix()).size(), 1U);
+    EXPECT_TRUE(store().status(alix())->sent);
+}
+
 TEST_F(TableView, TheCurrentCellStaysOnItsContact)
 {
     view.setCurrentIndex(at(chloe(), SortColumn::stopped));
     model().sort(columnOf(SortColumn::stopped), Qt::DescendingOrder);
+    const int row = view.currentIndex().row();
     press(Qt::Key_Space);
     EXPECT_EQ(view.currentContact()->id, chloe().id);
-    EXPECT_EQ(view.currentIndex().row(), 0);
+    EXPECT_EQ(view.currentIndex().row(), row);
     model().setSearchText(u"(56)"_s);
     model().setSearchText({});
     store().deleteProspects({alix().id});

@@ -206,6 +206,27 @@ TEST_F(Window, DeletionAsksFirst)
     EXPECT_EQ(model().rowCount(), 2);
 }
 
+TEST_F(Window, DeletionNamesTenContactsAndWithoutATickTheCurrentOne)
+{
+    table().setCurrentIndex(model().index(0, 6));
+    press(u"Supprimer les contacts cochés (0)"_s);
+    const auto *box = window().findChild<QMessageBox *>();
+    ASSERT_TRUE(box);
+    EXPECT_EQ(box->defaultButton()->text(), u"Annuler"_s);
+    EXPECT_TRUE(alert().endsWith(u"également supprimés.\n\nALIX — BREST (29)"_s));
+
+    for (const char16_t letter : std::u16string_view(u"efghijklmnop"))
+        ASSERT_FALSE(store().add(QString(QChar(letter)), {},
+                                 QString(QChar(letter)) + u"@example.fr"_s, u"29"_s, {}));
+    settle();
+    model().tickAll(true);
+    press(u"Supprimer les contacts cochés (15)"_s);
+    const QString told = alert();
+    EXPECT_EQ(told.count(u'\n'), 12) << told.toStdString();
+    EXPECT_TRUE(told.endsWith(u"\n… et 5 autres"_s));
+    model().tickAll(false);
+}
+
 TEST_F(Window, AnEmptyTableSaysWhatToDo)
 {
     search(u"zzz"_s);
