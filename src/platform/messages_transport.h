@@ -16,6 +16,13 @@ public:
     [[nodiscard]] virtual bool offers(MessagesService service) const = 0;
     [[nodiscard]] virtual TransportResult sendText(MessagesService service, const QString &handle,
                                                    const QString &text) = 0;
+
+    /// Why a file would not be taken, asked before the text that it follows leaves.
+    [[nodiscard]] virtual TransportResult fileRefusal(MessagesService /*service*/,
+                                                      const QString & /*path*/) const
+    {
+        return {};
+    }
     [[nodiscard]] virtual TransportResult sendFile(MessagesService service, const QString &handle,
                                                    const QString &path) = 0;
 };

@@ -90,7 +90,10 @@ Widget *Guide::find(const std::function<bool(const Widget *)> &matches, const QS
 void Guide::press(const QString &text)
 {
     auto *button = find<QAbstractButton>(
-        [&text](const QAbstractButton *candidate) { return candidate->text() == text; }, text);
+        [&text](const QAbstractButton *candidate) {
+            return QString(candidate->text()).remove(u'&') == text;
+        },
+        text);
     if (!button->isEnabled())
         throw TourFailure(u"Le bouton « %1 » n’est pas disponible."_s.arg(text));
     // The press may open a dialog that only returns once it is closed.

@@ -103,6 +103,21 @@ TEST_F(Journey, TextsFallBackFromRCSAndFailuresAreReadByTheUser)
             tried << line.section(u' ', 0, 0);
         EXPECT_EQ(tried.join(u' '), row.tried) << "the text, then the file on the same service";
     }
+    scripts.messages.offered = {{rcs, {}}, {sms, {}}};
+    for (const auto &[refused, tried] :
+         {std::pair(std::map<MessagesService, TransportResult>{{rcs, down}}, 4),
+          {{{rcs, down}, {sms, down}}, 0}}) {
+        scripts.messages.filesRefused = refused;
+        scripts.messages.carried.clear();
+        restart();
+        follow(store().sendSMSAutomatically(alix(), true));
+        EXPECT_EQ(scripts.messages.carried.size(), tried) << "no text leaves without its file";
+        EXPECT_EQ(answers.back(), tried == 0 ? failed + u"réseau absent"_s : u"done"_s);
+    }
+    scripts.messages.filesRefused.clear();
+    scripts.messages.offered.clear();
+    restart();
+    follow(store().sendSMSAutomatically(alix(), true));
     EXPECT_EQ(desktop.log.lines.back(),
               u"Envoi SMS direct impossible : erreur -2700, Aucun service Messages actif"_s);
 }

@@ -14,7 +14,13 @@ namespace quenoria::test {
 struct RecordingMessages : MessagesTransport {
     std::map<MessagesService, TransportResult> offered{{MessagesService::SMS, {}}};
     QStringList carried;
+    std::map<MessagesService, TransportResult> filesRefused;
 
+    TransportResult fileRefusal(MessagesService service, const QString &) const override
+    {
+        const auto found = filesRefused.find(service);
+        return found == filesRefused.end() ? TransportResult() : found->second;
+    }
     bool offers(MessagesService service) const override { return offered.count(service) != 0; }
     TransportResult sendText(MessagesService service, const QString &handle,
                              const QString &text) override

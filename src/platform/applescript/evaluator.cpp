@@ -111,7 +111,7 @@ Value Evaluator::value(const Application &application)
     if (found == m_applications.end())
         throw ScriptFailure(u"L’application « %1 » est introuvable."_s.arg(application.name),
                             ErrorNumber::ApplicationNotFound);
-    return (*found)->session();
+    return (*found)->session(m_files);
 }
 
 Value Evaluator::value(const FirstService &service) { return m_target->firstService(service.type); }
@@ -122,12 +122,17 @@ Value Evaluator::value(const Buddy &buddy)
     return as<ObjectRef>(evaluate(*buddy.service))->buddy(handle);
 }
 
-Value Evaluator::value(const FileAlias &file)
+Value Evaluator::value(const FileAlias &alias)
 {
-    const QString path = as<QString>(evaluate(*file.path));
-    if (!QFileInfo::exists(path))
+    const QString path = as<QString>(evaluate(*alias.path));
+    const QFileInfo file(path);
+    if (!file.exists())
         throw ScriptFailure(u"Le fichier « %1 » est introuvable."_s.arg(path),
                             ErrorNumber::FileNotFound);
+    if (!file.isFile() || !file.isReadable())
+        throw ScriptFailure(u"Le fichier « %1 » ne peut pas être lu."_s.arg(path),
+                            ErrorNumber::FileNotFound);
+    m_files << path;
     return Alias{path};
 }
 

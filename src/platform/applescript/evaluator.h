@@ -32,7 +32,7 @@ private:
     Value value(const Application &application);
     Value value(const FirstService &service);
     Value value(const Buddy &buddy);
-    Value value(const FileAlias &file);
+    Value value(const FileAlias &alias);
     Value value(const Make &make);
     Value value(const Concatenation &concatenation);
     Value value(const Comparison &comparison);
@@ -43,7 +43,8 @@ private:
     const std::vector<ScriptableApplication *> &m_applications;
     const AppleScriptHost::Wait &m_wait;
     std::map<QString, Value> m_variables;
-    ObjectRef m_target; ///< never null: outside `tell` it understands nothing
+    QStringList m_files; ///< named so far
+    ObjectRef m_target;  ///< never null: outside `tell` it understands nothing
 };
 
 } // namespace quenoria::applescript

@@ -94,6 +94,9 @@ private:
 
 } // namespace
 
-ObjectRef MailApplication::session() { return std::make_shared<MailSession>(m_transport); }
+ObjectRef MailApplication::session(const QStringList & /*files*/)
+{
+    return std::make_shared<MailSession>(m_transport);
+}
 
 } // namespace quenoria

@@ -12,7 +12,7 @@ public:
     explicit MailApplication(MailTransport &transport) : m_transport(transport) {}
 
     [[nodiscard]] QString name() const override { return QStringLiteral("Mail"); }
-    [[nodiscard]] applescript::ObjectRef session() override;
+    [[nodiscard]] applescript::ObjectRef session(const QStringList &files) override;
 
 private:
     MailTransport &m_transport;

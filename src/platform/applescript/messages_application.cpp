@@ -33,7 +33,10 @@ private:
 
 class MessagesSession : public ScriptObject {
 public:
-    explicit MessagesSession(MessagesTransport &transport) : m_transport(transport) {}
+    MessagesSession(MessagesTransport &transport, QStringList files)
+        : m_transport(transport), m_files(std::move(files))
+    {
+    }
 
     ObjectRef firstService(const QString &type) override
     {
@@ -53,17 +56,30 @@ public:
     {
         const auto &buddy = asObject<Buddy>(recipient);
         const auto *file = std::get_if<Alias>(&what);
+        if (!file)
+            checkFiles(buddy.service);
         raiseFailure(file ? m_transport.sendFile(buddy.service, buddy.handle, file->path)
                           : m_transport.sendText(buddy.service, buddy.handle,
                                                  withLineFeeds(as<QString>(what))));
     }
 
 private:
+    /// A file that the script has named follows the text, which must not leave without it.
+    void checkFiles(MessagesService service) const
+    {
+        for (const QString &path : m_files)
+            raiseFailure(m_transport.fileRefusal(service, path));
+    }
+
     MessagesTransport &m_transport;
+    QStringList m_files;
 };
 
 } // namespace
 
-ObjectRef MessagesApplication::session() { return std::make_shared<MessagesSession>(m_transport); }
+ObjectRef MessagesApplication::session(const QStringList &files)
+{
+    return std::make_shared<MessagesSession>(m_transport, files);
+}
 
 } // namespace quenoria

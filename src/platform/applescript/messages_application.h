@@ -11,7 +11,7 @@ public:
     explicit MessagesApplication(MessagesTransport &transport) : m_transport(transport) {}
 
     [[nodiscard]] QString name() const override { return QStringLiteral("Messages"); }
-    [[nodiscard]] applescript::ObjectRef session() override;
+    [[nodiscard]] applescript::ObjectRef session(const QStringList &files) override;
 
 private:
     MessagesTransport &m_transport;

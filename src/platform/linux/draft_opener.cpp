@@ -15,27 +15,41 @@ namespace {
 
 QString xdgEmail() { return QStandardPaths::findExecutable(u"xdg-email"_s); }
 
-/// The link that names the recipients: some applications overlook those of xdg-email's "--to".
-QString recipientsLink(const QStringList &recipients)
+QString encoded(const QString &text, const QByteArray &kept = {})
 {
-    QStringList addresses;
-    for (const QString &recipient : recipients)
-        addresses << QString::fromLatin1(QUrl::toPercentEncoding(recipient.trimmed(), "@"));
-    return u"mailto:"_s + addresses.join(u',');
+    return QString::fromLatin1(QUrl::toPercentEncoding(text, kept));
 }
 
-/// Every value is an argument of its own behind its option: none can be taken for another.
-QStringList xdgEmailArguments(const Composition &draft)
+/// All but the file, encoded: xdg-email hands the texts of its options through a shell that reads
+/// backslashes in them.
+QString draftLink(const Composition &draft)
 {
-    QStringList list{u"--utf8"_s};
+    QStringList addresses;
+    for (const QString &recipient : draft.recipients)
+        addresses << encoded(recipient.trimmed(), "@");
+    QStringList items;
     if (!draft.subject.isEmpty())
-        list << u"--subject"_s << draft.subject;
+        items << u"subject="_s + encoded(draft.subject);
     if (!draft.body.isEmpty())
-        list << u"--body"_s << draft.body;
-    if (draft.file.isLocalFile())
-        list << u"--attach"_s << draft.file.toLocalFile();
-    list << recipientsLink(draft.recipients);
-    return list;
+        items << u"body="_s + encoded(QString(draft.body).replace(u"\n"_s, u"\r\n"_s));
+    const QString link = u"mailto:"_s + addresses.join(u',');
+    return items.isEmpty() ? link : link + u'?' + items.join(u'&');
+}
+
+TransportResult openWithXdgEmail(const Composition &draft)
+{
+    QStringList arguments;
+    if (const QString file = draft.file.toLocalFile(); !file.isEmpty()) {
+        if (file.contains(u'\\'))
+            return TransportFailure{
+                u"Le nom du fichier joint « %1 » contient « \\ » : il ne peut pas "
+                "être transmis à l’application de messagerie."_s.arg(file)};
+        arguments << u"--attach"_s << file;
+    }
+    // It may stay as long as the mail application that it starts: nobody waits for it.
+    if (!QProcess::startDetached(xdgEmail(), arguments << draftLink(draft)))
+        return TransportFailure{u"L’application de messagerie n’a pas pu être ouverte."_s};
+    return {};
 }
 
 } // namespace
@@ -53,12 +67,14 @@ TransportResult DraftOpener::open(const Composition &draft) const
     if (!file.isEmpty() && !QFileInfo(file).isReadable())
         return TransportFailure{u"Le fichier joint « %1 » ne peut pas être lu."_s.arg(file)};
     const EmailPortal portal(m_bus);
-    if (portal.isPresent())
-        return portal.compose(draft);
-    // It may stay as long as the mail application that it starts: nobody waits for it.
-    if (!QProcess::startDetached(xdgEmail(), xdgEmailArguments(draft)))
-        return TransportFailure{u"L’application de messagerie n’a pas pu être ouverte."_s};
-    return {};
+    if (portal.isPresent()) {
+        const TransportResult result = portal.compose(draft);
+        // What the portal refuses, a long subject for instance, may still open the other way; what
+        // may be open already must not open twice.
+        if (!result || result->fate == Fate::perhapsSent || xdgEmail().isEmpty())
+            return result;
+    }
+    return openWithXdgEmail(draft);
 }
 
 } // namespace quenoria

@@ -29,6 +29,14 @@ QVariant openFiles(const QFile &file)
     return QVariant::fromValue(QList{QDBusUnixFileDescriptor(file.handle())});
 }
 
+/// Without an answer, the draft may be open all the same.
+Fate fateAfter(QDBusError::ErrorType error)
+{
+    const bool isUnanswered = error == QDBusError::NoReply || error == QDBusError::Timeout ||
+                              error == QDBusError::TimedOut || error == QDBusError::Disconnected;
+    return isUnanswered ? Fate::perhapsSent : Fate::kept;
+}
+
 } // namespace
 
 bool EmailPortal::isPresent() const
@@ -56,7 +64,7 @@ TransportResult EmailPortal::compose(const Composition &draft) const
     order << QString() << options;
     const QDBusMessage answer = m_bus.call(order);
     if (answer.type() == QDBusMessage::ErrorMessage)
-        return TransportFailure{answer.errorMessage()};
+        return TransportFailure{answer.errorMessage(), fateAfter(QDBusError(answer).type())};
     return {};
 }
 

@@ -43,7 +43,7 @@ const QueueChannel &emailChannel()
                          "l’application enregistre le suivi et passe au contact suivant."_s,
         .prepare = u"Préparer cet e-mail"_s,
         .startAutomatic = u"Envoyer automatiquement"_s,
-        .confirm = u"E-mail envoyé, suivant"_s,
+        .confirm = u"E-mail envoyé, &suivant"_s,
         .preparedNote = u"L’e-mail a été préparé. Envoyez-le, puis cliquez sur "
                         "« E-mail envoyé, suivant »."_s,
         .finishedNote = u"Les e-mails confirmés sont cochés comme envoyés."_s,

@@ -41,7 +41,7 @@ const QueueChannel &smsChannel()
                          "indisponible ; 11 secondes minimum séparent deux destinataires."_s,
         .prepare = u"Préparer ce SMS"_s,
         .startAutomatic = u"Préparer ce SMS"_s,
-        .confirm = u"Envoyé, suivant"_s,
+        .confirm = u"&Envoyé, suivant"_s,
         .preparedNote = u"Le SMS a été préparé dans Messages. Envoyez-le, puis cliquez sur "
                         "« Envoyé, suivant »."_s,
         .finishedNote = u"Les SMS confirmés sont cochés avec leur nouvelle date et heure."_s,

@@ -189,18 +189,21 @@ QDateTime localTime(const Cell &cell, Instant instant)
     return QDateTime::fromMSecsSinceEpoch(instant.time_since_epoch().count(), cell.state.zone);
 }
 
+/// A contact that was only stopped or commented has a record, and no send in it.
+bool wasSent(const Cell &cell) { return !cell.store.sendHistory(cell.contact).empty(); }
+
 /// Editing starts from now where nothing was sent.
 QVariant lastDate(const Cell &cell)
 {
-    const SendStatus *status = cell.store.status(cell.contact);
-    return localTime(cell, status ? status->sentAt : cell.state.clock.now());
+    return localTime(cell, wasSent(cell) ? cell.store.status(cell.contact)->sentAt
+                                         : cell.state.clock.now());
 }
 
 QString lastDateText(const Cell &cell)
 {
-    const SendStatus *status = cell.store.status(cell.contact);
-    return status ? displayLocale().toString(localTime(cell, status->sentAt), u"dd/MM/yyyy HH:mm"_s)
-                  : QString();
+    if (!wasSent(cell))
+        return {};
+    return displayLocale().toString(lastDate(cell).toDateTime(), u"dd/MM/yyyy HH:mm"_s);
 }
 
 /// The typed day and time are the user's: they only become an instant in the user's zone.

@@ -96,6 +96,7 @@ const Run runs[] = {
     {"send \"x\" to \"1\"", wrongType},
     {"activate", u"La commande « activate » n’est pas comprise ici."_s},
     {"set r to first service whose service type is RCS", u"Messages n’a pas de service RCS."_s},
+    {"set f to POSIX file \"/\" as alias", u"Le fichier « / » ne peut pas être lu."_s},
     {"set f to POSIX file \"/no/such\" as alias", u"Le fichier « /no/such » est introuvable."_s},
     {"tell application \"Mail\"\nmake new outgoing message with properties "
      "{visible:false, subject:\"\", content:\"\"}\nactivate\nend tell"},

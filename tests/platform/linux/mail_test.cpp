@@ -1,3 +1,4 @@
+#include "platform/linux/fake_portal.h"
 #include "platform/linux/linux_sharing.h"
 #include "platform/linux/linux_workspace.h"
 #include "platform/linux/sendmail_transport.h"
@@ -8,6 +9,7 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QProcess>
+#include <QUrlQuery>
 
 #include <gmock/gmock.h>
 
@@ -194,19 +196,44 @@ TEST_F(Mail, DraftsReachTheMailApplicationWithTheirFile)
     RecordingLog log;
     LinuxSharing sharing(drafts, log);
     EXPECT_EQ(sharing.composeEmail(), nullptr) << "nothing can open a draft";
-    write(u"bin/xdg-email"_s, "#!/bin/sh\nprintf '%s|' \"$@\" >\"$HOME/answer\"");
+    // The real one, so that its shell reads what it is given.
+    write(u"bin/xdg-email"_s,
+          "#!/bin/sh\nPATH=/usr/bin:/bin MAILER=\"$HOME/courrier\" exec /bin/sh "
+          "/usr/bin/xdg-email \"$@\"");
     ASSERT_NE(sharing.composeEmail(), nullptr);
-    write(u"un devis.pdf"_s, "%PDF");
-    message.attachments << path(u"un devis.pdf"_s);
+    write(u"un devis & 100 %.pdf"_s, "%PDF");
+    message.attachments << path(u"un devis & 100 %.pdf"_s);
+    message.subject = u"C:\\temp\\c, l’été & 100 % « \\\\ »"_s;
     const Composition draft{{}, {}, {}, QUrl::fromLocalFile(message.attachments[0])};
     EXPECT_TRUE(sharing.composeEmail()->canPerform(draft));
     EXPECT_FALSE(SendmailTransport(clock, drafts).showDraft(message));
-    EXPECT_EQ(answer(), u"--utf8|--subject|%1|--body|%2|--attach|%3|mailto:alix@example.fr|"_s.arg(
-                            message.subject, message.content, message.attachments[0]));
+    const QUrl opened(answer());
+    const QUrlQuery read(opened);
+    EXPECT_EQ(opened.path(), u"alix@example.fr"_s);
+    EXPECT_EQ(read.queryItemValue(u"subject"_s, QUrl::FullyDecoded), message.subject);
+    EXPECT_EQ(read.queryItemValue(u"body"_s, QUrl::FullyDecoded),
+              QString(message.content).replace(u"\n"_s, u"\r\n"_s));
+    EXPECT_EQ(read.queryItemValue(u"attach"_s, QUrl::FullyDecoded),
+              QFileInfo(message.attachments[0]).canonicalFilePath());
     QFile::remove(message.attachments[0]);
     EXPECT_FALSE(sharing.composeEmail()->canPerform(draft));
     sharing.composeEmail()->perform(draft);
     EXPECT_EQ(log.lines.size(), 1);
+}
+
+TEST_F(Mail, ADraftThatThePortalRefusesOpensTheOtherWayOnce)
+{
+    PortalDesk desk;
+    const DraftOpener opener(desk.application());
+    const Composition draft{{u"alix@example.fr"_s}, u"Devis"_s, {}, {}};
+    write(u"bin/xdg-email"_s, "#!/bin/sh\nprintf '%s' \"$1\" >\"$HOME/answer\"");
+    desk.portal.error = u"org.freedesktop.portal.Error.InvalidArgument"_s;
+    EXPECT_FALSE(opener.open(draft));
+    EXPECT_EQ(answer(), u"mailto:alix@example.fr?subject=Devis"_s);
+    desk.portal.error = u"org.freedesktop.DBus.Error.NoReply"_s;
+    const TransportResult unanswered = opener.open(draft);
+    ASSERT_TRUE(unanswered) << "the other way would have succeeded, and opened it twice";
+    EXPECT_EQ(unanswered->fate, Fate::perhapsSent);
 }
 
 } // namespace

@@ -63,7 +63,8 @@ protected:
     QPushButton *button(const QString &text) const
     {
         const auto buttons = sheet->findChildren<QPushButton *>();
-        const auto found = std::ranges::find(buttons, text, &QPushButton::text);
+        const auto found = std::ranges::find(
+            buttons, text, [](QPushButton *each) { return each->text().remove(u'&'); });
         return found == buttons.end() ? nullptr : *found;
     }
 

@@ -70,6 +70,9 @@ TEST_F(TableModel, CellsShowTheContactAndItsRecords)
     EXPECT_EQ(text(alix(), SortColumn::department), u"Finistère (29)"_s);
     EXPECT_EQ(text(alix(), SortColumn::phone), u"06 39 98 00 10"_s);
     EXPECT_EQ(text(alix(), SortColumn::date), QString());
+    store().setStopped(true, chloe());
+    store().setComment(u"rappeler"_s, chloe());
+    EXPECT_EQ(text(chloe(), SortColumn::date), QString()) << "nothing was sent";
     EXPECT_EQ(captions(alix(), 16), (QStringList{u"Préparer SMS"_s, u"Préparer mail"_s}));
     switches().setAutoValidateEmail(true);
     switches().setAutoValidateSMS(true);
