@@ -87,7 +87,7 @@ int run(const StartOptions &options)
         return 0;
     }
     const AppearanceKeeper appearance(options.darkAppearance);
-    ContentView window(application.store(), application.switches(), application.platform());
+    ContentView window(application.desk(), application.switches(), application.platform());
     if (const QString notice = desktop->notice(); !notice.isEmpty())
         window.showBanner(notice);
     window.show();

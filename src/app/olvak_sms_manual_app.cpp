@@ -15,4 +15,11 @@ ProspectStore &OlvakSMSManualApp::store()
     return *m_store;
 }
 
+SendDesk &OlvakSMSManualApp::desk()
+{
+    if (!m_desk)
+        m_desk = std::make_unique<SendDesk>(store(), m_platform);
+    return *m_desk;
+}
+
 } // namespace quenoria

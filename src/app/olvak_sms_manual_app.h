@@ -1,5 +1,6 @@
 #pragma once
 
+#include "messaging/send_desk.h"
 #include "platform/applescript/apple_script_host.h"
 #include "platform/applescript/mail_application.h"
 #include "platform/applescript/messages_application.h"
@@ -9,8 +10,8 @@
 
 namespace quenoria {
 
-/// What lives as long as the process: the applications that scripts can tell, the one store and
-/// the three switches. The desktop outlives it.
+/// What lives as long as the process: the applications that scripts can tell, the one store, the
+/// desk that sends and the three switches. The desktop outlives it.
 class OlvakSMSManualApp {
 public:
     explicit OlvakSMSManualApp(Desktop &desktop);
@@ -20,6 +21,7 @@ public:
 
     /// Created when it is first asked for, since that reads the files.
     ProspectStore &store();
+    SendDesk &desk();
 
 private:
     MessagesApplication m_messages;
@@ -28,6 +30,7 @@ private:
     Platform m_platform;
     Switches m_switches;
     std::unique_ptr<ProspectStore> m_store;
+    std::unique_ptr<SendDesk> m_desk;
 };
 
 } // namespace quenoria

@@ -1,9 +1,12 @@
 #include "messaging/compose_url.h"
+#include "messaging/hand_over.h"
 #include "messaging/line_ends.h"
 #include "messaging/mail_script.h"
 #include "messaging/refusals.h"
 #include "model/contact_rules.h"
 #include "store/prospect_store.h"
+
+#include <QCoroFuture>
 
 using namespace Qt::StringLiterals;
 
@@ -28,6 +31,20 @@ const QString notAuthorised =
     u"Autorisez Quenoria à contrôler Mail dans Réglages Système > Confidentialité et sécurité > "
     "Automatisation, puis recommencez."_s;
 const QString logPrefix = u"Impossible de préparer la pièce jointe dans Mail : "_s;
+
+/// What became of a script that Mail was told.
+SendOutcome mailOutcome(const ScriptOutcome &outcome, const QString &notCreated, SystemLog &log)
+{
+    if (std::holds_alternative<ScriptDone>(outcome))
+        return Sent{};
+    const auto *error = std::get_if<ScriptError>(&outcome);
+    if (!error)
+        return Refused{notCreated};
+    log.write(logPrefix + error->description);
+    if (leavesDoubt(*error))
+        return InDoubt{error->message.value_or(QString()).trimmed()};
+    return Refused{notAuthorised};
+}
 
 } // namespace
 
@@ -55,15 +72,25 @@ Refusal ProspectStore::prepareEmail(const Prospect &prospect)
     return openEmail(*prospect.email, message.subject, message.body, attachmentURL(prospect));
 }
 
-QCoro::Task<Refusal> ProspectStore::sendEmailAutomatically(Prospect prospect)
+QCoro::Task<SendOutcome> ProspectStore::sendEmailAutomatically(Prospect prospect, HandOverGate gate)
 {
+    if (const Prospect *now = this->prospect(prospect.id))
+        prospect = *now;
+    else
+        co_return Refused{};
     if (Refusal refusal = unreachableByEmail(prospect))
-        co_return refusal;
+        co_return Refused{refusal};
     if (defaultMailApplicationBundleIdentifier() != appleMail)
-        co_return appleMailNeeded;
-    const EmailTemplate message = assignedEmailTemplate(prospect);
-    co_return performAppleMail(*prospect.email, message.subject, message.body,
-                               attachmentURL(prospect), true);
+        co_return Refused{appleMailNeeded};
+    const std::optional<QUrl> file = attachmentURL(prospect);
+    const EmailTemplate assigned = assignedEmailTemplate(prospect);
+    const HandOver message{prospect, *prospect.email, assigned.subject, assigned.body,
+                           file.value_or(QUrl()).toLocalFile()};
+    if (Refusal refusal = gate ? gate(message) : std::nullopt)
+        co_return Refused{refusal};
+    const QCoro::Task<SendOutcome> sending =
+        performAppleMail(message.recipient, message.subject, message.body, file);
+    co_return co_await sending;
 }
 
 Refusal ProspectStore::openEmail(const QString &address, const QString &subject,
@@ -86,7 +113,7 @@ Refusal ProspectStore::composeEmailWithFile(const QString &address, const QStrin
                                             const QString &body, const QUrl &file)
 {
     if (defaultMailApplicationBundleIdentifier() == appleMail)
-        return performAppleMail(address, subject, body, file, false);
+        return showAppleMailDraft(address, subject, body, file);
     ComposeService *email = m_platform.sharing.composeEmail();
     if (!email)
         return noEmailService;
@@ -97,23 +124,29 @@ Refusal ProspectStore::composeEmailWithFile(const QString &address, const QStrin
     return {};
 }
 
-Refusal ProspectStore::performAppleMail(const QString &address, const QString &subject,
-                                        const QString &body, const std::optional<QUrl> &attachment,
-                                        bool sendImmediately)
+Refusal ProspectStore::showAppleMailDraft(const QString &address, const QString &subject,
+                                          const QString &body, const QUrl &attachment)
+{
+    const MailDraft draft{address, subject, body, attachment.toLocalFile()};
+    const ScriptOutcome outcome = m_platform.scripts.run(mailScript(draft, MailDelivery::Draft));
+    const SendOutcome shown = mailOutcome(outcome, draftNotCreated, m_platform.log);
+    if (const auto *refused = std::get_if<Refused>(&shown))
+        return refused->message;
+    return std::holds_alternative<Sent>(shown) ? Refusal() : notAuthorised;
+}
+
+QCoro::Task<SendOutcome> ProspectStore::performAppleMail(QString address, QString subject,
+                                                         QString body,
+                                                         std::optional<QUrl> attachment)
 {
     MailDraft draft{address, subject, body, {}};
     if (attachment)
         draft.attachmentPath = attachment->toLocalFile();
-    const QString source =
-        mailScript(draft, sendImmediately ? MailDelivery::Immediate : MailDelivery::Draft);
-    const ScriptOutcome outcome = m_platform.scripts.run(source);
-    if (std::holds_alternative<ScriptNotCreated>(outcome))
-        return sendImmediately ? immediateNotCreated : draftNotCreated;
-    if (const auto *error = std::get_if<ScriptError>(&outcome)) {
-        m_platform.log.write(logPrefix + error->description);
-        return notAuthorised;
-    }
-    return {};
+    SystemLog &log = m_platform.log; // both services outlive the store
+    const QString source = mailScript(draft, MailDelivery::Immediate);
+    const QFuture<ScriptOutcome> outcome = runScript(m_platform.scripts, source);
+    const ScriptOutcome result = co_await outcome;
+    co_return mailOutcome(result, immediateNotCreated, log);
 }
 
 } // namespace quenoria

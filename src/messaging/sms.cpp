@@ -1,4 +1,5 @@
 #include "messaging/compose_url.h"
+#include "messaging/hand_over.h"
 #include "messaging/messages_script.h"
 #include "messaging/refusals.h"
 #include "model/contact_rules.h"
@@ -6,7 +7,6 @@
 
 #include <QCoroFuture>
 #include <QPointer>
-#include <QtConcurrent>
 
 using namespace Qt::StringLiterals;
 
@@ -18,7 +18,6 @@ const QString stoppedSMS = u"Cet abonné a demandé à ne plus être destinatair
 const QString noMobile = u"Aucun numéro de mobile n’est renseigné pour ce contact."_s;
 const QString alreadyBusy =
     u"Un autre SMS automatique est déjà en cours. Attendez la fin de cet envoi."_s;
-const QString abandoned = u"L’envoi a été abandonné avant d’être remis à Messages."_s;
 const QString invalidTestNumber = u"Saisissez un numéro de test valide."_s;
 const QString noTemplate = u"Sélectionnez un modèle de message."_s;
 const QString noMessagesService = u"Le service Messages n’est pas disponible sur ce Mac."_s;
@@ -33,16 +32,18 @@ const QString logPrefix = u"Envoi SMS direct impossible : "_s;
 
 constexpr int shortestTestNumber = 10;
 
-Refusal scriptRefusal(const ScriptOutcome &outcome, SystemLog &log)
+SendOutcome smsOutcome(const ScriptOutcome &outcome, SystemLog &log)
 {
     if (std::holds_alternative<ScriptDone>(outcome))
-        return {};
+        return Sent{};
     const auto *error = std::get_if<ScriptError>(&outcome);
     if (!error)
-        return scriptNotCreated;
+        return Refused{scriptNotCreated};
     log.write(logPrefix + error->description);
     const QString message = error->message.value_or(QString()).trimmed();
-    return message.isEmpty() ? notAuthorised : notConfirmed + message;
+    if (leavesDoubt(*error))
+        return InDoubt{message};
+    return Refused{message.isEmpty() ? notAuthorised : notConfirmed + message};
 }
 
 } // namespace
@@ -104,32 +105,54 @@ Refusal ProspectStore::prepareTestSMS(const QString &phone, const QString &messa
     return openSMS(phone, body, {});
 }
 
-QCoro::Task<Refusal> ProspectStore::sendSMSAutomatically(Prospect prospect, bool freeProEnabled,
-                                                         std::stop_token stop)
+QCoro::Task<SendOutcome> ProspectStore::sendSMSAutomatically(Prospect prospect, bool freeProEnabled,
+                                                             std::stop_token stop,
+                                                             HandOverGate gate)
 {
     if (Refusal refusal = smsQuotaError(prospect, freeProEnabled))
-        co_return refusal;
+        co_return Refused{refusal};
     if (m_automaticSMSBusy)
-        co_return alreadyBusy;
+        co_return Refused{alreadyBusy};
     m_automaticSMSBusy = true;
     const QPointer<ProspectStore> self(this);
     co_await waitForAutomaticSMSInterval(stop);
     if (!self)
-        co_return abandoned;
-    Refusal refusal = stop.stop_requested() ? abandoned : unreachableBySMS(prospect);
-    if (!refusal) {
-        const QCoro::Task<Refusal> sending = sendSMSDirectlyThroughMessages(
-            prospect.phone, assignedMessage(prospect).body, attachmentURL(prospect));
-        refusal = co_await sending;
+        co_return Refused{};
+    const Prospect *now = this->prospect(prospect.id);
+    SendOutcome outcome = Refused{};
+    if (now && !stop.stop_requested()) {
+        const QCoro::Task<SendOutcome> sending = handOverSMS(*now, freeProEnabled, std::move(gate));
+        outcome = co_await sending;
     }
     if (!self)
-        co_return refusal;
-    if (!refusal) {
+        co_return outcome;
+    if (std::holds_alternative<Sent>(outcome)) {
         finishAutomaticSMSWindowCleanup();
         m_lastAutomaticSMSSentAt = m_platform.clock.now();
     }
     m_automaticSMSBusy = false;
-    co_return refusal;
+    co_return outcome;
+}
+
+QCoro::Task<SendOutcome> ProspectStore::handOverSMS(Prospect contact, bool freeProEnabled,
+                                                    HandOverGate gate)
+{
+    if (Refusal refusal = unreachableBySMS(contact))
+        co_return Refused{refusal};
+    // The number may have changed since the month was looked at.
+    if (Refusal refusal = smsQuotaError(contact, freeProEnabled))
+        co_return Refused{refusal};
+    const std::optional<QUrl> file = attachmentURL(contact);
+    const HandOver message{contact,
+                           contact.phone,
+                           {},
+                           assignedMessage(contact).body,
+                           file.value_or(QUrl()).toLocalFile()};
+    if (Refusal refusal = gate ? gate(message) : std::nullopt)
+        co_return Refused{refusal};
+    const QCoro::Task<SendOutcome> sending =
+        sendSMSDirectlyThroughMessages(message.recipient, message.body, file);
+    co_return co_await sending;
 }
 
 QCoro::Task<> ProspectStore::waitForAutomaticSMSInterval(std::stop_token stop)
@@ -146,18 +169,17 @@ QCoro::Task<> ProspectStore::waitForAutomaticSMSInterval(std::stop_token stop)
     co_await sleep;
 }
 
-QCoro::Task<Refusal> ProspectStore::sendSMSDirectlyThroughMessages(QString phone, QString body,
-                                                                   std::optional<QUrl> attachment)
+QCoro::Task<SendOutcome>
+ProspectStore::sendSMSDirectlyThroughMessages(QString phone, QString body,
+                                              std::optional<QUrl> attachment)
 {
     const std::optional<QString> path =
         attachment ? std::optional(attachment->toLocalFile()) : std::nullopt;
     const QString source = messagesScript(messagingHandle(phone), body, path);
     SystemLog &log = m_platform.log; // both services outlive the store
-    ScriptHost *host = &m_platform.scripts;
-    const auto runScript = [host, source] { return host->run(source); };
-    const QFuture<ScriptOutcome> outcome = QtConcurrent::run(runScript);
+    const QFuture<ScriptOutcome> outcome = runScript(m_platform.scripts, source);
     const ScriptOutcome result = co_await outcome;
-    co_return scriptRefusal(result, log);
+    co_return smsOutcome(result, log);
 }
 
 void ProspectStore::finishAutomaticSMSWindowCleanup()

@@ -163,6 +163,7 @@ template std::optional<std::vector<Prospect>> decodeJson(const QByteArray &);
 template std::optional<std::vector<MessageTemplate>> decodeJson(const QByteArray &);
 template std::optional<std::vector<EmailTemplate>> decodeJson(const QByteArray &);
 template std::optional<std::vector<DepartmentInfo>> decodeJson(const QByteArray &);
+template std::optional<std::vector<SendIntent>> decodeJson(const QByteArray &);
 template std::optional<JsonMembers<QString>> decodeJson(const QByteArray &);
 template std::optional<JsonMembers<SendStatus>> decodeJson(const QByteArray &);
 template std::optional<JsonMembers<EmailSendStatus>> decodeJson(const QByteArray &);

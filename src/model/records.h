@@ -125,4 +125,23 @@ struct EmailTemplate {
     };
 };
 
+/// A message that is handed to a carrier while its outcome is not recorded yet.
+struct SendIntent {
+    QString contact;   ///< id
+    QString channel;   ///< "sms" or "email"
+    QString label;     ///< of the contact, which may be deleted meanwhile
+    QString recipient; ///< number or address, as it was handed over
+    Instant instant;
+    QString digest;             ///< of subject, text and attachment path: SHA-256 in hexadecimal
+    std::vector<Instant> known; ///< sends of that second or later that the history already held
+    bool operator==(const SendIntent &) const = default;
+
+    static constexpr auto fields = std::tuple{
+        Field{"contact", &SendIntent::contact}, Field{"channel", &SendIntent::channel},
+        Field{"label", &SendIntent::label},     Field{"recipient", &SendIntent::recipient},
+        Field{"instant", &SendIntent::instant}, Field{"digest", &SendIntent::digest},
+        Field{"known", &SendIntent::known},
+    };
+};
+
 } // namespace quenoria

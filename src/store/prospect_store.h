@@ -4,20 +4,25 @@
 #include "model/records.h"
 #include "platform/platform.h"
 #include "store/collection.h"
-#include "store/refusal.h"
+#include "store/send_outcome.h"
 
 #include <QCoroTask>
 #include <QObject>
 #include <QUrl>
 
+#include <functional>
 #include <future>
 #include <map>
 #include <stop_token>
 
 namespace quenoria {
 
+struct HandOver;
 struct ImportReport;
 struct ProspectImportAnalysis;
+
+/// Called with a complete message right before it goes to its carrier; a refusal keeps it back.
+using HandOverGate = std::function<Refusal(const HandOver &)>;
 
 /// The application's one model object: contacts, templates, tracking and quota, with their files.
 ///
@@ -91,12 +96,16 @@ public:
     bool isStopped(const Prospect &prospect) const;
     std::vector<Instant> sendHistory(const Prospect &prospect) const; ///< oldest first
     void setSent(bool sent, const Prospect &prospect);
+    std::vector<Instant> emailHistory(const Prospect &prospect) const; ///< oldest first
     void recordSentNow(const Prospect &prospect);
+    void recordSent(const Prospect &prospect, Instant date); ///< a send of an earlier moment
+    void recordSMSRecipientUsage(const Prospect &prospect, Instant date); ///< in that month's quota
     void setDate(Instant date, const Prospect &prospect);
     void setStopped(bool stopped, const Prospect &prospect);
     void setComment(const QString &comment, const Prospect &prospect);
     void setEmailSent(bool sent, const Prospect &prospect);
     void recordEmailSentNow(const Prospect &prospect);
+    void recordEmailSent(const Prospect &prospect, Instant date);
 
     // The two selections, in memory only: contacts ticked for the next run.
     bool isSelectedForSending(const Prospect &prospect) const;
@@ -139,14 +148,18 @@ public:
     IdSet duplicateKeys() const; ///< one key per contact of the merged list
     ImportReport merge(ProspectImportAnalysis analysis);
 
-    // Messaging. Nothing here records a send: the caller does, once it is confirmed.
+    // Messaging. Nothing here records a send: the caller does, once it is confirmed. Automatic
+    // sends look the contact up again once their turn has come; a contact that is gone by then ends
+    // them without a word, as does a stop that is requested before.
     [[nodiscard]] Refusal prepareSMS(const Prospect &prospect, bool freeProEnabled);
-    // A stop requested while an automatic SMS still waits for its turn abandons it, unsent.
-    [[nodiscard]] QCoro::Task<Refusal> sendSMSAutomatically(Prospect prospect, bool freeProEnabled,
-                                                            std::stop_token stop = {});
+    [[nodiscard]] QCoro::Task<SendOutcome> sendSMSAutomatically(Prospect prospect,
+                                                                bool freeProEnabled,
+                                                                std::stop_token stop = {},
+                                                                HandOverGate gate = {});
     [[nodiscard]] Refusal prepareTestSMS(const QString &phone, const QString &messageID);
     [[nodiscard]] Refusal prepareEmail(const Prospect &prospect);
-    [[nodiscard]] QCoro::Task<Refusal> sendEmailAutomatically(Prospect prospect);
+    [[nodiscard]] QCoro::Task<SendOutcome> sendEmailAutomatically(Prospect prospect,
+                                                                  HandOverGate gate = {});
 
     // The files.
     QString file(Collection collection) const; ///< full path
@@ -200,7 +213,6 @@ private:
     void setEmailStatus(const QString &id, std::optional<EmailSendStatus> status);
     void select(IdSet &selection, bool selected, const QString &id);
 
-    void recordSMSRecipientUsage(const Prospect &prospect, Instant date);
     void mergeExistingSMSHistoryIntoMonthlyRecipients();
     QString monthKey(Instant date) const;
     static QString recipientKey(const Prospect &prospect);
@@ -208,7 +220,9 @@ private:
     [[nodiscard]] Refusal unreachableBySMS(const Prospect &prospect) const;
     [[nodiscard]] Refusal openSMS(const QString &phone, const QString &body,
                                   const std::optional<QUrl> &attachment);
-    [[nodiscard]] QCoro::Task<Refusal>
+    [[nodiscard]] QCoro::Task<SendOutcome> handOverSMS(Prospect contact, bool freeProEnabled,
+                                                       HandOverGate gate);
+    [[nodiscard]] QCoro::Task<SendOutcome>
     sendSMSDirectlyThroughMessages(QString phone, QString body, std::optional<QUrl> attachment);
     QCoro::Task<> waitForAutomaticSMSInterval(std::stop_token stop);
     void finishAutomaticSMSWindowCleanup();
@@ -218,10 +232,11 @@ private:
                                     const QString &body, const std::optional<QUrl> &attachment);
     [[nodiscard]] Refusal composeEmailWithFile(const QString &address, const QString &subject,
                                                const QString &body, const QUrl &file);
-    [[nodiscard]] Refusal performAppleMail(const QString &address, const QString &subject,
-                                           const QString &body,
-                                           const std::optional<QUrl> &attachment,
-                                           bool sendImmediately);
+    [[nodiscard]] Refusal showAppleMailDraft(const QString &address, const QString &subject,
+                                             const QString &body, const QUrl &attachment);
+    [[nodiscard]] QCoro::Task<SendOutcome> performAppleMail(QString address, QString subject,
+                                                            QString body,
+                                                            std::optional<QUrl> attachment);
     std::optional<QString> defaultMailApplicationBundleIdentifier() const;
 
     Platform m_platform;

@@ -1,5 +1,7 @@
 #include "store/prospect_store.h"
 
+#include <algorithm>
+
 namespace quenoria {
 
 namespace {
@@ -37,6 +39,18 @@ Status withSend(const Status *existing, Instant date)
     status.sendHistory->push_back(date);
     status.sent = true;
     status.sentAt = date;
+    return status;
+}
+
+/// The record once a send is known of that happened before: it takes its place in the history.
+template <typename Status>
+Status withEarlierSend(const Status *existing, Instant date)
+{
+    Status status = withSend(existing, date);
+    std::vector<Instant> &history = *status.sendHistory;
+    const auto place = std::upper_bound(history.begin(), history.end() - 1, date);
+    std::rotate(place, history.end() - 1, history.end());
+    status.sentAt = history.back();
     return status;
 }
 
@@ -78,6 +92,11 @@ bool ProspectStore::isStopped(const Prospect &prospect) const
 std::vector<Instant> ProspectStore::sendHistory(const Prospect &prospect) const
 {
     return historyFrom(status(prospect));
+}
+
+std::vector<Instant> ProspectStore::emailHistory(const Prospect &prospect) const
+{
+    return historyFrom(emailStatus(prospect));
 }
 
 void ProspectStore::setStatus(const QString &id, std::optional<SendStatus> status)
@@ -124,6 +143,12 @@ void ProspectStore::recordSentNow(const Prospect &prospect)
     const Instant now = m_platform.clock.now();
     setStatus(prospect.id, withSend(status(prospect), now));
     recordSMSRecipientUsage(prospect, now);
+}
+
+void ProspectStore::recordSent(const Prospect &prospect, Instant date)
+{
+    setStatus(prospect.id, withEarlierSend(status(prospect), date));
+    recordSMSRecipientUsage(prospect, date);
 }
 
 void ProspectStore::setDate(Instant date, const Prospect &prospect)
@@ -182,6 +207,11 @@ void ProspectStore::setEmailSent(bool sent, const Prospect &prospect)
 void ProspectStore::recordEmailSentNow(const Prospect &prospect)
 {
     setEmailStatus(prospect.id, withSend(emailStatus(prospect), m_platform.clock.now()));
+}
+
+void ProspectStore::recordEmailSent(const Prospect &prospect, Instant date)
+{
+    setEmailStatus(prospect.id, withEarlierSend(emailStatus(prospect), date));
 }
 
 } // namespace quenoria

@@ -16,11 +16,19 @@ protected:
         desktop.scripts.answer = [this](const QString &source) { return scripts.host.run(source); };
     }
 
-    /// Keeps the answer of an automatic send, once it has come.
-    void follow(QCoro::Task<Refusal> task)
+    /// Keeps the outcome of an automatic send, once it has come.
+    void follow(QCoro::Task<SendOutcome> task)
     {
-        task.then([this](Refusal answer) { answers << answer.value_or(QStringLiteral("done")); });
+        task.then([this](SendOutcome outcome) { answers << said(outcome); });
         settle();
+    }
+
+    static QString said(const SendOutcome &outcome)
+    {
+        if (const auto *refused = std::get_if<Refused>(&outcome))
+            return refused->message.value_or(QStringLiteral("given up"));
+        const auto *doubt = std::get_if<InDoubt>(&outcome);
+        return doubt ? QStringLiteral("perhaps: ") + doubt->message : QStringLiteral("done");
     }
 
     QString attach(const Prospect &prospect)

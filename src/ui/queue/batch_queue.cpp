@@ -5,6 +5,7 @@
 #include "ui/kit/switches.h"
 
 #include <QCoroFuture>
+#include <QPointer>
 
 #include <algorithm>
 
@@ -16,29 +17,22 @@ namespace {
 
 constexpr std::chrono::milliseconds pauseBetweenContacts{800};
 
-QList<BatchQueue *> queues(const ProspectStore &store)
-{
-    return store.findChildren<BatchQueue *>(Qt::FindDirectChildrenOnly);
-}
-
 } // namespace
 
-BatchQueue::BatchQueue(const QueueChannel &channel, ProspectStore &store, Switches &switches,
+BatchQueue::BatchQueue(const QueueChannel &channel, SendDesk &desk, Switches &switches,
                        Clock &clock)
-    : QObject(&store), m_channel(channel), m_store(store), m_switches(switches), m_clock(clock),
-      m_wasAutomatic(isAutomatic())
+    : QObject(&desk), m_channel(channel), m_desk(desk), m_store(desk.store()), m_switches(switches),
+      m_clock(clock), m_wasAutomatic(isAutomatic())
 {
-    connect(&store, &ProspectStore::published, this, &BatchQueue::followStore);
+    connect(&m_store, &ProspectStore::published, this, &BatchQueue::followStore);
     connect(&switches, &Switches::changed, this, &BatchQueue::followSwitches);
     connect(this, &BatchQueue::runAsked, this, &BatchQueue::runAutomaticQueue,
             Qt::QueuedConnection);
-}
-
-BatchQueue *BatchQueue::sending(const ProspectStore &store)
-{
-    const QList<BatchQueue *> all = queues(store);
-    const auto found = std::ranges::find_if(all, &BatchQueue::isSending);
-    return found == all.end() ? nullptr : *found;
+    connect(&desk, &SendDesk::doubtAnswered, this,
+            [this](Channel where, const QString &contactId, DoubtAnswer answer) {
+                if (where == m_channel.channel && answer != DoubtAnswer::later)
+                    take(DoubtSettled{contactId, answer == DoubtAnswer::left});
+            });
 }
 
 void BatchQueue::open() { take(Opened{selectedIDs()}); }
@@ -49,21 +43,22 @@ void BatchQueue::skip() { take(Skipped{}); }
 void BatchQueue::close()
 {
     take(Closed{});
-    m_stop.request_stop();
+    stopWaiting();
+}
+
+void BatchQueue::stopWaiting()
+{
+    m_stopPause.request_stop();
+    if (m_handedOver)
+        m_desk.giveUp(m_channel.channel, m_handedOver->id);
 }
 
 QStringList BatchQueue::selectedIDs() const
 {
-    // A queue closed a moment ago may still be sending: its contact must not be queued again.
-    QStringList underWay;
-    for (const BatchQueue *other : queues(m_store)) {
-        if (other->m_handedOver && &other->m_channel == &m_channel)
-            underWay << other->m_handedOver->id;
-    }
     std::vector<const Prospect *> selected;
     for (const Prospect &prospect : m_store.allProspects()) {
         if (m_channel.isQueued(m_store, prospect) && !m_store.isStopped(prospect) &&
-            !underWay.contains(prospect.id))
+            !m_desk.isUnderWay(m_channel.channel, prospect.id))
             selected.push_back(&prospect);
     }
     std::ranges::stable_sort(selected, finderOrder(), &Prospect::label);
@@ -112,23 +107,26 @@ bool BatchQueue::isQuotaReached() const
 
 QueueAction BatchQueue::take(const QueueEvent &event)
 {
-    const Prospect *head = current();
-    const bool wasSending = isSending();
     const bool wasClosed = m_state.phase == QueueState::Phase::closed;
-    std::optional<Prospect> contact = m_handedOver;
-    if (head && !contact)
-        contact = *head;
-    Step step = next(std::move(m_state), event, {isAutomatic(), head != nullptr});
+    const std::optional<Prospect> contact = subject(event);
+    Step step = next(std::move(m_state), event, {isAutomatic(), current() != nullptr});
     m_state = std::move(step.state);
     perform(step.action, contact);
     Q_EMIT changed();
-    if (wasSending && !isSending())
-        Q_EMIT idle();
     if (!wasClosed && m_state.phase == QueueState::Phase::closed) {
         deleteLater();
         Q_EMIT closed();
     }
     return step.action;
+}
+
+std::optional<Prospect> BatchQueue::subject(const QueueEvent &event) const
+{
+    const auto *settled = std::get_if<DoubtSettled>(&event);
+    if (m_handedOver && !settled)
+        return m_handedOver;
+    const Prospect *contact = settled ? m_store.prospect(settled->contactId) : current();
+    return contact ? std::optional(*contact) : std::nullopt;
 }
 
 void BatchQueue::perform(QueueAction action, const std::optional<Prospect> &contact)
@@ -138,36 +136,39 @@ void BatchQueue::perform(QueueAction action, const std::optional<Prospect> &cont
     case QueueAction::send: // by the run, which asked for it
         break;
     case QueueAction::prepare:
-        take(PrepareAnswered{m_channel.prepareMessage(m_store, m_switches, *contact)});
+        take(
+            PrepareAnswered{m_desk.prepare(m_channel.channel, *contact, m_switches.freeProPlan())});
         break;
     case QueueAction::startRun:
         // From the event loop, so that the sheet shows the run before its first message goes.
         Q_EMIT runAsked({});
         break;
     case QueueAction::record:
-        // A contact deleted during its send too: the message has gone out, so the month counts
-        // it, and whoever enters the number again sees when.
-        (m_store.*m_channel.record)(*contact);
+        m_desk.confirm(m_channel.channel, *contact);
         [[fallthrough]];
     case QueueAction::deselect:
-        (m_store.*m_channel.select)(false, *contact);
+        if (contact)
+            (m_store.*m_channel.select)(false, *contact);
         break;
     }
 }
 
 QCoro::Task<> BatchQueue::runAutomaticQueue()
 {
-    while (take(TurnReached{}) == QueueAction::send) {
-        m_stop = std::stop_source();
+    const QPointer<BatchQueue> self(this);
+    while (self && take(TurnReached{}) == QueueAction::send) {
+        m_stopPause = std::stop_source();
         m_handedOver = *current();
-        const QCoro::Task<Refusal> sending =
-            m_channel.send(m_store, m_switches, *m_handedOver, m_stop.get_token());
-        const Refusal refusal = co_await sending;
-        take(SendAnswered{refusal});
+        const QCoro::Task<SendOutcome> sending =
+            m_desk.order(m_channel.channel, m_handedOver->id, m_switches.freeProPlan());
+        const SendOutcome outcome = co_await sending;
+        if (!self)
+            co_return;
+        take(SendAnswered{outcome});
         m_handedOver.reset();
         if (!isRunning())
             break;
-        const QFuture<void> pause = m_clock.sleep(pauseBetweenContacts, m_stop.get_token());
+        const QFuture<void> pause = m_clock.sleep(pauseBetweenContacts, m_stopPause.get_token());
         co_await pause;
     }
 }
@@ -175,7 +176,7 @@ QCoro::Task<> BatchQueue::runAutomaticQueue()
 void BatchQueue::followStore()
 {
     if (isSending() && !current())
-        m_stop.request_stop();
+        stopWaiting();
     Q_EMIT changed();
 }
 

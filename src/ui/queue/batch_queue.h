@@ -1,5 +1,6 @@
 #pragma once
 
+#include "messaging/send_desk.h"
 #include "ui/queue/queue_channel.h"
 #include "ui/queue/queue_state.h"
 
@@ -8,20 +9,17 @@ namespace quenoria {
 class Clock;
 
 /// One pass through the contacts selected on a channel: follows the rules of next() and carries
-/// out what they ask of the store. The sheet shows it and passes on the user's clicks.
+/// out what they ask of the desk. The sheet shows it and passes on the user's clicks.
 ///
-/// Owned by the store, since a run outlives its sheet: closed during a run, the queue waits for
+/// Owned by the desk, since a run outlives its sheet: closed during a run, the queue waits for
 /// the send that was handed over, records it and deletes itself. It deletes itself in any case
-/// once it is closed. Whoever ends the application waits for sending() to be null.
+/// once it is closed.
 class BatchQueue : public QObject {
     Q_OBJECT
 
 public:
     /// All three outlive the queue.
-    BatchQueue(const QueueChannel &channel, ProspectStore &store, Switches &switches, Clock &clock);
-
-    /// A queue of the store with a run under way, or null. Close it and wait for its idle().
-    static BatchQueue *sending(const ProspectStore &store);
+    BatchQueue(const QueueChannel &channel, SendDesk &desk, Switches &switches, Clock &clock);
 
     /// Builds the queue; with the switch for automatic sending on, a run starts.
     void open();
@@ -52,27 +50,27 @@ Q_SIGNALS:
     /// Nothing is left to show: the last contact was handled, or close() was called.
     void closed();
 
-    /// The run has ended and what it sent is recorded.
-    void idle();
-
     void runAsked(QPrivateSignal);
 
 private:
     QStringList selectedIDs() const;
     QueueAction take(const QueueEvent &event);
+    std::optional<Prospect> subject(const QueueEvent &event) const;
     void perform(QueueAction action, const std::optional<Prospect> &contact);
     QCoro::Task<> runAutomaticQueue();
+    void stopWaiting();
     void followStore();
     void followSwitches();
 
     const QueueChannel &m_channel;
+    SendDesk &m_desk;
     ProspectStore &m_store;
     Switches &m_switches;
     Clock &m_clock;
     QueueState m_state;
     bool m_wasAutomatic;
     std::optional<Prospect> m_handedOver; ///< kept, since it may be deleted during its send
-    std::stop_source m_stop;              ///< ends what the run is waiting for
+    std::stop_source m_stopPause;         ///< ends the pause between two contacts
 };
 
 } // namespace quenoria

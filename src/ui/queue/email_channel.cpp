@@ -13,17 +13,6 @@ bool isQueued(const ProspectStore &store, const Prospect &prospect)
            !prospect.email->isEmpty();
 }
 
-Refusal prepareMessage(ProspectStore &store, const Switches &, const Prospect &prospect)
-{
-    return store.prepareEmail(prospect);
-}
-
-QCoro::Task<Refusal> send(ProspectStore &store, const Switches &, const Prospect &prospect,
-                          const std::stop_token &)
-{
-    return store.sendEmailAutomatically(prospect);
-}
-
 QueuedMessage message(const ProspectStore &store, const Prospect &prospect)
 {
     const EmailTemplate assigned = store.assignedEmailTemplate(prospect);
@@ -50,13 +39,11 @@ const QueueChannel &emailChannel()
         .errorSymbol = u"exclamationmark.triangle.fill"_s,
         .size = {780, 680},
         .hasQuota = false,
+        .channel = Channel::email,
         .isAutomatic = &Switches::autoValidateEmail,
         .setAutomatic = &Switches::setAutoValidateEmail,
         .isQueued = isQueued,
         .select = &ProspectStore::setSelectedForEmailSending,
-        .record = &ProspectStore::recordEmailSentNow,
-        .prepareMessage = prepareMessage,
-        .send = send,
         .message = message,
     };
     return channel;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "model/channel.h"
 #include "store/prospect_store.h"
 
 #include <QSize>
@@ -31,15 +32,13 @@ struct QueueChannel {
     QSize size;
     bool hasQuota;
 
-    // The channel's switch, selection and operations.
+    Channel channel;
+
+    // The channel's switch, selection and message.
     bool (Switches::*isAutomatic)() const;
     void (Switches::*setAutomatic)(bool);
     bool (*isQueued)(const ProspectStore &, const Prospect &); ///< selected, with an address
     void (ProspectStore::*select)(bool, const Prospect &);
-    void (ProspectStore::*record)(const Prospect &);
-    Refusal (*prepareMessage)(ProspectStore &, const Switches &, const Prospect &);
-    QCoro::Task<Refusal> (*send)(ProspectStore &, const Switches &, const Prospect &,
-                                 const std::stop_token &);
     QueuedMessage (*message)(const ProspectStore &, const Prospect &);
 };
 

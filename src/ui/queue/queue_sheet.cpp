@@ -24,10 +24,10 @@ constexpr int buttonGap = 12;
 
 } // namespace
 
-QueueSheet::QueueSheet(const QueueChannel &channel, ProspectStore &store, Switches &switches,
+QueueSheet::QueueSheet(const QueueChannel &channel, SendDesk &desk, Switches &switches,
                        Clock &clock, QWidget *parent)
-    : Sheet(channel.title, channel.size, parent), m_channel(channel), m_store(store),
-      m_queue(new BatchQueue(channel, store, switches, clock)), m_progress(makeProgress()),
+    : Sheet(channel.title, channel.size, parent), m_channel(channel), m_store(desk.store()),
+      m_queue(new BatchQueue(channel, desk, switches, clock)), m_progress(makeProgress()),
       m_options(new QueueOptions(*m_queue, switches)), m_message(new MessagePanel),
       m_finished(makeFinishedPanel()), m_status(new StatusLabel), m_error(new StatusLabel),
       m_buttons(makeButtons())

@@ -14,6 +14,7 @@ class BatchQueue;
 class Clock;
 class MessagePanel;
 class QueueOptions;
+class SendDesk;
 class StatusLabel;
 
 /// Walks through the contacts selected on a channel, one at a time: shows a BatchQueue and passes
@@ -25,7 +26,7 @@ public:
     ~QueueSheet() override;
 
 protected:
-    QueueSheet(const QueueChannel &channel, ProspectStore &store, Switches &switches, Clock &clock,
+    QueueSheet(const QueueChannel &channel, SendDesk &desk, Switches &switches, Clock &clock,
                QWidget *parent);
 
     void showEvent(QShowEvent *event) override;
@@ -42,7 +43,7 @@ private:
 
     const QueueChannel &m_channel;
     ProspectStore &m_store;
-    QPointer<BatchQueue> m_queue; ///< owned by the store, which it must outlive to end a send
+    QPointer<BatchQueue> m_queue; ///< owned by the desk, which it must outlive to end a send
     bool m_opened = false;
 
     QWidget *m_progress;
@@ -65,8 +66,8 @@ class BatchSendView : public QueueSheet {
     Q_OBJECT
 
 public:
-    BatchSendView(ProspectStore &store, Switches &switches, Clock &clock, QWidget *parent = nullptr)
-        : QueueSheet(smsChannel(), store, switches, clock, parent)
+    BatchSendView(SendDesk &desk, Switches &switches, Clock &clock, QWidget *parent = nullptr)
+        : QueueSheet(smsChannel(), desk, switches, clock, parent)
     {
     }
 };
@@ -76,9 +77,8 @@ class BatchEmailSendView : public QueueSheet {
     Q_OBJECT
 
 public:
-    BatchEmailSendView(ProspectStore &store, Switches &switches, Clock &clock,
-                       QWidget *parent = nullptr)
-        : QueueSheet(emailChannel(), store, switches, clock, parent)
+    BatchEmailSendView(SendDesk &desk, Switches &switches, Clock &clock, QWidget *parent = nullptr)
+        : QueueSheet(emailChannel(), desk, switches, clock, parent)
     {
     }
 };

@@ -1,10 +1,23 @@
 #include "ui/queue/queue_state.h"
 
+using namespace Qt::StringLiterals;
+
 namespace quenoria {
 
 namespace {
 
 using Phase = QueueState::Phase;
+
+const QString interrupted = u"Cet envoi a été interrompu. Le message est peut-être parti."_s;
+const QString recordUnsaved =
+    u"Le dernier message est parti, mais son suivi n’est pas encore enregistré : la file s’est "
+    "arrêtée."_s;
+
+Refusal wordOn(const SendOutcome &outcome)
+{
+    const auto *refused = std::get_if<Refused>(&outcome);
+    return refused ? refused->message : interrupted;
+}
 
 /// The rules, one per event.
 class Rules {
@@ -72,14 +85,31 @@ public:
         const bool leaving = m_state.phase == Phase::leaving;
         if (!leaving && m_state.phase != Phase::running)
             return unchanged();
-        if (!event.refusal) {
-            advancePastCurrent(leaving ? Phase::closed : Phase::running);
-            return does(QueueAction::record);
+        if (const auto *sent = std::get_if<Sent>(&event.outcome)) {
+            // No run goes on sending what it cannot remember.
+            const Phase then = sent->unsaved ? Phase::waiting : Phase::running;
+            advancePastCurrent(leaving ? Phase::closed : then);
+            if (sent->unsaved)
+                m_state.error = recordUnsaved;
+            return does(QueueAction::deselect);
         }
         m_state.phase = leaving ? Phase::closed : Phase::waiting;
         // Nobody waits for a word on a contact that was deleted meanwhile.
-        m_state.error = m_circumstances.present ? event.refusal : std::nullopt;
+        m_state.error = m_circumstances.present ? wordOn(event.outcome) : std::nullopt;
         return unchanged();
+    }
+
+    Step operator()(const DoubtSettled &event)
+    {
+        const bool isHead = m_state.queueIDs.value(0) == event.contactId;
+        if (isHead && awaitsUser()) {
+            m_state.error = {};
+            if (event.left)
+                advancePastCurrent(Phase::waiting);
+        } else if (event.left && !isHead && m_state.queueIDs.removeOne(event.contactId)) {
+            ++m_state.completedCount;
+        }
+        return does(event.left ? QueueAction::deselect : QueueAction::none);
     }
 
     Step operator()(const Closed &)

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "store/refusal.h"
+#include "store/send_outcome.h"
 
 #include <QStringList>
 
@@ -41,14 +41,19 @@ struct Skipped {};
 struct SwitchedOn {};
 /// A run is about to take the head of the queue.
 struct TurnReached {};
-/// What the automatic send that was asked for said.
+/// What became of the automatic send that was asked for, recorded when it went.
 struct SendAnswered {
-    Refusal refusal;
+    SendOutcome outcome;
+};
+/// The user has decided what became of a message that may have left.
+struct DoubtSettled {
+    QString contactId;
+    bool left = false; ///< it did, and is recorded
 };
 struct Closed {};
 
 using QueueEvent = std::variant<Opened, PrimaryPressed, PrepareAnswered, Confirmed, Skipped,
-                                SwitchedOn, TurnReached, SendAnswered, Closed>;
+                                SwitchedOn, TurnReached, SendAnswered, DoubtSettled, Closed>;
 
 /// What the rules ask about the world around the queue.
 struct Circumstances {
@@ -56,13 +61,14 @@ struct Circumstances {
     bool present = true;    ///< the head of the queue is a contact of the store
 };
 
-/// What is to be done about the contact that was the head of the queue before the event.
+/// What is to be done about the contact that was the head of the queue before the event, or that
+/// the event names.
 enum class QueueAction {
     none,
     prepare,  ///< and hand the answer back
     startRun, ///< one that begins by reaching its turn
     send,     ///< automatically, and hand the answer back
-    record,   ///< the send, and take the contact out of the selection
+    record,   ///< the prepared send, and take the contact out of the selection
     deselect,
 };
 

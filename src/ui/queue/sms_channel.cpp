@@ -12,17 +12,6 @@ bool isQueued(const ProspectStore &store, const Prospect &prospect)
     return store.isSelectedForSending(prospect);
 }
 
-Refusal prepareMessage(ProspectStore &store, const Switches &switches, const Prospect &prospect)
-{
-    return store.prepareSMS(prospect, switches.freeProPlan());
-}
-
-QCoro::Task<Refusal> send(ProspectStore &store, const Switches &switches, const Prospect &prospect,
-                          const std::stop_token &stop)
-{
-    return store.sendSMSAutomatically(prospect, switches.freeProPlan(), stop);
-}
-
 QueuedMessage message(const ProspectStore &store, const Prospect &prospect)
 {
     const MessageTemplate assigned = store.assignedMessage(prospect);
@@ -48,13 +37,11 @@ const QueueChannel &smsChannel()
         .errorSymbol = u"hand.raised.circle.fill"_s,
         .size = {760, 680},
         .hasQuota = true,
+        .channel = Channel::sms,
         .isAutomatic = &Switches::autoValidateSMS,
         .setAutomatic = &Switches::setAutoValidateSMS,
         .isQueued = isQueued,
         .select = &ProspectStore::setSelectedForSending,
-        .record = &ProspectStore::recordSentNow,
-        .prepareMessage = prepareMessage,
-        .send = send,
         .message = message,
     };
     return channel;

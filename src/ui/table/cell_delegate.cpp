@@ -143,16 +143,18 @@ void CellDelegate::paintButtons(QPainter *painter, const QStyleOptionViewItem &o
     const auto buttons = index.data(ButtonsRole).value<CellButtons>();
     for (qsizetype each = 0; each < rects.size(); ++each) {
         const CellButton &button = buttons[each];
-        const bool isHot = m_hot.cell == index && m_hot.button == each;
+        const bool isHot = button.enabled && m_hot.cell == index && m_hot.button == each;
         QStyleOptionButton painted;
         painted.palette = option.palette;
+        if (!button.enabled)
+            painted.palette.setCurrentColorGroup(QPalette::Disabled);
         painted.fontMetrics = option.fontMetrics;
         painted.rect = rects[each];
         painted.text = button.caption;
         if (!button.symbol.isEmpty())
             painted.icon = icon(button.symbol);
         painted.iconSize = {iconSide, iconSide};
-        painted.state = QStyle::State_Enabled;
+        painted.state.setFlag(QStyle::State_Enabled, button.enabled);
         painted.state.setFlag(QStyle::State_MouseOver, isHot);
         painted.state.setFlag(QStyle::State_Sunken, isHot && m_hot.isPressed);
         painter->setFont(option.font);

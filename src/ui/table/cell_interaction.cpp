@@ -113,6 +113,7 @@ void ContactTableView::offerButtons(const QModelIndex &index)
     const QPersistentModelIndex cell = index;
     for (qsizetype button = 0; button < buttons.size(); ++button) {
         QAction *entry = menu->addAction(buttons[button].name);
+        entry->setEnabled(buttons[button].enabled);
         connect(entry, &QAction::triggered, this, [this, cell, button] { trigger(cell, button); });
     }
     menu->popup(below(index));
@@ -121,7 +122,7 @@ void ContactTableView::offerButtons(const QModelIndex &index)
 void ContactTableView::trigger(const QModelIndex &index, qsizetype button)
 {
     const auto buttons = index.data(ButtonsRole).value<CellButtons>();
-    if (button < buttons.size())
+    if (button < buttons.size() && buttons[button].enabled)
         Q_EMIT actionRequested(buttons[button].action, contactIdAt(index));
 }
 

@@ -27,6 +27,7 @@ struct CellButton {
     QString name;    ///< what it does: tooltip, menu entry, accessible text
     QString caption; ///< painted text
     QString symbol;  ///< drawing, possibly none
+    bool enabled = true;
 };
 using CellButtons = QList<CellButton>;
 

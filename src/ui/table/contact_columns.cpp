@@ -240,11 +240,19 @@ void setComment(const Cell &cell, const QVariant &text)
     cell.store.setComment(text.toString(), cell.contact);
 }
 
+CellButton sendButton(RowAction action, const QString &caption, bool isUnderWay)
+{
+    const QString shown = isUnderWay ? u"Envoi automatique…"_s : caption;
+    return {action, shown, shown, {}, !isUnderWay};
+}
+
 CellButtons actions(const Cell &cell)
 {
-    const QString sms = u"Préparer SMS"_s;
-    const QString email = cell.state.emailIsAutomatic ? u"Envoyer mail"_s : u"Préparer mail"_s;
-    return {{RowAction::sendSMS, sms, sms, {}}, {RowAction::sendEmail, email, email, {}}};
+    const TableState &state = cell.state;
+    const QString email = state.emailIsAutomatic ? u"Envoyer mail"_s : u"Préparer mail"_s;
+    return {sendButton(RowAction::sendSMS, u"Préparer SMS"_s,
+                       state.smsUnderWay.contains(cell.contact.id)),
+            sendButton(RowAction::sendEmail, email, state.emailUnderWay.contains(cell.contact.id))};
 }
 
 constexpr ContactColumn checkColumn(const char16_t *header, int width,

@@ -38,6 +38,8 @@ struct TableState {
     const Clock &clock;
     IdSet deleteSelection = {}; ///< contacts ticked for deletion
     bool emailIsAutomatic = false;
+    IdSet smsUnderWay = {}; ///< contacts to whom a message is being sent
+    IdSet emailUnderWay = {};
     QTimeZone zone = clock.zone();              ///< dates are shown and typed in it
     QHash<QString, bool> attachmentsFound = {}; ///< by contact: what the last look at the disk gave
 };

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "model/channel.h"
 #include "ui/table/contact_list.h"
 
 #include <QAbstractTableModel>
@@ -41,6 +42,9 @@ public:
     void clearDeleteSelection();
     bool allAreTicked() const; ///< every displayed contact, and at least one
     void tickAll(bool ticked); ///< every displayed contact
+
+    /// Whether a message is being sent to the contact: its button says so and waits.
+    void setUnderWay(Channel channel, const QString &contactId, bool isUnderWay);
 
     /// Looks again for the attached files, which other programs move and delete.
     void lookForAttachments();

@@ -37,6 +37,16 @@ void ContactTableModel::refreshContact(const QString &id)
     Q_EMIT changed();
 }
 
+void ContactTableModel::setUnderWay(Channel channel, const QString &contactId, bool isUnderWay)
+{
+    IdSet &contacts = channel == Channel::sms ? m_state.smsUnderWay : m_state.emailUnderWay;
+    if (isUnderWay)
+        contacts.insert(contactId);
+    else
+        contacts.erase(contactId);
+    refreshContact(contactId);
+}
+
 /// Several collections often change together; the rows keep their own copies of the contacts, so
 /// the old list can still be shown until all have.
 void ContactTableModel::refreshSoon()

@@ -100,6 +100,25 @@ QWidget *offerToRetry(QWidget *window, const QString &title, const QString &mess
     return box;
 }
 
+QWidget *offerChoices(QWidget *window, const QString &title, const QString &message,
+                      const std::vector<Choice> &choices)
+{
+    QMessageBox *box =
+        makeBox(window, symbol(u"exclamationmark.triangle.fill"_s, Tint::negative), title, message);
+    for (const Choice &choice : choices) {
+        const bool isLast = &choice == &choices.back();
+        QPushButton *button =
+            box->addButton(choice.text, isLast ? QMessageBox::RejectRole : QMessageBox::ActionRole);
+        QObject::connect(button, &QPushButton::clicked, window, choice.act);
+        if (!isLast)
+            continue;
+        box->setDefaultButton(button);
+        box->setEscapeButton(button);
+    }
+    openInFront(box, window);
+    return box;
+}
+
 void confirm(QWidget *window, const Destruction &destruction, const std::function<void()> &act)
 {
     QMessageBox *box = makeBox(window, symbol(u"exclamationmark.triangle.fill"_s, Tint::negative),

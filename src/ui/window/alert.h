@@ -3,6 +3,7 @@
 #include <QString>
 
 #include <functional>
+#include <vector>
 
 class QWidget;
 
@@ -15,6 +16,17 @@ void showAlert(QWidget *window, const QString &title, const QString &message);
 /// which deletes itself once it is left.
 QWidget *offerToRetry(QWidget *window, const QString &title, const QString &message,
                       const std::function<void()> &retry);
+
+/// One way to answer a question.
+struct Choice {
+    QString text;
+    std::function<void()> act;
+};
+
+/// Asks the user over the window to decide. The last choice is the one that changes nothing: it is
+/// the default, and what Escape means.
+QWidget *offerChoices(QWidget *window, const QString &title, const QString &message,
+                      const std::vector<Choice> &choices);
 
 /// What must be asked before it is done, since it cannot be undone.
 struct Destruction {

@@ -29,7 +29,8 @@ void ContactMenu::addButtons(QMenu &menu) const
     for (int column = 0; column < m_model.columnCount(); ++column) {
         const QModelIndex cell = m_model.index(m_row, column);
         for (const CellButton &button : cell.data(ButtonsRole).value<CellButtons>())
-            menu.addAction(button.name, [act = act, action = button.action] { act(action); });
+            menu.addAction(button.name, [act = act, action = button.action] { act(action); })
+                ->setEnabled(button.enabled);
     }
 }
 

@@ -6,6 +6,7 @@
 #include "ui/table/contact_table_view.h"
 #include "ui/window/alert.h"
 #include "ui/window/contact_menu.h"
+#include "ui/window/doubt_alerts.h"
 #include "ui/window/farewell.h"
 #include "ui/window/file_alerts.h"
 #include "ui/window/header_area.h"
@@ -45,16 +46,17 @@ std::optional<QString> workbookIn(const QMimeData *dragged)
 
 } // namespace
 
-ContentView::ContentView(ProspectStore &store, Switches &switches, const Platform &platform,
+ContentView::ContentView(SendDesk &desk, Switches &switches, const Platform &platform,
                          QWidget *parent)
-    : QMainWindow(parent), m_store(store), m_switches(switches), m_platform(platform),
-      m_model(store, switches, platform.clock), m_commands(*this, switches),
-      m_rows(new RowActions(store, switches, this)),
-      m_import(new WorkbookImport(store, platform.panels, this)),
-      m_farewell(new Farewell(store, *m_rows, this)),
-      m_files(new FileAlerts(store, switches, this)), m_header(new WindowHeader(m_commands)),
-      m_headerArea(new HeaderArea(m_header)), m_table(new ContactTableView(m_model)),
-      m_pages(new TablePages(m_table)), m_column(new QVBoxLayout)
+    : QMainWindow(parent), m_desk(desk), m_store(desk.store()), m_switches(switches),
+      m_platform(platform), m_model(m_store, switches, platform.clock), m_commands(*this, switches),
+      m_rows(new RowActions(desk, switches, this)),
+      m_import(new WorkbookImport(m_store, platform.panels, this)),
+      m_farewell(new Farewell(desk, this)), m_files(new FileAlerts(m_store, switches, this)),
+      m_doubts(new DoubtAlerts(desk, platform.clock.zone(), this)),
+      m_header(new WindowHeader(m_commands)), m_headerArea(new HeaderArea(m_header)),
+      m_table(new ContactTableView(m_model)), m_pages(new TablePages(m_table)),
+      m_column(new QVBoxLayout)
 {
     build();
     m_commands.fillMenuBar(*menuBar());
@@ -103,6 +105,10 @@ void ContentView::followModel()
 {
     connect(&m_model, &ContactTableModel::changed, this, &ContentView::refresh);
     connect(&m_switches, &Switches::changed, this, &ContentView::refresh);
+    connect(&m_desk, &SendDesk::underWayChanged, &m_model,
+            [this](Channel channel, const QString &id) {
+                m_model.setUnderWay(channel, id, m_desk.isUnderWay(channel, id));
+            });
     connect(&m_store, &ProspectStore::published, this, [this](Collection collection) {
         if (collection == Collection::smsMonthlyRecipientsByMonth)
             refresh();
@@ -136,7 +142,7 @@ void ContentView::followRowActions()
         statusBar()->showMessage(text, duration);
     };
     connect(m_rows, &RowActions::failed, this, alert);
-    connect(m_rows, &RowActions::failed, statusBar(), &QStatusBar::clearMessage);
+    connect(m_rows, &RowActions::notSent, statusBar(), &QStatusBar::clearMessage);
     connect(m_rows, &RowActions::historyRequested, this, &ContentView::showHistory);
     connect(m_rows, &RowActions::sendStarted, this,
             [tell](const QString &label) { tell(u"Envoi en cours : %1…"_s.arg(label), 0); });
@@ -197,7 +203,12 @@ void ContentView::dropEvent(QDropEvent *event)
 
 void ContentView::closeEvent(QCloseEvent *event)
 {
-    if (!m_farewell->mayLeave() || !m_files->mayLeave()) {
+    if (!m_farewell->mayLeave()) {
+        event->ignore();
+        return;
+    }
+    if (!m_files->mayLeave()) {
+        m_desk.reopen();
         event->ignore();
         return;
     }

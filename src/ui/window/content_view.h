@@ -11,10 +11,12 @@ class QVBoxLayout;
 namespace quenoria {
 
 class ContactTableView;
+class DoubtAlerts;
 class Farewell;
 class FileAlerts;
 class HeaderArea;
 class RowActions;
+class SendDesk;
 class TablePages;
 class WindowHeader;
 class WorkbookImport;
@@ -24,8 +26,8 @@ class ContentView : public QMainWindow {
     Q_OBJECT
 
 public:
-    /// Store, switches and the platform's services outlive the window.
-    ContentView(ProspectStore &store, Switches &switches, const Platform &platform,
+    /// Desk, switches and the platform's services outlive the window.
+    ContentView(SendDesk &desk, Switches &switches, const Platform &platform,
                 QWidget *parent = nullptr);
 
     /// Shows a line above everything else, for good.
@@ -74,6 +76,7 @@ private:
     void showHistory(const QString &id);
     void fillContactMenu(QMenu &menu, const QString &id);
 
+    SendDesk &m_desk;
     ProspectStore &m_store;
     Switches &m_switches;
     Platform m_platform;
@@ -83,6 +86,7 @@ private:
     WorkbookImport *m_import;
     Farewell *m_farewell;
     FileAlerts *m_files;
+    DoubtAlerts *m_doubts;
     WindowHeader *m_header;
     HeaderArea *m_headerArea;
     ContactTableView *m_table;

@@ -1,8 +1,7 @@
 #include "ui/window/farewell.h"
 
+#include "messaging/send_desk.h"
 #include "ui/kit/labels.h"
-#include "ui/queue/batch_queue.h"
-#include "ui/window/row_actions.h"
 
 #include <QDialog>
 #include <QLabel>
@@ -43,35 +42,27 @@ public:
 
 } // namespace
 
-Farewell::Farewell(const ProspectStore &store, RowActions &rows, QWidget *window)
-    : QObject(window), m_store(store), m_rows(rows), m_window(window)
+Farewell::Farewell(SendDesk &desk, QWidget *window)
+    : QObject(window), m_desk(desk), m_window(window)
 {
+    connect(&m_desk, &SendDesk::idle, this, &Farewell::look);
 }
-
-bool Farewell::isSending() const { return m_rows.isSending() || BatchQueue::sending(m_store); }
 
 bool Farewell::mayLeave()
 {
-    if (!isSending())
+    m_desk.close();
+    if (!m_desk.isBusy())
         return true;
-    if (m_notice)
-        return false;
-    m_notice = new Notice(m_window);
-    m_notice->open();
-    connect(&m_rows, &RowActions::idle, this, &Farewell::look, Qt::UniqueConnection);
-    m_rows.stopWaiting();
-    look();
+    if (!m_notice) {
+        m_notice = new Notice(m_window);
+        m_notice->open();
+    }
     return false;
 }
 
 void Farewell::look()
 {
-    if (BatchQueue *queue = BatchQueue::sending(m_store)) {
-        connect(queue, &BatchQueue::idle, this, &Farewell::look, Qt::UniqueConnection);
-        queue->close();
-        return;
-    }
-    if (m_rows.isSending())
+    if (!m_notice)
         return;
     delete m_notice;
     Q_EMIT ready();

@@ -8,15 +8,14 @@ class QWidget;
 
 namespace quenoria {
 
-class ProspectStore;
-class RowActions;
+class SendDesk;
 
 /// Lets the application end only once every message that left is recorded.
 class Farewell : public QObject {
     Q_OBJECT
 
 public:
-    Farewell(const ProspectStore &store, RowActions &rows, QWidget *window);
+    Farewell(SendDesk &desk, QWidget *window);
 
     /// Whether the window may close at once. If not, it says what it waits for and emits ready()
     /// when the last send is recorded.
@@ -26,12 +25,9 @@ Q_SIGNALS:
     void ready();
 
 private:
-    bool isSending() const;
-    void tell();
     void look();
 
-    const ProspectStore &m_store;
-    RowActions &m_rows;
+    SendDesk &m_desk;
     QWidget *m_window;
     QPointer<QDialog> m_notice;
 };

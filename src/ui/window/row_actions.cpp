@@ -2,86 +2,80 @@
 
 #include "ui/kit/switches.h"
 
+#include <QPointer>
+
 using namespace Qt::StringLiterals;
 
 namespace quenoria {
 
-RowActions::RowActions(ProspectStore &store, const Switches &switches, QObject *parent)
-    : QObject(parent), m_store(store), m_switches(switches)
+RowActions::RowActions(SendDesk &desk, const Switches &switches, QObject *parent)
+    : QObject(parent), m_desk(desk), m_switches(switches)
 {
 }
 
-RowActions::~RowActions() { stopWaiting(); }
-
-void RowActions::stopWaiting() { m_stop.request_stop(); }
-
 void RowActions::perform(RowAction action, const QString &contactId)
 {
-    const Prospect *found = m_store.prospect(contactId);
+    ProspectStore &store = m_desk.store();
+    const Prospect *found = store.prospect(contactId);
     if (!found)
         return;
     const Prospect contact = *found; // what follows may change the list that it comes from
     switch (action) {
     case RowAction::sendSMS:
-        return sendSMS(contact);
+        return send(Channel::sms, contact);
     case RowAction::sendEmail:
-        return sendEmail(contact);
+        return send(Channel::email, contact);
     case RowAction::chooseAttachment:
-        return m_store.chooseAttachment(contact);
+        return store.chooseAttachment(contact);
     case RowAction::removeAttachment:
-        return m_store.removeAttachment(contact);
+        return store.removeAttachment(contact);
     case RowAction::showHistory:
         Q_EMIT historyRequested(contactId);
         return;
     }
 }
 
-void RowActions::sendSMS(const Prospect &contact)
+void RowActions::send(Channel channel, const Prospect &contact)
 {
-    const bool freePro = m_switches.freeProPlan();
-    if (m_switches.autoValidateSMS())
-        return start(m_store.sendSMSAutomatically(contact, freePro, m_stop.get_token()), contact,
-                     &ProspectStore::recordSentNow);
-    if (const Refusal refusal = m_store.prepareSMS(contact, freePro))
-        Q_EMIT failed(u"SMS impossible"_s, *refusal);
+    // A second click finds the first one's message under way, or its doubt.
+    if (m_desk.isUnderWay(channel, contact.id) || m_desk.raiseDoubt(channel, contact.id))
+        return;
+    const bool isAutomatic =
+        channel == Channel::sms ? m_switches.autoValidateSMS() : m_switches.autoValidateEmail();
+    if (isAutomatic)
+        sendAutomatically(channel, contact);
+    else
+        prepare(channel, contact);
 }
 
-void RowActions::sendEmail(const Prospect &contact)
+void RowActions::prepare(Channel channel, const Prospect &contact)
 {
-    if (m_switches.autoValidateEmail())
-        return start(m_store.sendEmailAutomatically(contact), contact,
-                     &ProspectStore::recordEmailSentNow);
-    if (const Refusal refusal = m_store.prepareEmail(contact))
-        Q_EMIT failed(u"E-mail impossible"_s, *refusal);
+    if (const Refusal refusal = m_desk.prepare(channel, contact, m_switches.freeProPlan()))
+        Q_EMIT failed(channel == Channel::sms ? u"SMS impossible"_s : u"E-mail impossible"_s,
+                      *refusal);
 }
 
-void RowActions::start(QCoro::Task<Refusal> send, const Prospect &contact, Record record)
+QCoro::Task<> RowActions::sendAutomatically(Channel channel, Prospect contact)
 {
-    ++m_sending;
     Q_EMIT sendStarted(contact.label);
-    follow(std::move(send), m_store, contact, record, this);
-}
-
-/// A message that left is recorded even if the window went away meanwhile.
-QCoro::Task<> RowActions::follow(QCoro::Task<Refusal> send, ProspectStore &store, Prospect contact,
-                                 Record record, QPointer<RowActions> self)
-{
-    const Refusal refusal = co_await send;
-    if (!refusal)
-        (store.*record)(contact);
+    const QPointer<RowActions> self(this);
+    const QCoro::Task<SendOutcome> sending =
+        m_desk.order(channel, contact.id, m_switches.freeProPlan());
+    const SendOutcome outcome = co_await sending;
     if (self)
-        self->finish(refusal, contact.label);
+        tell(outcome, contact.label);
 }
 
-void RowActions::finish(const Refusal &refusal, const QString &contactLabel)
+/// A doubt is asked elsewhere.
+void RowActions::tell(const SendOutcome &outcome, const QString &contactLabel)
 {
-    --m_sending;
-    if (!refusal)
+    if (std::holds_alternative<Sent>(outcome))
         Q_EMIT sent(contactLabel);
-    else if (!m_stop.stop_requested())
-        Q_EMIT failed(u"Envoi automatique impossible"_s, *refusal);
-    if (m_sending == 0)
-        Q_EMIT idle();
+    else
+        Q_EMIT notSent();
+    const auto *refused = std::get_if<Refused>(&outcome);
+    if (refused && refused->message)
+        Q_EMIT failed(u"Envoi automatique impossible"_s, *refused->message);
 }
 
 } // namespace quenoria

@@ -1,9 +1,7 @@
 #pragma once
 
-#include "store/prospect_store.h"
+#include "messaging/send_desk.h"
 #include "ui/table/cell_roles.h"
-
-#include <QPointer>
 
 namespace quenoria {
 
@@ -15,40 +13,25 @@ class RowActions : public QObject {
     Q_OBJECT
 
 public:
-    RowActions(ProspectStore &store, const Switches &switches, QObject *parent);
-    ~RowActions() override;
+    RowActions(SendDesk &desk, const Switches &switches, QObject *parent);
 
     void perform(RowAction action, const QString &contactId);
-
-    /// Whether an automatic send was started whose outcome is not yet known and recorded.
-    bool isSending() const { return m_sending > 0; }
-
-    /// Abandons the sends that still wait for their turn; idle() tells when the others are done.
-    void stopWaiting();
 
 Q_SIGNALS:
     void failed(const QString &title, const QString &message);
     void historyRequested(const QString &contactId);
     void sendStarted(const QString &contactLabel);
     void sent(const QString &contactLabel);
-
-    /// No automatic send is under way any more.
-    void idle();
+    void notSent(); ///< an automatic send that was started has ended otherwise
 
 private:
-    using Record = void (ProspectStore::*)(const Prospect &);
+    void send(Channel channel, const Prospect &contact);
+    void prepare(Channel channel, const Prospect &contact);
+    QCoro::Task<> sendAutomatically(Channel channel, Prospect contact);
+    void tell(const SendOutcome &outcome, const QString &contactLabel);
 
-    void sendSMS(const Prospect &contact);
-    void sendEmail(const Prospect &contact);
-    void start(QCoro::Task<Refusal> send, const Prospect &contact, Record record);
-    void finish(const Refusal &refusal, const QString &contactLabel);
-    static QCoro::Task<> follow(QCoro::Task<Refusal> send, ProspectStore &store, Prospect contact,
-                                Record record, QPointer<RowActions> self);
-
-    ProspectStore &m_store;
+    SendDesk &m_desk;
     const Switches &m_switches;
-    std::stop_source m_stop;
-    int m_sending = 0;
 };
 
 } // namespace quenoria

@@ -55,11 +55,11 @@ void ContentView::showAbout() { present<AboutView>(); }
 
 void ContentView::showImportHelp() { present<ExcelFormatHelpView>(m_platform); }
 
-void ContentView::openSMSQueue() { present<BatchSendView>(m_store, m_switches, m_platform.clock); }
+void ContentView::openSMSQueue() { present<BatchSendView>(m_desk, m_switches, m_platform.clock); }
 
 void ContentView::openEmailQueue()
 {
-    present<BatchEmailSendView>(m_store, m_switches, m_platform.clock);
+    present<BatchEmailSendView>(m_desk, m_switches, m_platform.clock);
 }
 
 void ContentView::editCurrentContact()

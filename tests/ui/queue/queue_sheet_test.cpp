@@ -30,6 +30,7 @@ protected:
                                                       "c\t06 39 98 00 12\tc@example.org\n"
                                                       "d\t06 39 98 00 13\n";
         store = std::make_unique<ProspectStore>(desktop.platform());
+        desk = std::make_unique<SendDesk>(*store, desktop.platform());
         for (const Prospect &prospect : store->allProspects()) {
             store->setSelectedForSending(true, prospect);
             store->setSelectedForEmailSending(true, prospect);
@@ -48,7 +49,7 @@ protected:
     template <typename View = BatchSendView>
     void show()
     {
-        sheet = new View(*store, switches, desktop.clock);
+        sheet = new View(*desk, switches, desktop.clock);
         sheet->present();
         QCoreApplication::processEvents();
     }
@@ -84,6 +85,7 @@ protected:
     DeliberateInput input{*qApp};
     FakeDesktop desktop;
     std::unique_ptr<ProspectStore> store;
+    std::unique_ptr<SendDesk> desk;
     Switches switches{desktop.preferences};
     QPointer<QueueSheet> sheet;
     QSemaphore gate;
@@ -175,7 +177,7 @@ TEST_F(QueueSheets, ClosedWhileWaitingSendsNothingMore)
     ASSERT_EQ(desktop.clock.pending(), std::vector{10200ms});
     sheet->close();
     desktop.clock.advance(0ms);
-    EXPECT_FALSE(sheet || BatchQueue::sending(*store) || store->automaticSMSBusy());
+    EXPECT_FALSE(sheet || desk->isBusy() || store->automaticSMSBusy());
     EXPECT_EQ(desktop.scripts.sources.size(), 1);
     EXPECT_EQ(store->sendSelection().size(), 3U);
 }
@@ -188,18 +190,17 @@ TEST_F(QueueSheets, ClosedDuringASendStillRecordsItAndQueuesItNowhereElse)
         return ScriptDone{};
     };
     show();
-    BatchQueue *queue = BatchQueue::sending(*store);
-    ASSERT_TRUE(queue);
+    ASSERT_TRUE(desk->isUnderWay(Channel::sms, contact(1).id));
     delete sheet;
     switches.setAutoValidateSMS(false);
     show();
     EXPECT_TRUE(shows(u"b"_s) && shows(u"Contact 1 sur 3"_s));
     bool recordedAtIdle = false;
-    QObject::connect(queue, &BatchQueue::idle, [&] { recordedAtIdle = sent(1) == 1; });
+    QObject::connect(desk.get(), &SendDesk::idle, [&] { recordedAtIdle = sent(1) == 1; });
     gate.release();
     settle();
     EXPECT_TRUE(recordedAtIdle);
-    EXPECT_FALSE(BatchQueue::sending(*store));
+    EXPECT_FALSE(desk->isBusy());
     EXPECT_EQ(desktop.scripts.sources.size(), 1);
 }
 

@@ -12,6 +12,12 @@ using enum QueueAction;
 
 const QStringList both{u"a"_s, u"b"_s};
 const Refusal panne = u"panne"_s;
+const Refusal doubt = u"Cet envoi a été interrompu. Le message est peut-être parti."_s;
+const Refusal unsaved = u"Le dernier message est parti, mais son suivi n’est pas encore "
+                        "enregistré : la file s’est arrêtée."_s;
+const DoubtSettled left{u"a"_s, true};
+const DoubtSettled leftLater{u"b"_s, true};
+const DoubtSettled stayed{u"a"_s};
 const Circumstances byHand{false, true};
 const Circumstances automatic{true, true};
 const Circumstances deleted{true, false};
@@ -64,12 +70,34 @@ const Row rows[] = {
     {"TurnSwitchedOff", at(running), TurnReached{}, byHand, {at(waiting)}},
     {"TurnOfADeletedContact", at(running), TurnReached{}, deleted, {at(waiting)}},
     {"TurnOnceClosedSendsNothing", at(leaving), TurnReached{}, automatic, {at(closed)}},
-    {"Sent", at(running), SendAnswered{}, automatic, {at(running, 1), record}},
-    {"SentTheLast", at(running, 1), SendAnswered{}, automatic, {at(closed, 2), record}},
-    {"SentThoughDeleted", at(running), SendAnswered{}, deleted, {at(running, 1), record}},
-    {"SentOnceClosed", at(leaving), SendAnswered{}, automatic, {at(closed, 1), record}},
-    {"Refused", at(running), SendAnswered{panne}, automatic, {at(waiting, 0, panne)}},
-    {"RefusedForADeletedContact", at(running), SendAnswered{panne}, deleted, {at(waiting)}},
+    {"Sent", at(running), SendAnswered{}, automatic, {at(running, 1), deselect}},
+    {"SentTheLast", at(running, 1), SendAnswered{}, automatic, {at(closed, 2), deselect}},
+    {"SentThoughDeleted", at(running), SendAnswered{}, deleted, {at(running, 1), deselect}},
+    {"SentOnceClosed", at(leaving), SendAnswered{}, automatic, {at(closed, 1), deselect}},
+    {"SentButNotSaved",
+     at(running),
+     SendAnswered{Sent{panne}},
+     automatic,
+     {at(waiting, 1, unsaved), deselect}},
+    {"Refused", at(running), SendAnswered{Refused{panne}}, automatic, {at(waiting, 0, panne)}},
+    {"RefusedForADeletedContact",
+     at(running),
+     SendAnswered{Refused{panne}},
+     deleted,
+     {at(waiting)}},
+    {"GivenUp", at(running, 1), SendAnswered{Refused{}}, automatic, {at(waiting, 1)}},
+    {"InDoubt", at(running), SendAnswered{InDoubt{}}, automatic, {at(waiting, 0, doubt)}},
+    {"InDoubtOnceClosed", at(leaving), SendAnswered{InDoubt{}}, automatic, {at(closed, 0, doubt)}},
+
+    {"DoubtedMessageLeft", at(waiting, 0, doubt), left, automatic, {at(waiting, 1), deselect}},
+    {"DoubtedMessageStayed", at(waiting, 0, doubt), stayed, automatic, {at(waiting)}},
+    {"DoubtAboutALaterContact",
+     at(running),
+     leftLater,
+     automatic,
+     {{{u"a"_s}, 1, 2, running, {}}, deselect}},
+    {"DoubtAboutTheContactInARun", at(running), left, automatic, {at(running), deselect}},
+    {"DoubtAboutAnother", at(prepared), DoubtSettled{u"z"_s}, byHand, {at(prepared)}},
 
     {"Close", at(prepared), Closed{}, byHand, {at(closed)}},
     {"CloseDuringARun", at(running), Closed{}, automatic, {at(leaving)}},

@@ -14,7 +14,7 @@ namespace {
 
 class RowButtons : public StoreTest {
 protected:
-    RowButtons() : actions(std::make_unique<RowActions>(store(), switches, nullptr))
+    RowButtons() : actions(std::make_unique<RowActions>(desk, switches, nullptr))
     {
         desktop.workspace.mailApplication = u"com.apple.mail"_s;
         QObject::connect(actions.get(), &RowActions::failed,
@@ -27,9 +27,10 @@ protected:
     {
         const QString id = contact.id;
         actions->perform(action, id);
-        ASSERT_TRUE(QTest::qWaitFor([this] { return !actions->isSending(); }));
+        ASSERT_TRUE(QTest::qWaitFor([this] { return !desk.isBusy(); }));
     }
 
+    SendDesk desk{store(), desktop.platform()};
     Switches switches{desktop.preferences};
     std::unique_ptr<RowActions> actions;
     QString failure;
@@ -82,9 +83,9 @@ TEST_F(RowButtons, AnSMSThatStillWaitsItsTurnIsAbandonedSilently)
     perform(RowAction::sendSMS, alix());
     actions->perform(RowAction::sendSMS, chloe().id);
     settle();
-    EXPECT_TRUE(actions->isSending());
-    QSignalSpy idle(actions.get(), &RowActions::idle);
-    actions->stopWaiting();
+    EXPECT_TRUE(desk.isUnderWay(Channel::sms, chloe().id));
+    QSignalSpy idle(&desk, &SendDesk::idle);
+    desk.close();
     desktop.clock.advance(0ms);
     EXPECT_EQ(idle.size(), 1);
     EXPECT_TRUE(store().sendHistory(chloe()).empty());

@@ -16,10 +16,17 @@ class WindowTest : public StoreTest {
 protected:
     Switches switches{desktop.preferences};
 
+    SendDesk &desk()
+    {
+        if (!m_desk)
+            m_desk = std::make_unique<SendDesk>(store(), desktop.platform());
+        return *m_desk;
+    }
+
     ContentView &window()
     {
         if (!m_window) {
-            m_window = std::make_unique<ContentView>(store(), switches, desktop.platform());
+            m_window = std::make_unique<ContentView>(desk(), switches, desktop.platform());
             m_window->show();
             settle();
         }
@@ -64,6 +71,7 @@ protected:
     ContactTableModel &model() { return dynamic_cast<ContactTableModel &>(*table().model()); }
 
 private:
+    std::unique_ptr<SendDesk> m_desk;
     std::unique_ptr<ContentView> m_window;
 };
 

@@ -1,0 +1,76 @@
+#include "store/intent_file.h"
+
+#include "model/json_decode.h"
+#include "model/json_text.h"
+
+#include <QDir>
+#include <QFile>
+#include <QSaveFile>
+
+using namespace Qt::StringLiterals;
+
+namespace quenoria {
+
+namespace {
+
+const QString fileName = u".envoi-en-cours"_s;
+
+} // namespace
+
+IntentFile::IntentFile(const Platform &platform)
+    : m_platform(platform), m_path(QDir(platform.folders.data()).filePath(fileName))
+{
+    QFile source(m_path);
+    if (!source.exists())
+        return;
+    auto read = source.open(QIODevice::ReadOnly)
+                    ? decodeJson<std::vector<SendIntent>>(source.readAll())
+                    : std::nullopt;
+    if (read) {
+        m_intents = std::move(*read);
+        return;
+    }
+    const QString stamp =
+        QString::fromLatin1(instantText(m_platform.clock.now())).replace(u':', u'-');
+    const QString aside = u"%1.illisible-%2"_s.arg(m_path, stamp);
+    const bool moved = QFile::rename(m_path, aside);
+    m_platform.log.write((moved ? u"Fichier illisible mis de côté : "_s
+                                : u"Fichier illisible, impossible à mettre de côté : "_s) +
+                         m_path);
+}
+
+Refusal IntentFile::add(const SendIntent &intent)
+{
+    m_intents.push_back(intent);
+    Refusal failure = write();
+    if (failure)
+        m_intents.pop_back();
+    return failure;
+}
+
+void IntentFile::remove(const SendIntent &intent)
+{
+    std::erase(m_intents, intent);
+    if (const Refusal failure = write())
+        m_platform.log.write(u"Impossible d’enregistrer les envois en cours : "_s + *failure);
+}
+
+Refusal IntentFile::write() const
+{
+    if (m_intents.empty()) {
+        QFile file(m_path);
+        return file.remove() || !file.exists() ? Refusal() : file.errorString();
+    }
+    std::string text;
+    appendJson(text, m_intents, 0);
+    text += '\n';
+    QSaveFile target(m_path);
+    if (!target.open(QIODevice::WriteOnly) ||
+        !target.setPermissions(QFile::ReadOwner | QFile::WriteOwner) ||
+        target.write(text.data(), qsizetype(text.size())) != qsizetype(text.size()) ||
+        !target.flush() || !target.commit())
+        return target.errorString();
+    return {};
+}
+
+} // namespace quenoria

@@ -1,0 +1,29 @@
+#pragma once
+
+#include "store/refusal.h"
+
+#include <variant>
+
+namespace quenoria {
+
+/// The carrier took the message. When its record is not on the disk yet, unsaved says why.
+struct Sent {
+    Refusal unsaved;
+    bool operator==(const Sent &) const = default;
+};
+
+/// Nothing left. Without a message, the order was given up and nobody waits for a word on it.
+struct Refused {
+    Refusal message;
+    bool operator==(const Refused &) const = default;
+};
+
+/// The message may have left: it is neither recorded nor sent again before the user has decided.
+struct InDoubt {
+    QString message; ///< what is known of it, possibly nothing
+    bool operator==(const InDoubt &) const = default;
+};
+
+using SendOutcome = std::variant<Sent, Refused, InDoubt>;
+
+} // namespace quenoria
