@@ -25,7 +25,7 @@ struct Asked {
     bool underWay = false; ///< the same contact is already being sent to on that channel
     bool doubted = false;  ///< an earlier message to it there waits for the user's decision
     bool leaving = false;  ///< the application ends
-    Refusal unsaved;       ///< an earlier send could not be recorded on the disk
+    Refusal unsaved = {};  ///< an earlier send could not be recorded on the disk
 };
 /// The message is complete and about to go; says why its intent could not be written.
 struct IntentWritten {
@@ -53,7 +53,7 @@ enum class OrderAction {
 struct OrderStep {
     OrderPhase phase = OrderPhase::asked;
     OrderAction action = OrderAction::none;
-    std::optional<SendOutcome> outcome; ///< of an order that has ended
+    std::optional<SendOutcome> outcome = {}; ///< of an order that has ended
     bool operator==(const OrderStep &) const = default;
 };
 

@@ -3,6 +3,7 @@
 #include "platform/clock.h"
 #include "platform/file_panels.h"
 #include "platform/folders.h"
+#include "platform/hand_over_progress.h"
 #include "platform/pasteboard.h"
 #include "platform/preferences.h"
 #include "platform/resources.h"
@@ -28,6 +29,7 @@ struct Platform {
     Resources &resources;
     SystemLog &log;
     FileWriter &files;
+    HandOverProgress &handOver;
 };
 
 } // namespace quenoria

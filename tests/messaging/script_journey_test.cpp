@@ -73,6 +73,7 @@ TEST_F(Journey, TextsFallBackFromRCSAndFailuresAreReadByTheUser)
     const auto rcs = MessagesService::RCS;
     const auto iMessage = MessagesService::iMessage;
     const TransportResult down = TransportFailure{u" réseau absent\n"_s};
+    const TransportResult lost = TransportFailure{u"muet"_s, Fate::perhapsSent};
     const TransportResult silent = TransportFailure{};
     const QString failed = u"Messages n’a pas confirmé l’envoi : "_s;
     const QString unexplained = u"Messages n’a pas confirmé l’envoi. Vérifiez l’autorisation "
@@ -81,6 +82,7 @@ TEST_F(Journey, TextsFallBackFromRCSAndFailuresAreReadByTheUser)
         std::map<MessagesService, TransportResult> offered;
         QString tried;
         QString answer;
+        TransportResult file = {};
     } rows[] = {
         {{{rcs, {}}, {sms, {}}}, u"RCS wait RCS wait"_s, u"done"_s},
         {{{rcs, down}, {sms, {}}, {iMessage, {}}}, u"RCS SMS wait SMS wait"_s, u"done"_s},
@@ -89,11 +91,14 @@ TEST_F(Journey, TextsFallBackFromRCSAndFailuresAreReadByTheUser)
         {{{rcs, silent}}, u"RCS"_s, unexplained},
         {{{sms, TransportFailure{u" \n"_s}}}, u"SMS"_s, unexplained},
         {{{iMessage, {}}}, u"iMessage wait iMessage wait"_s, u"done"_s},
+        {{{rcs, lost}, {sms, {}}}, u"RCS"_s, u"perhaps: muet"_s},
+        {{{sms, {}}}, u"SMS wait SMS"_s, u"perhaps: réseau absent"_s, down},
         {{}, {}, failed + u"Aucun service Messages actif"_s},
     };
     attach(alix());
     for (const auto &row : rows) {
         scripts.messages.offered = row.offered;
+        scripts.messages.file = row.file;
         scripts.messages.carried.clear();
         restart();
         follow(store().sendSMSAutomatically(alix(), true));

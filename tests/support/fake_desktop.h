@@ -134,6 +134,7 @@ struct FakeDesktop {
     MemoryResources resources;
     RecordingLog log;
     Disk files;
+    HandOverProgress handOver;
 
     Platform platform();
 

@@ -13,6 +13,7 @@ namespace quenoria::test {
 /// Keeps what it was asked to carry, one line each, and answers as each offered service does.
 struct RecordingMessages : MessagesTransport {
     std::map<MessagesService, TransportResult> offered{{MessagesService::SMS, {}}};
+    TransportResult file; ///< what becomes of a file where a text goes
     QStringList carried;
     std::map<MessagesService, TransportResult> filesRefused;
 
@@ -30,7 +31,8 @@ struct RecordingMessages : MessagesTransport {
     TransportResult sendFile(MessagesService service, const QString &handle,
                              const QString &path) override
     {
-        return carry(service, handle, QStringLiteral("file ") + path);
+        const TransportResult text = carry(service, handle, QStringLiteral("file ") + path);
+        return text ? text : file;
     }
 
 private:

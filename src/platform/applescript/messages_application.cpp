@@ -52,15 +52,26 @@ public:
         return std::make_shared<Service>(found->second);
     }
 
+    /// Once a part of a message has left, or may have, no failure of the rest means that nothing
+    /// went; and what may have left is not tried again over another service.
     void send(const Value &what, const Value &recipient) override
     {
+        if (m_lastDoubt)
+            raiseFailure(m_lastDoubt);
         const auto &buddy = asObject<Buddy>(recipient);
         const auto *file = std::get_if<Alias>(&what);
         if (!file)
             checkFiles(buddy.service);
-        raiseFailure(file ? m_transport.sendFile(buddy.service, buddy.handle, file->path)
-                          : m_transport.sendText(buddy.service, buddy.handle,
-                                                 withLineFeeds(as<QString>(what))));
+        TransportResult failure =
+            file ? m_transport.sendFile(buddy.service, buddy.handle, file->path)
+                 : m_transport.sendText(buddy.service, buddy.handle,
+                                        withLineFeeds(as<QString>(what)));
+        if (failure && m_hasSent)
+            failure->fate = Fate::perhapsSent;
+        if (failure && failure->fate == Fate::perhapsSent)
+            m_lastDoubt = failure;
+        m_hasSent = m_hasSent || !failure;
+        raiseFailure(failure);
     }
 
 private:
@@ -73,6 +84,8 @@ private:
 
     MessagesTransport &m_transport;
     QStringList m_files;
+    TransportResult m_lastDoubt; ///< once there is one
+    bool m_hasSent = false;
 };
 
 } // namespace

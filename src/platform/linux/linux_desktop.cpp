@@ -18,7 +18,7 @@ QString preferencesFile()
 
 LinuxDesktop::LinuxDesktop(const QString &dataFolder)
     : Desktop(dataFolder, preferencesFile()), m_drafts(QDBusConnection::sessionBus()),
-      m_mail(m_clock, m_drafts), m_sharing(m_drafts, m_log)
+      m_mail(m_clock, m_drafts, m_handOver), m_sharing(m_drafts, m_log)
 {
 }
 

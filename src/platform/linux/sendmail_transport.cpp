@@ -1,10 +1,10 @@
 #include "platform/linux/sendmail_transport.h"
 
+#include "platform/linux/fed_program.h"
 #include "platform/linux/mail_program.h"
 #include "platform/mime/mime_message.h"
 
 #include <QFileInfo>
-#include <QProcess>
 
 using namespace Qt::StringLiterals;
 
@@ -22,37 +22,39 @@ QStringList arguments(const OutgoingMessage &message)
     return list;
 }
 
-/// Runs the program to its end; its own words are the best account of a failure.
-TransportResult run(QProcess &process, const QByteArray &input, std::chrono::milliseconds limit)
+/// A program that was stopped or lost may have passed the message on, once it had all of it.
+TransportFailure cutShort(const FedProgram &program, const QString &message)
 {
-    const QString name = QFileInfo(process.program()).fileName();
-    process.setStandardOutputFile(QProcess::nullDevice());
-    process.start();
-    process.write(input);
-    process.closeWriteChannel();
-    const bool ended = process.waitForFinished(int(limit.count()));
-    if (process.error() == QProcess::FailedToStart)
+    return {message, program.hasReadAll() ? Fate::perhapsSent : Fate::kept};
+}
+
+/// The program's own words are the best account of a failure.
+TransportResult resultOf(FedProgram::End end, const FedProgram &program, const QString &name)
+{
+    using End = FedProgram::End;
+    if (end == End::failedToStart)
         return TransportFailure{u"Le programme d’envoi « %1 » n’a pas pu démarrer."_s.arg(name)};
-    if (!ended) {
-        process.kill();
-        process.waitForFinished();
-        return TransportFailure{
-            u"Le programme d’envoi « %1 » n’a pas répondu à temps."_s.arg(name)};
-    }
-    if (process.exitStatus() == QProcess::NormalExit && process.exitCode() == 0)
+    if (end == End::stopped)
+        return cutShort(program,
+                        u"Le programme d’envoi « %1 » n’a pas répondu à temps."_s.arg(name));
+    if (end == End::byItself && program.exitCode() == 0)
         return {};
-    const QString words = QString::fromLocal8Bit(process.readAllStandardError()).trimmed();
-    if (!words.isEmpty())
-        return TransportFailure{words};
-    return TransportFailure{
-        u"Le programme d’envoi « %1 » a échoué (code %2)."_s.arg(name).arg(process.exitCode())};
+    const QString words = program.words();
+    const QString message = !words.isEmpty()
+                                ? words
+                                : u"Le programme d’envoi « %1 » a échoué (code %2)."_s.arg(
+                                      name, QString::number(program.exitCode()));
+    if (end == End::crashed)
+        return cutShort(program, message);
+    return TransportFailure{message};
 }
 
 } // namespace
 
 SendmailTransport::SendmailTransport(const Clock &clock, const DraftOpener &drafts,
-                                     std::chrono::milliseconds limit)
-    : m_clock(clock), m_drafts(drafts), m_limit(limit)
+                                     HandOverProgress &progress,
+                                     std::chrono::milliseconds inactivityLimit)
+    : m_clock(clock), m_drafts(drafts), m_progress(progress), m_inactivityLimit(inactivityLimit)
 {
 }
 
@@ -64,12 +66,13 @@ TransportResult SendmailTransport::send(const OutgoingMessage &message)
     auto mime = mimeMessage(message, m_clock);
     if (const auto *failure = std::get_if<TransportFailure>(&mime))
         return *failure;
-    QProcess process;
-    process.setProgram(*program);
-    process.setArguments(arguments(message));
     // Mail programs read lines as files have them, and end them for the network themselves.
     QByteArray &text = std::get<QByteArray>(mime);
-    return run(process, text.replace("\r\n", "\n"), m_limit);
+    FedProgram running(*program, arguments(message), text.replace("\r\n", "\n"));
+    text.clear(); // it may be large, and is in memory twice
+    const FedProgram::End end = running.run(m_inactivityLimit, m_progress);
+    m_progress.clear();
+    return resultOf(end, running, QFileInfo(*program).fileName());
 }
 
 TransportResult SendmailTransport::showDraft(const OutgoingMessage &message)

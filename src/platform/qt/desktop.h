@@ -44,6 +44,7 @@ protected:
     DialogPanels m_panels;
     BuiltInResources m_resources;
     Journal m_log;
+    HandOverProgress m_handOver;
 };
 
 } // namespace quenoria

@@ -101,11 +101,11 @@ QWidget *offerToRetry(QWidget *window, const QString &title, const QString &mess
 }
 
 QWidget *offerChoices(QWidget *window, const QString &title, const QString &message,
-                      const std::vector<Choice> &choices)
+                      const std::vector<AlertChoice> &choices)
 {
     QMessageBox *box =
         makeBox(window, symbol(u"exclamationmark.triangle.fill"_s, Tint::negative), title, message);
-    for (const Choice &choice : choices) {
+    for (const AlertChoice &choice : choices) {
         const bool isLast = &choice == &choices.back();
         QPushButton *button =
             box->addButton(choice.text, isLast ? QMessageBox::RejectRole : QMessageBox::ActionRole);

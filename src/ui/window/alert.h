@@ -18,7 +18,7 @@ QWidget *offerToRetry(QWidget *window, const QString &title, const QString &mess
                       const std::function<void()> &retry);
 
 /// One way to answer a question.
-struct Choice {
+struct AlertChoice {
     QString text;
     std::function<void()> act;
 };
@@ -26,7 +26,7 @@ struct Choice {
 /// Asks the user over the window to decide. The last choice is the one that changes nothing: it is
 /// the default, and what Escape means.
 QWidget *offerChoices(QWidget *window, const QString &title, const QString &message,
-                      const std::vector<Choice> &choices);
+                      const std::vector<AlertChoice> &choices);
 
 /// What must be asked before it is done, since it cannot be undone.
 struct Destruction {

@@ -71,11 +71,15 @@ protected:
 
     QString send(std::chrono::milliseconds limit = 1min)
     {
-        const auto failure = SendmailTransport(clock, drafts, limit).send(message);
-        return failure ? failure->message.value_or(u"?"_s) : u"sent"_s;
+        const auto failure = SendmailTransport(clock, drafts, progress, limit).send(message);
+        if (!failure)
+            return u"sent"_s;
+        const QString fate = failure->fate == Fate::perhapsSent ? u"peut-être parti : "_s : u""_s;
+        return fate + failure->message.value_or(u"?"_s);
     }
 
     FakeClock clock;
+    HandOverProgress progress;
     DraftOpener drafts{QDBusConnection(u"no bus"_s)};
     OutgoingMessage message{false,
                             u"Été : « l’offre \"3 pour 2\" »"_s,
@@ -165,8 +169,39 @@ INSTANTIATE_TEST_SUITE_P(
                     Sendmail{"echo ' boîte pleine ' >&2; exit 75", u"boîte pleine"},
                     Sendmail{"exit 75", u"Le programme d’envoi « sendmail » a échoué (code 75)."},
                     Sendmail{"kill -9 $$", u"Le programme d’envoi « sendmail » a échoué (code 9)."},
+                    Sendmail{"/bin/cat >/dev/null; kill -9 $$",
+                             u"peut-être parti : Le programme d’envoi « sendmail » a échoué "
+                             "(code 9)."},
                     Sendmail{"exec /bin/sleep 600",
-                             u"Le programme d’envoi « sendmail » n’a pas répondu à temps.", 0ms}));
+                             u"Le programme d’envoi « sendmail » n’a pas répondu à temps.", 0ms},
+                    Sendmail{"/bin/cat >/dev/null; /bin/sleep 600",
+                             u"peut-être parti : Le programme d’envoi « sendmail » n’a pas "
+                             "répondu à temps.",
+                             100ms},
+                    Sendmail{"while [ $((n += 1)) -lt 9 ] && read line; do "
+                             "/bin/sleep 0.03; done",
+                             u"sent", 100ms}));
+
+/// Whatever ends the program, no other one takes a part of the message for the whole.
+TEST_F(Mail, EndsAllThatTheProgramStarted)
+{
+    write(u"bin/sendmail"_s, "#!/bin/sh\n/bin/sleep 600 & echo $! >\"$HOME/child\"; wait");
+    EXPECT_EQ(send(100ms), u"Le programme d’envoi « sendmail » n’a pas répondu à temps."_s);
+    QFile child(path(u"child"_s));
+    ASSERT_TRUE(child.open(QIODevice::ReadOnly));
+    QFile left(u"/proc/%1/cmdline"_s.arg(QString::fromLatin1(child.readAll().trimmed())));
+    EXPECT_TRUE(!left.open(QIODevice::ReadOnly) || left.readAll().isEmpty());
+}
+
+TEST_F(Mail, ATextIsWholeBeforeTheProgramStarts)
+{
+    message.content = QString(200000, u'x');
+    write(u"bin/sendmail"_s, "#!/bin/sh\n/bin/sleep 0.05; exec /usr/bin/wc -c >\"$HOME/size\"");
+    ASSERT_EQ(send(), u"sent"_s);
+    QFile size(path(u"size"_s));
+    ASSERT_TRUE(size.open(QIODevice::ReadOnly));
+    EXPECT_GT(size.readAll().trimmed().toInt(), 200000);
+}
 
 TEST_F(Mail, RefusesWhatCannotTravel)
 {
@@ -206,7 +241,7 @@ TEST_F(Mail, DraftsReachTheMailApplicationWithTheirFile)
     message.subject = u"C:\\temp\\c, l’été & 100 % « \\\\ »"_s;
     const Composition draft{{}, {}, {}, QUrl::fromLocalFile(message.attachments[0])};
     EXPECT_TRUE(sharing.composeEmail()->canPerform(draft));
-    EXPECT_FALSE(SendmailTransport(clock, drafts).showDraft(message));
+    EXPECT_FALSE(SendmailTransport(clock, drafts, progress).showDraft(message));
     const QUrl opened(answer());
     const QUrlQuery read(opened);
     EXPECT_EQ(opened.path(), u"alix@example.fr"_s);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "messaging/send_desk.h"
 #include "store/store_fixture.h"
 #include "ui/kit/switches.h"
 #include "ui/table/contact_table_view.h"

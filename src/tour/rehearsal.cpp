@@ -1,0 +1,54 @@
+#include "tour/rehearsal.h"
+
+#include "messaging/send_desk.h"
+#include "ui/kit/switches.h"
+#include "ui/window/content_view.h"
+
+using namespace Qt::StringLiterals;
+
+namespace quenoria {
+
+namespace {
+
+const QString sms = u"sms"_s;
+const QString email = u"email"_s;
+const QString both = u"tout"_s;
+
+std::vector<Prospect> notSentTo(const ProspectStore &store, Channel channel)
+{
+    std::vector<Prospect> contacts = store.allProspects();
+    std::erase_if(contacts, [&](const Prospect &contact) {
+        return !(channel == Channel::sms ? store.sendHistory(contact) : store.emailHistory(contact))
+                    .empty();
+    });
+    return contacts;
+}
+
+} // namespace
+
+const QStringList &rehearsalNames()
+{
+    static const QStringList names{sms, email, both};
+    return names;
+}
+
+void rehearse(ContentView &window, SendDesk &desk, Switches &switches, const QString &name)
+{
+    ProspectStore &store = desk.store();
+    switches.setAutoValidateSMS(true);
+    switches.setAutoValidateEmail(true);
+    for (const Prospect &contact : notSentTo(store, Channel::sms))
+        store.setSelectedForSending(true, contact);
+    const std::vector<Prospect> byEmail = notSentTo(store, Channel::email);
+    for (const Prospect &contact : byEmail) {
+        store.setSelectedForEmailSending(true, contact);
+        if (name == both)
+            desk.order(Channel::email, contact.id, false).then([](const SendOutcome &) {});
+    }
+    if (name == email)
+        window.openEmailQueue();
+    else
+        window.openSMSQueue();
+}
+
+} // namespace quenoria
