@@ -1,5 +1,7 @@
 #include "app/command_line.h"
 
+#include "tour/rehearsal.h"
+
 #include <QCommandLineParser>
 #include <QCoreApplication>
 
@@ -29,6 +31,9 @@ std::variant<StartOptions, Answer> parseCommandLine(const QStringList &arguments
     const QCommandLineOption data(u"data-dir"_s, u"Dossier de données à utiliser."_s, u"DOSSIER"_s);
     const QCommandLineOption tour(
         u"tour"_s, u"Avec --demo : visite guidée, images dans ce dossier."_s, u"DOSSIER"_s);
+    const QCommandLineOption rehearsal(
+        u"repetition"_s,
+        u"Avec --demo : envoie aussitôt à chaque contact, par sms, email ou tout."_s, u"CANAL"_s);
     const QCommandLineOption appearance(
         u"appearance"_s, u"light, dark ou auto (celle du bureau)."_s, u"APPARENCE"_s, u"auto"_s);
     QCommandLineParser parser;
@@ -36,7 +41,7 @@ std::variant<StartOptions, Answer> parseCommandLine(const QStringList &arguments
         u"Suivi de prospects et files d’envoi SMS et e-mail, sans intermédiaire."_s);
     const QCommandLineOption help = parser.addHelpOption();
     const QCommandLineOption version = parser.addVersionOption();
-    parser.addOptions({demo, data, tour, appearance});
+    parser.addOptions({demo, data, tour, rehearsal, appearance});
 
     if (!parser.parse(arguments))
         return refuse(parser.errorText());
@@ -48,11 +53,19 @@ std::variant<StartOptions, Answer> parseCommandLine(const QStringList &arguments
         return refuse(u"Argument inattendu : %1"_s.arg(parser.positionalArguments().first()));
     if (parser.isSet(tour) && !parser.isSet(demo))
         return refuse(u"La visite guidée n’existe qu’en démonstration : ajoutez --demo."_s);
+    if (parser.isSet(rehearsal) && !parser.isSet(demo))
+        return refuse(u"La répétition n’existe qu’en démonstration : ajoutez --demo."_s);
+    if (parser.isSet(rehearsal) && !rehearsalNames().contains(parser.value(rehearsal)))
+        return refuse(u"Répétition inconnue : %1"_s.arg(parser.value(rehearsal)));
     const QString look = parser.value(appearance);
     if (look != u"auto"_s && look != u"light"_s && look != u"dark"_s)
         return refuse(u"Apparence inconnue : %1"_s.arg(look));
 
-    StartOptions options{parser.isSet(demo), valueOf(parser, data), valueOf(parser, tour), {}};
+    StartOptions options{parser.isSet(demo),
+                         valueOf(parser, data),
+                         valueOf(parser, tour),
+                         valueOf(parser, rehearsal),
+                         {}};
     if (look != u"auto"_s)
         options.darkAppearance = look == u"dark"_s;
     return options;

@@ -13,6 +13,7 @@ struct StartOptions {
     bool demonstration = false;
     std::optional<QString> dataFolder;
     std::optional<QString> tourFolder;  ///< where the visit leaves its pictures
+    std::optional<QString> rehearsal;   ///< what the demonstration sends by itself
     std::optional<bool> darkAppearance; ///< absent: the desktop's
 };
 

@@ -6,8 +6,10 @@
 #include "platform/linux/linux_desktop.h"
 #include "platform/qt/main_window.h"
 #include "platform/qt/single_instance.h"
+#include "platform/qt/termination_signals.h"
 #include "resources/resources.h"
 #include "tour/demonstration.h"
+#include "tour/rehearsal.h"
 #include "tour/tour.h"
 #include "ui/kit/deliberate_input.h"
 #include "ui/kit/symbol.h"
@@ -17,6 +19,7 @@
 #include <QApplication>
 #include <QLibraryInfo>
 #include <QLoggingCategory>
+#include <QSessionManager>
 #include <QTranslator>
 
 #include <iostream>
@@ -75,8 +78,39 @@ std::unique_ptr<Desktop> makeDesktop(const StartOptions &options)
         options.dataFolder.value_or(LinuxDesktop::standardDataFolder()));
 }
 
+/// Lets the session end, or the user stay, once nothing is under way.
+void followSession(ContentView &window)
+{
+    const auto commit = [&window](QSessionManager &session) {
+        const bool mayAsk = session.allowsInteraction();
+        if (!window.settle(mayAsk))
+            session.cancel();
+        session.release();
+    };
+    QObject::connect(qApp, &QGuiApplication::commitDataRequest, &window, commit,
+                     Qt::DirectConnection);
+}
+
+/// Lives until the window has been left; gives the exit code, which tells a signal.
+int execute(ContentView &window, TerminationSignals &termination)
+{
+    int asked = 0;
+    followSession(window);
+    QObject::connect(&termination, &TerminationSignals::received, &window, [&](int exitCode) {
+        asked = exitCode;
+        window.quit();
+    });
+    QObject::connect(&window, &ContentView::stayed, &termination, [&] {
+        asked = 0;
+        termination.rearm();
+    });
+    const int failure = QApplication::exec();
+    return failure != 0 ? failure : asked;
+}
+
 int run(const StartOptions &options)
 {
+    TerminationSignals termination;
     const std::unique_ptr<Desktop> desktop = makeDesktop(options);
     OlvakSMSManualApp application(*desktop);
     const QString folder = application.platform().folders.data();
@@ -96,7 +130,9 @@ int run(const StartOptions &options)
             .run(*options.tourFolder);
     if (options.demonstration)
         importDemonstration(window, application.store(), application.platform());
-    return QApplication::exec();
+    if (options.rehearsal)
+        rehearse(window, application.desk(), application.switches(), *options.rehearsal);
+    return execute(window, termination);
 }
 
 } // namespace

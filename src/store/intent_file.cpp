@@ -5,7 +5,6 @@
 
 #include <QDir>
 #include <QFile>
-#include <QSaveFile>
 
 using namespace Qt::StringLiterals;
 
@@ -64,13 +63,9 @@ Refusal IntentFile::write() const
     std::string text;
     appendJson(text, m_intents, 0);
     text += '\n';
-    QSaveFile target(m_path);
-    if (!target.open(QIODevice::WriteOnly) ||
-        !target.setPermissions(QFile::ReadOwner | QFile::WriteOwner) ||
-        target.write(text.data(), qsizetype(text.size())) != qsizetype(text.size()) ||
-        !target.flush() || !target.commit())
-        return target.errorString();
-    return {};
+    if (Refusal refusal = m_platform.files.makeFolder(m_platform.folders.data()))
+        return refusal;
+    return m_platform.files.write(m_path, QByteArrayView(text.data(), qsizetype(text.size())));
 }
 
 } // namespace quenoria

@@ -81,6 +81,7 @@ public:
                               const QString &department, const QString &profession);
     struct ContactEdit {
         QString name, commune, phone, email, department, profession; ///< as typed
+        bool operator==(const ContactEdit &) const = default;
     };
     [[nodiscard]] Refusal update(const Prospect &prospect, const ContactEdit &edit);
     int deleteProspects(const IdSet &ids); ///< how many contacts went

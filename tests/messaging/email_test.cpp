@@ -124,7 +124,7 @@ TEST_F(Email, ScriptFailuresHaveTheirMessages)
     const QString line = u"Impossible de préparer la pièce jointe dans Mail : erreur -10000, 550"_s;
     EXPECT_EQ(desktop.log.lines, (QStringList{line, line}));
     scripts.mail.answer = TransportFailure{u"lent"_s, Fate::perhapsSent};
-    EXPECT_EQ(automatic(alix()), notAuthorised);
+    EXPECT_EQ(automatic(alix()), u"perhaps: lent"_s);
     EXPECT_TRUE(desktop.log.lines.back().endsWith(u"erreur -1712, lent"_s));
     desktop.scripts.answer = [](const QString &) { return ScriptNotCreated{}; };
     EXPECT_FALSE(store().sendEmailAutomatically(alix()).isReady()) << "runs on another thread";

@@ -55,7 +55,7 @@ std::optional<QByteArray> MemoryResources::read(const QString &name, const QStri
 Platform FakeDesktop::platform()
 {
     return {clock,      preferences, folders,   scripts, workspace, sharing,
-            pasteboard, panels,      resources, log,     files, handOver};
+            pasteboard, panels,      resources, log,     files,     handOver};
 }
 
 QByteArray FakeDesktop::file(const QString &name) const

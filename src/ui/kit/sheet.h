@@ -25,6 +25,9 @@ public:
     /// Shows the sheet over its window, and destroys it once it has been left.
     void present();
 
+    /// Whether something was typed that leaving would lose.
+    [[nodiscard]] virtual bool hasUnsavedInput() const { return false; }
+
     void setVisible(bool visible) override;
 
 protected:

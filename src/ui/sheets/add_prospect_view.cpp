@@ -36,6 +36,8 @@ AddProspectView::AddProspectView(ProspectStore &store, QWidget *parent)
     m_form->focusFirstField();
 }
 
+bool AddProspectView::hasUnsavedInput() const { return m_fields != newContactFields(); }
+
 void AddProspectView::createDepartment()
 {
     auto *sheet = new NewDepartmentView(m_store, this);

@@ -15,6 +15,8 @@ class AddProspectView : public Sheet {
 public:
     AddProspectView(ProspectStore &store, QWidget *parent);
 
+    bool hasUnsavedInput() const override;
+
 private:
     void createDepartment();
     void add();

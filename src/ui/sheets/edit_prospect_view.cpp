@@ -27,6 +27,8 @@ EditProspectView::EditProspectView(ProspectStore &store, const Prospect &prospec
     form->focusFirstField();
 }
 
+bool EditProspectView::hasUnsavedInput() const { return m_fields != contactFields(m_prospect); }
+
 void EditProspectView::save()
 {
     const Refusal refusal = m_store.update(m_prospect, m_fields);

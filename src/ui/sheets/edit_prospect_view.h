@@ -14,6 +14,8 @@ class EditProspectView : public Sheet {
 public:
     EditProspectView(ProspectStore &store, const Prospect &prospect, QWidget *parent);
 
+    bool hasUnsavedInput() const override;
+
 private:
     void save();
 

@@ -27,6 +27,11 @@ NewDepartmentView::NewDepartmentView(ProspectStore &store, QWidget *parent)
     connect(confirm, &QPushButton::clicked, this, &NewDepartmentView::create);
 }
 
+bool NewDepartmentView::hasUnsavedInput() const
+{
+    return !m_code->text().isEmpty() || !m_name->text().isEmpty();
+}
+
 void NewDepartmentView::create()
 {
     const QString code = m_code->text().trimmed().toUpper();

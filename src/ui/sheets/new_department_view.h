@@ -16,6 +16,8 @@ class NewDepartmentView : public Sheet {
 public:
     NewDepartmentView(ProspectStore &store, QWidget *parent);
 
+    bool hasUnsavedInput() const override;
+
 Q_SIGNALS:
     /// The department exists now; the form that opened the sheet selects it.
     void created(const QString &code);

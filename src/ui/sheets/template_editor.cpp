@@ -31,16 +31,27 @@ bool TemplateEditor::canRemove() const
     return m_selectedID != m_channel.defaultID && m_selectedID != m_channel.newID;
 }
 
+bool TemplateEditor::isChanged() const
+{
+    return trimmed(draft) != trimmed(stored(m_selectedID).value_or(TemplateDraft()));
+}
+
+std::optional<TemplateDraft> TemplateEditor::stored(const QString &id) const
+{
+    const std::vector<EmailTemplate> templates = m_channel.all(m_store);
+    const auto found = std::ranges::find(templates, id, &EmailTemplate::id);
+    if (found == templates.end())
+        return std::nullopt;
+    return TemplateDraft{found->title, found->subject, found->body};
+}
+
 void TemplateEditor::select(const QString &id)
 {
     m_selectedID = id;
     m_message.clear();
-    draft = {};
-    const std::vector<EmailTemplate> templates = m_channel.all(m_store);
-    const auto found = std::ranges::find(templates, id, &EmailTemplate::id);
-    if (found != templates.end())
-        draft = {found->title, found->subject, found->body};
-    else if (canRemove())
+    const std::optional<TemplateDraft> found = stored(id);
+    draft = found.value_or(TemplateDraft());
+    if (!found && canRemove())
         select(m_channel.defaultID);
 }
 

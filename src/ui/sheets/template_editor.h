@@ -16,6 +16,7 @@ public:
     std::vector<Choice> choices() const; ///< the templates in store order, then the new one
     const QString &selectedID() const { return m_selectedID; }
     bool canRemove() const;
+    bool isChanged() const; ///< the draft is not what the store holds
     const QString &message() const { return m_message; }
     Tint messageTint() const { return m_messageTint; }
 
@@ -26,6 +27,7 @@ public:
     void save();
 
 private:
+    std::optional<TemplateDraft> stored(const QString &id) const;
     void say(const QString &message, Tint tint);
 
     ProspectStore &m_store;

@@ -15,6 +15,9 @@ class TextBox;
 class TemplateManagerView : public Sheet {
     Q_OBJECT
 
+public:
+    bool hasUnsavedInput() const override { return m_editor.isChanged(); }
+
 protected:
     TemplateManagerView(ProspectStore &store, const TemplateChannel &channel, QWidget *parent);
 

@@ -61,21 +61,19 @@ QMessageBox *makeBox(QWidget *window, const QIcon &icon, const QString &title,
     return box;
 }
 
-/// Opens the alert over whatever stands over the window, since two side by side would block each
-/// other. When that goes by itself, the alert stays, over the window alone.
-void openInFront(QMessageBox *box, QWidget *window)
+} // namespace
+
+void openInFront(QDialog *dialog, QWidget *window)
 {
     if (auto *front = qobject_cast<QDialog *>(QApplication::activeModalWidget())) {
-        box->setParent(front, box->windowFlags());
-        QObject::connect(front, &QDialog::finished, box, [box, window] {
-            box->setParent(window, box->windowFlags());
-            openInFront(box, window);
+        dialog->setParent(front, dialog->windowFlags());
+        QObject::connect(front, &QDialog::finished, dialog, [dialog, window] {
+            dialog->setParent(window, dialog->windowFlags());
+            openInFront(dialog, window);
         });
     }
-    box->open();
+    dialog->open();
 }
-
-} // namespace
 
 void showAlert(QWidget *window, const QString &title, const QString &message)
 {

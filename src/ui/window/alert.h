@@ -5,6 +5,7 @@
 #include <functional>
 #include <vector>
 
+class QDialog;
 class QWidget;
 
 namespace quenoria {
@@ -27,6 +28,10 @@ struct AlertChoice {
 /// the default, and what Escape means.
 QWidget *offerChoices(QWidget *window, const QString &title, const QString &message,
                       const std::vector<AlertChoice> &choices);
+
+/// Opens the dialog over whatever stands over the window, since two side by side would block each
+/// other. When that goes by itself, the dialog stays, over the window alone.
+void openInFront(QDialog *dialog, QWidget *window);
 
 /// What must be asked before it is done, since it cannot be undone.
 struct Destruction {

@@ -52,7 +52,8 @@ ContentView::ContentView(SendDesk &desk, Switches &switches, const Platform &pla
       m_platform(platform), m_model(m_store, switches, platform.clock), m_commands(*this, switches),
       m_rows(new RowActions(desk, switches, this)),
       m_import(new WorkbookImport(m_store, platform.panels, this)),
-      m_farewell(new Farewell(desk, this)), m_files(new FileAlerts(m_store, switches, this)),
+      m_files(new FileAlerts(m_store, switches, this)),
+      m_farewell(new Farewell(desk, *m_files, this)),
       m_doubts(new DoubtAlerts(desk, platform.clock.zone(), this)),
       m_header(new WindowHeader(m_commands)), m_headerArea(new HeaderArea(m_header)),
       m_table(new ContactTableView(m_model)), m_pages(new TablePages(m_table)),
@@ -153,6 +154,7 @@ void ContentView::followRowActions()
     connect(m_import, &WorkbookImport::finished, this,
             [alert](const ImportReport &report) { alert(report.title, report.message); });
     connect(m_farewell, &Farewell::ready, this, &ContentView::quit, Qt::QueuedConnection);
+    connect(m_farewell, &Farewell::calledOff, this, &ContentView::stayed);
 }
 
 void ContentView::refresh()
@@ -207,13 +209,14 @@ void ContentView::closeEvent(QCloseEvent *event)
         event->ignore();
         return;
     }
-    if (!m_files->mayLeave()) {
-        m_desk.reopen();
-        event->ignore();
-        return;
-    }
     saveLayout();
     QMainWindow::closeEvent(event);
+}
+
+bool ContentView::settle(bool mayAsk)
+{
+    saveLayout();
+    return m_farewell->settle(mayAsk);
 }
 
 void ContentView::restoreLayout()

@@ -35,6 +35,10 @@ public:
 
     void importWorkbook(const QString &path);
 
+    /// Makes ready for the session's end: nothing is under way and all is on the disk when it comes
+    /// back. False when the user, whom it asks only if it may, wants to stay.
+    bool settle(bool mayAsk);
+
     // The commands.
     void addContact();
     void importExcelFile();
@@ -53,6 +57,10 @@ public:
     void startSearch();
     void toggleFullScreen();
     void resetColumnWidths();
+
+Q_SIGNALS:
+    /// The window was asked to close and stays open.
+    void stayed();
 
 protected:
     void changeEvent(QEvent *event) override;
@@ -84,8 +92,8 @@ private:
     CommandActions m_commands;
     RowActions *m_rows;
     WorkbookImport *m_import;
-    Farewell *m_farewell;
     FileAlerts *m_files;
+    Farewell *m_farewell;
     DoubtAlerts *m_doubts;
     WindowHeader *m_header;
     HeaderArea *m_headerArea;

@@ -2,8 +2,11 @@
 
 #include "messaging/send_desk.h"
 #include "ui/kit/labels.h"
+#include "ui/kit/sheet.h"
+#include "ui/window/alert.h"
+#include "ui/window/file_alerts.h"
 
-#include <QDialog>
+#include <QEventLoop>
 #include <QLabel>
 #include <QProgressBar>
 #include <QVBoxLayout>
@@ -42,30 +45,94 @@ public:
 
 } // namespace
 
-Farewell::Farewell(SendDesk &desk, QWidget *window)
-    : QObject(window), m_desk(desk), m_window(window)
+Farewell::Farewell(SendDesk &desk, FileAlerts &files, QWidget *window)
+    : QObject(window), m_desk(desk), m_files(files), m_window(window)
 {
-    connect(&m_desk, &SendDesk::idle, this, &Farewell::look);
+    connect(&m_desk, &SendDesk::idle, this, &Farewell::finish);
 }
 
 bool Farewell::mayLeave()
 {
-    m_desk.close();
-    if (!m_desk.isBusy())
-        return true;
-    if (!m_notice) {
-        m_notice = new Notice(m_window);
-        m_notice->open();
+    if (!m_inputIsGivenUp && hasUnsavedInput()) {
+        askAboutInput();
+        return false;
     }
+    m_desk.close();
+    if (m_desk.isBusy()) {
+        showNotice();
+        return false;
+    }
+    if (m_files.mayLeave())
+        return true;
+    callOff();
     return false;
 }
 
-void Farewell::look()
+bool Farewell::settle(bool mayAsk)
+{
+    if (mayAsk && hasUnsavedInput() && !awaitAnswer())
+        return false;
+    m_desk.close();
+    if (m_desk.isBusy()) {
+        QEventLoop untilIdle;
+        connect(&m_desk, &SendDesk::idle, &untilIdle, &QEventLoop::quit);
+        untilIdle.exec();
+    }
+    m_desk.reopen(); // the session may yet go on
+    return m_files.mayLeave() || !mayAsk;
+}
+
+bool Farewell::hasUnsavedInput() const
+{
+    const QList<Sheet *> sheets = m_window->findChildren<Sheet *>();
+    return std::ranges::any_of(
+        sheets, [](const Sheet *sheet) { return sheet->isVisible() && sheet->hasUnsavedInput(); });
+}
+
+void Farewell::askAboutInput()
+{
+    if (m_question)
+        return;
+    const auto giveUp = [this] {
+        m_inputIsGivenUp = true;
+        Q_EMIT ready();
+    };
+    m_question = offerChoices(m_window, u"Quitter sans enregistrer la saisie ?"_s,
+                              u"Ce que vous avez saisi dans la fenêtre ouverte n’est pas encore "
+                              "enregistré et serait perdu."_s,
+                              {{u"Quitter"_s, giveUp}, {u"Rester"_s, [this] { callOff(); }}});
+}
+
+bool Farewell::awaitAnswer()
+{
+    QEventLoop untilAnswered;
+    connect(this, &Farewell::ready, &untilAnswered, [&] { untilAnswered.exit(1); });
+    connect(this, &Farewell::calledOff, &untilAnswered, [&] { untilAnswered.exit(0); });
+    askAboutInput();
+    return untilAnswered.exec() == 1;
+}
+
+void Farewell::showNotice()
+{
+    if (m_notice)
+        return;
+    m_notice = new Notice(m_window);
+    openInFront(m_notice, m_window);
+}
+
+void Farewell::finish()
 {
     if (!m_notice)
         return;
     delete m_notice;
     Q_EMIT ready();
+}
+
+void Farewell::callOff()
+{
+    m_inputIsGivenUp = false;
+    m_desk.reopen();
+    Q_EMIT calledOff();
 }
 
 } // namespace quenoria

@@ -116,6 +116,7 @@ TEST_F(QueueSheets, EmailsGoOneAfterTheOtherAndStopOnARefusal)
 {
     switches.setAutoValidateEmail(true);
     show<BatchEmailSendView>();
+    settle();
     EXPECT_TRUE(shows(u"Contact 2 sur 3"_s)) << "a contact without an address is not queued";
     EXPECT_EQ(desktop.clock.pending(), std::vector{800ms});
     desktop.scripts.answer = [](const QString &) { return ScriptError{u"x"_s, {}}; };
@@ -166,6 +167,49 @@ TEST_F(QueueSheets, EnterPreparesAndNeverConfirms)
     }
     EXPECT_EQ(sent(1), 1U);
     EXPECT_TRUE(button(u"Préparer ce SMS"_s)->hasFocus());
+}
+
+TEST_F(QueueSheets, WhatIsClickedDuringASlowSendNeverMeetsTheNextContact)
+{
+    switches.setAutoValidateEmail(true);
+    desktop.scripts.answer = [this](const QString &) {
+        gate.acquire();
+        return ScriptDone{};
+    };
+    show<BatchEmailSendView>();
+    for (const QString &text :
+         {u"Ignorer"_s, u"Envoi automatique…"_s, u"E-mail envoyé, suivant"_s}) {
+        QWidget *target = button(text);
+        for (const QEvent::Type type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease})
+            QCoreApplication::postEvent(
+                target, new QMouseEvent(type, {5, 5}, {5, 5}, Qt::LeftButton, Qt::LeftButton, {}));
+        QCoreApplication::postEvent(target, new QKeyEvent(QEvent::KeyPress, Qt::Key_Space, {}));
+    }
+    switches.setAutoValidateEmail(false); // the run ends after this contact
+    gate.release();
+    settle();
+    desktop.clock.advance(800ms);
+    EXPECT_TRUE(shows(u"Contact 2 sur 3"_s) && shows(u"b"_s));
+    EXPECT_FALSE(button(u"E-mail envoyé, suivant"_s)->isEnabled()) << "nothing was prepared";
+    EXPECT_EQ(store->emailSendSelection().size(), 2U) << "nobody was skipped";
+    EXPECT_EQ(desktop.scripts.sources.size(), 1);
+}
+
+TEST_F(QueueSheets, ADoubtStopsTheRunAndItsAnswerMovesOn)
+{
+    switches.setAutoValidateEmail(true);
+    desktop.scripts.answer = [](const QString &) {
+        return ScriptError{u"x"_s, {}, ScriptError::timedOut};
+    };
+    show<BatchEmailSendView>();
+    settle();
+    EXPECT_TRUE(shows(u"Cet envoi a été interrompu. Le message est peut-être parti."_s));
+    press(u"Envoyer automatiquement"_s);
+    EXPECT_EQ(desktop.scripts.sources.size(), 1) << "not sent again before the answer";
+    desk->answer(desk->doubts().at(0), DoubtAnswer::left);
+    EXPECT_TRUE(shows(u"b"_s) && shows(u"Contact 2 sur 3"_s));
+    EXPECT_EQ(store->emailHistory(contact(1)).size(), 1U);
+    EXPECT_EQ(store->emailSendSelection().size(), 2U);
 }
 
 TEST_F(QueueSheets, ClosedWhileWaitingSendsNothingMore)

@@ -3,7 +3,9 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenuBar>
+#include <QPlainTextEdit>
 #include <QSemaphore>
+#include <QSignalSpy>
 #include <QStackedWidget>
 
 using namespace quenoria;
@@ -264,6 +266,56 @@ TEST_F(Window, WaitsForASendBeforeItCloses)
     messages.release();
     EXPECT_TRUE(QTest::qWaitFor([this] { return !window().isVisible(); }));
     EXPECT_EQ(store().sendHistory(chloe()).size(), 1U);
+}
+
+TEST_F(Window, AnExitThatIsCalledOffLeavesTheRowsSending)
+{
+    switches.setAutoValidateEmail(true);
+    desktop.workspace.mailApplication = u"com.apple.mail"_s;
+    window();
+    const QString path = obstruct(Collection::departments);
+    store().save(Collection::departments);
+    QSignalSpy stayed(&window(), &ContentView::stayed);
+    EXPECT_FALSE(window().close());
+    EXPECT_EQ(stayed.size(), 1);
+    EXPECT_TRUE(QDir(path).removeRecursively());
+    Q_EMIT table().actionRequested(RowAction::sendEmail, alix().id);
+    settle();
+    EXPECT_EQ(store().emailHistory(alix()).size(), 1U);
+}
+
+TEST_F(Window, AFilledFormAsksOnceBeforeTheExit)
+{
+    press(u"Départements"_s);
+    EXPECT_TRUE(window().settle(true)) << "an open sheet alone asks nothing";
+    window().findChild<QDialog *>()->reject();
+    press(u"Gérer les SMS"_s);
+    window().findChild<QPlainTextEdit *>()->setPlainText(u"brouillon"_s);
+    EXPECT_FALSE(window().close());
+    press(u"Rester"_s);
+    EXPECT_TRUE(window().isVisible());
+    EXPECT_FALSE(window().close());
+    press(u"Quitter"_s);
+    EXPECT_FALSE(window().isVisible());
+}
+
+TEST_F(Window, ADoubtIsAskedAtTheStartWithAllThatIsKnown)
+{
+    desktop.writeFile(u".envoi-en-cours"_s,
+                      R"([{"contact": "0639980010", "channel": "sms", "label": "ALIX <b>&amp;</b>",
+                           "recipient": "06 39 98 00 10", "instant": "2026-02-28T23:30:00Z",
+                           "digest": "", "known": []}])");
+    EXPECT_TRUE(shows(u"Cet envoi a été interrompu. Le message est peut-être parti."_s));
+    EXPECT_TRUE(shows(u"ALIX <b>&amp;</b>\n06 39 98 00 10\nSMS\n01/03/2026 à 00:30:00"_s));
+    Q_EMIT table().actionRequested(RowAction::sendSMS, alix().id);
+    EXPECT_TRUE(desktop.workspace.opened.isEmpty());
+    press(u"Décider plus tard"_s);
+    Q_EMIT table().actionRequested(RowAction::sendSMS, alix().id);
+    press(u"Enregistrer l’envoi"_s);
+    EXPECT_EQ(store().sendHistory(alix()).size(), 1U);
+    EXPECT_TRUE(store().smsMonthlyRecipientsByMonth().find(u"2026-03"_s)->contains(alix().id))
+        << "in the month of that instant";
+    EXPECT_TRUE(desktop.file(u".envoi-en-cours"_s).isNull());
 }
 
 } // namespace

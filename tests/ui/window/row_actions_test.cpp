@@ -67,6 +67,19 @@ TEST_F(RowButtons, SendAndRecord)
     EXPECT_EQ(store().emailStatus(alix())->sendHistory->size(), 1U);
 }
 
+TEST_F(RowButtons, ASecondClickOrdersNothing)
+{
+    switches.setAutoValidateSMS(true);
+    switches.setAutoValidateEmail(true);
+    for (const RowAction action : {RowAction::sendSMS, RowAction::sendEmail}) {
+        actions->perform(action, alix().id);
+        perform(action, alix());
+    }
+    EXPECT_EQ(desktop.scripts.sources.size(), 2);
+    EXPECT_EQ(store().sendHistory(alix()).size() + store().emailHistory(alix()).size(), 2U);
+    EXPECT_EQ(failure, QString()) << "no alert either";
+}
+
 TEST_F(RowButtons, AMessageThatLeftIsRecordedWithoutItsWindow)
 {
     switches.setAutoValidateSMS(true);
