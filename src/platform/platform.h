@@ -4,6 +4,7 @@
 #include "platform/file_panels.h"
 #include "platform/folders.h"
 #include "platform/hand_over_progress.h"
+#include "platform/mailbox.h"
 #include "platform/pasteboard.h"
 #include "platform/preferences.h"
 #include "platform/resources.h"
@@ -30,6 +31,7 @@ struct Platform {
     SystemLog &log;
     FileWriter &files;
     HandOverProgress &handOver;
+    Mailbox &mailbox;
 };
 
 } // namespace quenoria

@@ -6,7 +6,8 @@
 
 namespace quenoria {
 
-/// The user's preferences, kept by the desktop between two starts.
+/// The user's preferences, kept by the desktop between two starts. Transports read theirs on the
+/// thread of a script, so any thread may use them.
 class Preferences {
 public:
     virtual ~Preferences() = default;

@@ -55,7 +55,7 @@ class Journey(unittest.TestCase):
     @classmethod
     def setUpClass(cls):
         equip_desktop()
-        cls.server = start_mail_server("refuse", "hang-up", "accept")
+        cls.server = start_mail_server("END 550 5.7.1 Message refused", "END drop", "accept")
         cls.program = Program(DATA)
 
     @classmethod

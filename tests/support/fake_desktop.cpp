@@ -52,10 +52,24 @@ std::optional<QByteArray> MemoryResources::read(const QString &name, const QStri
     return lookUp(files, name + u'.' + suffix);
 }
 
+QFuture<PasswordPlace> RecordingMailbox::setPassword(const QString &password)
+{
+    passwords << password;
+    place = placeOfNew;
+    return QtFuture::makeReadyFuture(place);
+}
+
+QFuture<TransportResult> RecordingMailbox::sendTest()
+{
+    ++tests;
+    return QtFuture::makeReadyFuture(testResult);
+}
+
 Platform FakeDesktop::platform()
 {
     return {clock,      preferences, folders,   scripts, workspace, sharing,
-            pasteboard, panels,      resources, log,     files,     handOver};
+            pasteboard, panels,      resources, log,     files,     handOver,
+            mailbox};
 }
 
 QByteArray FakeDesktop::file(const QString &name) const

@@ -121,6 +121,22 @@ struct Disk : WholeFileWriter {
     }
 };
 
+/// A mailbox whose keyring and server answer what the test prepared.
+struct RecordingMailbox : Mailbox {
+    PasswordPlace place = PasswordPlace::nowhere;
+    PasswordPlace placeOfNew = PasswordPlace::keyring;
+    TransportResult testResult;
+    std::optional<QString> program;
+    QStringList passwords;
+    int tests = 0;
+
+    bool isFixed() const override { return false; }
+    std::optional<QString> otherRoad() const override { return program; }
+    QFuture<PasswordPlace> findPassword() override { return QtFuture::makeReadyFuture(place); }
+    QFuture<PasswordPlace> setPassword(const QString &password) override;
+    QFuture<TransportResult> sendTest() override;
+};
+
 /// A whole desktop that records what it was asked for.
 struct FakeDesktop {
     FakeClock clock;
@@ -135,6 +151,7 @@ struct FakeDesktop {
     RecordingLog log;
     Disk files;
     HandOverProgress handOver;
+    RecordingMailbox mailbox;
 
     Platform platform();
 

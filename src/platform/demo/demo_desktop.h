@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/demo/demo_mail.h"
+#include "platform/demo/demo_mailbox.h"
 #include "platform/demo/demo_messages.h"
 #include "platform/demo/demo_sharing.h"
 #include "platform/demo/demo_workspace.h"
@@ -24,6 +25,7 @@ public:
     [[nodiscard]] MailTransport &mail() override { return m_mail; }
     [[nodiscard]] Workspace &workspace() override { return m_workspace; }
     [[nodiscard]] SharingServices &sharing() override { return m_sharing; }
+    [[nodiscard]] Mailbox &mailbox() override { return m_mailbox; }
 
 private:
     Outbox m_outbox;
@@ -31,6 +33,7 @@ private:
     DemoMail m_mail;
     DemoWorkspace m_workspace;
     DemoSharing m_sharing;
+    DemoMailbox m_mailbox;
 };
 
 } // namespace quenoria

@@ -18,7 +18,10 @@ QString preferencesFile()
 
 LinuxDesktop::LinuxDesktop(const QString &dataFolder)
     : Desktop(dataFolder, preferencesFile()), m_drafts(QDBusConnection::sessionBus()),
-      m_mail(m_clock, m_drafts, m_handOver), m_sharing(m_drafts, m_log)
+      m_smtp(m_clock, m_preferences, m_passwords), m_sendmail(m_clock, m_drafts, m_handOver),
+      m_mail(m_smtp, m_sendmail, m_preferences),
+      m_mailbox(m_preferences, m_keyring, m_passwords, m_mail), m_workspace(m_mail),
+      m_sharing(m_drafts, m_log)
 {
 }
 

@@ -1,10 +1,11 @@
 #pragma once
 
 #include "platform/linux/draft_opener.h"
+#include "platform/linux/keyring.h"
+#include "platform/linux/linux_mailbox.h"
 #include "platform/linux/linux_sharing.h"
 #include "platform/linux/linux_workspace.h"
 #include "platform/linux/no_messages.h"
-#include "platform/linux/sendmail_transport.h"
 #include "platform/qt/desktop.h"
 
 namespace quenoria {
@@ -21,11 +22,17 @@ public:
     [[nodiscard]] MailTransport &mail() override { return m_mail; }
     [[nodiscard]] Workspace &workspace() override { return m_workspace; }
     [[nodiscard]] SharingServices &sharing() override { return m_sharing; }
+    [[nodiscard]] Mailbox &mailbox() override { return m_mailbox; }
 
 private:
     DraftOpener m_drafts;
     NoMessages m_messages;
-    SendmailTransport m_mail;
+    std::shared_ptr<KnownPasswords> m_passwords = std::make_shared<KnownPasswords>();
+    SmtpTransport m_smtp;
+    SendmailTransport m_sendmail;
+    MailCarrier m_mail;
+    Keyring m_keyring;
+    LinuxMailbox m_mailbox;
     LinuxWorkspace m_workspace;
     LinuxSharing m_sharing;
 };

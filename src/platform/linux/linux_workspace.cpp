@@ -1,7 +1,6 @@
 #include "platform/linux/linux_workspace.h"
 
 #include "platform/linux/applications.h"
-#include "platform/linux/mail_program.h"
 #include "platform/qt/main_window.h"
 
 using namespace Qt::StringLiterals;
@@ -12,7 +11,7 @@ bool LinuxWorkspace::openUrl(const QUrl &url) { return openInApplication(url); }
 
 std::optional<QString> LinuxWorkspace::defaultApplication(const QUrl &url) const
 {
-    if (url.scheme() == u"mailto"_s && mailProgram())
+    if (url.scheme() == u"mailto"_s && m_mail.isSetUp())
         return u"com.apple.mail"_s;
     return applicationFor(url.scheme());
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/linux/mail_carrier.h"
 #include "platform/workspace.h"
 
 namespace quenoria {
@@ -7,14 +8,19 @@ namespace quenoria {
 /// The applications that the user registered with the desktop.
 class LinuxWorkspace : public Workspace {
 public:
+    explicit LinuxWorkspace(const MailCarrier &mail) : m_mail(mail) {}
+
     [[nodiscard]] bool openUrl(const QUrl &url) override;
 
-    /// "com.apple.mail" for an e-mail when a mail program is set up, since Quenoria then plays
+    /// "com.apple.mail" for an e-mail when the chosen road is set up, since Quenoria then plays
     /// that part itself; else the desktop id of the application registered for the scheme.
     [[nodiscard]] std::optional<QString> defaultApplication(const QUrl &url) const override;
 
     void hideApplications(const QString &bundleIdentifier) override;
     void comeToFront() override;
+
+private:
+    const MailCarrier &m_mail;
 };
 
 } // namespace quenoria

@@ -7,6 +7,7 @@
 #include <QFileInfo>
 #include <QMimeDatabase>
 #include <QSysInfo>
+#include <QUrl>
 
 #include <gmime/gmime.h>
 
@@ -115,6 +116,16 @@ Owned<GMimeObject> filePart(const QString &path)
     return part;
 }
 
+QStringList addressesOf(const OutgoingMessage &message, const std::optional<MailIdentity> &identity)
+{
+    QStringList addresses = message.recipients;
+    if (identity)
+        addresses << identity->address;
+    if (identity && !identity->replyTo.isEmpty())
+        addresses << identity->replyTo;
+    return addresses;
+}
+
 TransportFailure unreadable(const QString &path)
 {
     return {u"Le fichier joint « %1 » ne peut pas être lu."_s.arg(path)};
@@ -131,6 +142,23 @@ void setDate(GMimeMessage *message, const Clock &clock)
     g_date_time_unref(local);
     g_date_time_unref(utc);
     g_time_zone_unref(zone);
+}
+
+/// The sender's name is a text of the user's: it stays on its line. Recipients can ask for no more
+/// messages with one click, which writes to the sender.
+void setIdentity(GMimeMessage *message, const MailIdentity &identity)
+{
+    const QByteArray name = oneLine(identity.name);
+    const QByteArray address = identity.address.trimmed().toLatin1();
+    g_mime_message_add_mailbox(message, GMIME_ADDRESS_TYPE_FROM,
+                               name.isEmpty() ? nullptr : name.constData(), address);
+    if (!identity.replyTo.isEmpty())
+        g_mime_message_add_mailbox(message, GMIME_ADDRESS_TYPE_REPLY_TO, nullptr,
+                                   identity.replyTo.trimmed().toLatin1());
+    const QByteArray link =
+        "<mailto:" + QUrl::toPercentEncoding(QString::fromLatin1(address), "@") + "?subject=STOP>";
+    g_mime_object_set_header(GMIME_OBJECT(message), "List-Unsubscribe", link, nullptr);
+    g_mime_message_set_message_id(message, identity.messageId);
 }
 
 void setHeaders(GMimeMessage *message, const OutgoingMessage &outgoing, const Clock &clock)
@@ -159,12 +187,13 @@ QByteArray wireText(GMimeMessage *message)
 } // namespace
 
 std::variant<QByteArray, TransportFailure> mimeMessage(const OutgoingMessage &message,
-                                                       const Clock &clock)
+                                                       const Clock &clock,
+                                                       const std::optional<MailIdentity> &identity)
 {
     initialiseOnce();
-    for (const QString &recipient : message.recipients) {
-        if (!isPlain(recipient.trimmed()))
-            return TransportFailure{u"L’adresse « %1 » n’est pas utilisable."_s.arg(recipient)};
+    for (const QString &address : addressesOf(message, identity)) {
+        if (!isPlain(address.trimmed()))
+            return TransportFailure{u"L’adresse « %1 » n’est pas utilisable."_s.arg(address)};
     }
 
     Owned<GMimeObject> body = textPart(message.content);
@@ -181,6 +210,8 @@ std::variant<QByteArray, TransportFailure> mimeMessage(const OutgoingMessage &me
     }
     const Owned<GMimeMessage> mime(g_mime_message_new(true));
     setHeaders(mime.get(), message, clock);
+    if (identity)
+        setIdentity(mime.get(), *identity);
     g_mime_message_set_mime_part(mime.get(), body.get());
     return wireText(mime.get());
 }

@@ -26,6 +26,7 @@ public:
 
     [[nodiscard]] virtual Workspace &workspace() = 0;
     [[nodiscard]] virtual SharingServices &sharing() = 0;
+    [[nodiscard]] virtual Mailbox &mailbox() = 0;
 
     /// What the window must tell the user about this desktop all the time; empty for a real one.
     [[nodiscard]] virtual QString notice() const { return {}; }

@@ -63,6 +63,7 @@ std::optional<bool> SettingsPreferences::flag(const QString &key) const
 
 std::optional<QString> SettingsPreferences::text(const QString &key) const
 {
+    const std::lock_guard lock(m_mutex);
     const auto found = m_values.find(key);
     return found == m_values.end() ? std::nullopt : std::optional(found->second);
 }
@@ -74,11 +75,24 @@ void SettingsPreferences::setFlag(const QString &key, bool value)
 
 void SettingsPreferences::setText(const QString &key, const QString &value)
 {
+    const std::lock_guard lock(m_mutex);
     m_values[key] = value;
-    save();
+    write();
 }
 
 void SettingsPreferences::save()
+{
+    const std::lock_guard lock(m_mutex);
+    write();
+}
+
+std::optional<QString> SettingsPreferences::unsaved() const
+{
+    const std::lock_guard lock(m_mutex);
+    return m_unsaved;
+}
+
+void SettingsPreferences::write()
 {
     QByteArray content = "[General]\n";
     for (const auto &[key, value] : m_values)

@@ -4,10 +4,11 @@
 #include "platform/whole_file.h"
 
 #include <map>
+#include <mutex>
 
 namespace quenoria {
 
-/// Preferences in an INI file of their own, written at each change.
+/// Preferences in an INI file of their own, written at each change. May be used from any thread.
 class SettingsPreferences : public Preferences {
 public:
     SettingsPreferences(QString file, FileWriter &files);
@@ -16,12 +17,14 @@ public:
     [[nodiscard]] std::optional<QString> text(const QString &key) const override;
     void setFlag(const QString &key, bool value) override;
     void setText(const QString &key, const QString &value) override;
-    [[nodiscard]] std::optional<QString> unsaved() const override { return m_unsaved; }
+    [[nodiscard]] std::optional<QString> unsaved() const override;
     void save() override;
 
 private:
     void read();
+    void write();
 
+    mutable std::mutex m_mutex;
     QString m_file;
     FileWriter &m_files;
     std::map<QString, QString> m_values;

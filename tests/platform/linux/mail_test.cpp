@@ -1,7 +1,6 @@
 #include "platform/linux/fake_portal.h"
 #include "platform/linux/linux_sharing.h"
 #include "platform/linux/linux_workspace.h"
-#include "platform/linux/sendmail_transport.h"
 #include "support/fake_desktop.h"
 
 #include <QDir>
@@ -99,9 +98,9 @@ protected:
 
     void start(const QStringList &conducts)
     {
-        const QDir here = QFileInfo(QString::fromUtf8(__FILE__)).dir();
         sink.start(u"/usr/bin/python3"_s,
-                   QStringList{here.filePath(u"../../support/smtp_sink.py"_s)} + conducts);
+                   QStringList{QStringLiteral(QUENORIA_TEST_DATA "/../support/smtp_sink.py")} +
+                       conducts);
         write(u".msmtprc"_s,
               "account default\nhost 127.0.0.1\nfrom agence@example.com\nport " + line());
         QFile::link(u"/usr/bin/msmtp"_s, path(u"bin/msmtp"_s));
@@ -136,13 +135,16 @@ TEST_F(Msmtp, DeliversWhatAnIndependentParserReads)
         {u"body"_s, QString(message.content).replace(u"\n"_s, u"\r\n"_s)},
         {u"files"_s, QJsonObject{{name, QString::fromLatin1(bytes.toHex())}}},
     };
-    EXPECT_EQ(QJsonDocument::fromJson(line()).toJson().toStdString(),
+    QJsonObject found = QJsonDocument::fromJson(line()).object();
+    found.remove(u"headers"_s);
+    found.remove(u"longest"_s);
+    EXPECT_EQ(QJsonDocument(found).toJson().toStdString(),
               QJsonDocument(expected).toJson().toStdString());
 }
 
 TEST_F(Msmtp, FailsInItsOwnWordsWhenTheServerRefusesOrHangsUp)
 {
-    start({u"refuse"_s, u"hang-up"_s});
+    start({u"END 550 5.7.1 Message refused"_s, u"END drop"_s});
     EXPECT_THAT(send().toStdString(), testing::HasSubstr("550 5.7.1 Message refused"));
     EXPECT_THAT(send().toStdString(), testing::StartsWith("msmtp: "));
 }
@@ -214,13 +216,19 @@ TEST_F(Mail, RefusesWhatCannotTravel)
 
 TEST_F(Mail, GoesToTheRegisteredApplicationUnlessAProgramIsSetUp)
 {
-    LinuxWorkspace workspace;
+    MemoryPreferences preferences;
+    SmtpTransport smtp(clock, preferences, std::make_shared<KnownPasswords>());
+    SendmailTransport sendmail(clock, drafts);
+    const MailCarrier carrier(smtp, sendmail, preferences);
+    LinuxWorkspace workspace(carrier);
     const QUrl url(u"mailto:alix@example.fr?subject=l'%C3%A9t%C3%A9%20%26&body=a%0D%0Ab"_s);
     write(u"bin/msmtp"_s, "#!/bin/sh\n");
     QFile::link(path(u"bin/msmtp"_s), path(u"bin/sendmail"_s));
     EXPECT_EQ(workspace.defaultApplication(url), u"courrier"_s) << "msmtp is not configured";
     write(u".msmtprc"_s, {});
     EXPECT_EQ(workspace.defaultApplication(url), u"com.apple.mail"_s);
+    MailSettings(preferences).setRoad(MailRoad::mailbox);
+    EXPECT_EQ(workspace.defaultApplication(url), u"courrier"_s) << "the mailbox is not set up";
     ASSERT_TRUE(workspace.openUrl(url));
     EXPECT_EQ(answer(), QString::fromUtf8(url.toEncoded()));
     EXPECT_FALSE(workspace.openUrl(QUrl(u"sms:+33639980001?body=a"_s))) << "nobody takes them";

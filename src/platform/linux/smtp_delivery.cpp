@@ -1,0 +1,299 @@
+#include "platform/linux/smtp_delivery.h"
+
+#include "platform/linux/stall_watch.h"
+
+#include <QUrl>
+
+#include <curl/curl.h>
+
+#include <array>
+#include <cstring>
+#include <memory>
+#include <unistd.h>
+
+using namespace Qt::StringLiterals;
+
+namespace quenoria {
+
+namespace {
+
+struct EndHandle {
+    void operator()(CURL *handle) const { curl_easy_cleanup(handle); }
+};
+using Handle = std::unique_ptr<CURL, EndHandle>;
+
+struct EndList {
+    void operator()(curl_slist *list) const { curl_slist_free_all(list); }
+};
+using List = std::unique_ptr<curl_slist, EndList>;
+
+struct Command {
+    QByteArrayView start;
+    SmtpStep step;
+};
+
+constexpr std::array commands{
+    Command{"EHLO ", SmtpStep::hello},         Command{"HELO ", SmtpStep::hello},
+    Command{"STARTTLS", SmtpStep::encryption}, Command{"AUTH ", SmtpStep::identity},
+    Command{"MAIL FROM:", SmtpStep::sender},   Command{"RCPT TO:", SmtpStep::recipient},
+    Command{"DATA\r\n", SmtpStep::text},
+};
+
+constexpr int firstRefusal = 400;
+
+/// Follows a dialogue from within: what was asked last, what was answered, what was read of the
+/// message. Commands are looked at and forgotten, since one of them holds the password.
+class Dialogue {
+public:
+    Dialogue(const QByteArray &text, std::chrono::milliseconds limit) : m_text(text), m_watch(limit)
+    {
+    }
+
+    StallWatch &watch() { return m_watch; }
+
+    void said(QByteArrayView command)
+    {
+        if (command.startsWith("QUIT")) {
+            m_over = true;
+            m_watch.hangUp(); // nothing depends on the answer
+            return;
+        }
+        for (const Command &known : commands) {
+            if (command.startsWith(known.start))
+                begin(known.step);
+        }
+    }
+
+    /// One line of an answer; the last one has a space behind its code.
+    void heard(QByteArrayView line)
+    {
+        constexpr qsizetype codeLength = 3;
+        bool isCode = false;
+        const int code = line.first(std::min(codeLength, line.size())).toInt(&isCode);
+        if (m_over || !isCode || line.size() <= codeLength)
+            return;
+        if (!m_continues)
+            m_reply = {};
+        m_reply.text += QString::fromUtf8(line.sliced(codeLength + 1)).trimmed() + u' ';
+        m_continues = line[codeLength] == '-';
+        if (!m_continues)
+            m_reply.code = code;
+    }
+
+    /// The next piece of the message; none is left when the final full stop is about to be said.
+    std::size_t read(char *buffer, std::size_t room)
+    {
+        const std::size_t size = std::min(room, std::size_t(m_text.size()) - m_position);
+        std::memcpy(buffer, m_text.constData() + m_position, size);
+        m_position += size;
+        if (size == 0)
+            begin(SmtpStep::answer);
+        return size;
+    }
+
+    SmtpReport report(CURLcode result) const
+    {
+        return {fault(result), m_step, m_reply, {}, m_step == SmtpStep::answer};
+    }
+
+private:
+    void begin(SmtpStep step)
+    {
+        m_step = step;
+        m_reply = {};
+        m_continues = false;
+    }
+
+    SmtpFault fault(CURLcode result) const
+    {
+        if (m_step == SmtpStep::answer && m_reply.code > 0 && m_reply.code < firstRefusal)
+            return SmtpFault::none;
+        if (m_reply.code >= firstRefusal)
+            return SmtpFault::refused;
+        if (m_watch.hasExpired())
+            return SmtpFault::timedOut;
+        switch (result) {
+        case CURLE_URL_MALFORMAT:
+        case CURLE_COULDNT_RESOLVE_HOST:
+            return SmtpFault::unknownHost;
+        case CURLE_COULDNT_CONNECT:
+            return SmtpFault::unreachable;
+        case CURLE_OPERATION_TIMEDOUT:
+            return SmtpFault::timedOut;
+        case CURLE_PEER_FAILED_VERIFICATION:
+            return SmtpFault::untrusted;
+        case CURLE_USE_SSL_FAILED:
+        case CURLE_SSL_CONNECT_ERROR:
+            return SmtpFault::noEncryption;
+        case CURLE_LOGIN_DENIED:
+            return SmtpFault::noIdentity;
+        default:
+            return SmtpFault::lost;
+        }
+    }
+
+    const QByteArray &m_text;
+    std::size_t m_position = 0;
+    SmtpStep m_step = SmtpStep::greeting;
+    SmtpReply m_reply; ///< to the step; its code is 0 until the last line
+    bool m_continues = false;
+    bool m_over = false;
+    StallWatch m_watch;
+};
+
+int follow(CURL *, curl_infotype kind, char *data, std::size_t size, void *dialogue)
+{
+    auto *self = static_cast<Dialogue *>(dialogue);
+    if (kind == CURLINFO_TEXT)
+        return 0;
+    self->watch().progress();
+    if (kind == CURLINFO_HEADER_OUT)
+        self->said({data, qsizetype(size)});
+    else if (kind == CURLINFO_HEADER_IN)
+        self->heard({data, qsizetype(size)});
+    return 0;
+}
+
+std::size_t giveText(char *buffer, std::size_t size, std::size_t count, void *dialogue)
+{
+    return static_cast<Dialogue *>(dialogue)->read(buffer, size * count);
+}
+
+std::size_t ignore(char *, std::size_t size, std::size_t count, void *) { return size * count; }
+
+curl_socket_t openSocket(void *dialogue, curlsocktype, curl_sockaddr *address)
+{
+    const int socket =
+        ::socket(address->family, address->socktype | SOCK_CLOEXEC, address->protocol);
+    if (socket >= 0)
+        static_cast<Dialogue *>(dialogue)->watch().watch(socket);
+    return socket;
+}
+
+int closeSocket(void *dialogue, curl_socket_t socket)
+{
+    static_cast<Dialogue *>(dialogue)->watch().letGo(socket);
+    return ::close(socket);
+}
+
+/// The name under which this computer presents itself is no one's business.
+QByteArray address(const MailboxAccount &account)
+{
+    QUrl url;
+    url.setScheme(account.security == SmtpSecurity::implicitTls ? u"smtps"_s : u"smtp"_s);
+    url.setHost(account.host);
+    url.setPort(account.port);
+    url.setPath(u"/[127.0.0.1]"_s);
+    return url.host().isEmpty() ? QByteArray() : url.toEncoded();
+}
+
+void setServer(CURL *handle, const MailboxAccount &account, const QString &password)
+{
+    curl_easy_setopt(handle, CURLOPT_URL, address(account).constData());
+    curl_easy_setopt(handle, CURLOPT_PROTOCOLS_STR, "smtp,smtps");
+    curl_easy_setopt(handle, CURLOPT_PROXY, "");
+    curl_easy_setopt(handle, CURLOPT_USE_SSL, long(CURLUSESSL_ALL));
+    curl_easy_setopt(handle, CURLOPT_SSLVERSION, long(CURL_SSLVERSION_TLSv1_2));
+    if (account.user.isEmpty())
+        return;
+    curl_easy_setopt(handle, CURLOPT_USERNAME, account.user.toUtf8().constData());
+    curl_easy_setopt(handle, CURLOPT_PASSWORD, password.toUtf8().constData());
+    curl_easy_setopt(handle, CURLOPT_LOGIN_OPTIONS, "AUTH=PLAIN;AUTH=LOGIN");
+}
+
+void setDialogue(CURL *handle, Dialogue &dialogue, const SmtpConditions &conditions)
+{
+    curl_easy_setopt(handle, CURLOPT_NOSIGNAL, 1L);
+    curl_easy_setopt(handle, CURLOPT_FORBID_REUSE, 1L);
+    curl_easy_setopt(handle, CURLOPT_CONNECTTIMEOUT_MS, long(conditions.limit.count()));
+    curl_easy_setopt(handle, CURLOPT_CERTINFO, 1L);
+    if (!conditions.authorities.isEmpty())
+        curl_easy_setopt(handle, CURLOPT_CAINFO, conditions.authorities.constData());
+    curl_easy_setopt(handle, CURLOPT_VERBOSE, 1L); // makes it call the next one
+    curl_easy_setopt(handle, CURLOPT_DEBUGFUNCTION, follow);
+    curl_easy_setopt(handle, CURLOPT_DEBUGDATA, &dialogue);
+    curl_easy_setopt(handle, CURLOPT_WRITEFUNCTION, ignore);
+    curl_easy_setopt(handle, CURLOPT_READFUNCTION, giveText);
+    curl_easy_setopt(handle, CURLOPT_READDATA, &dialogue);
+    curl_easy_setopt(handle, CURLOPT_OPENSOCKETFUNCTION, openSocket);
+    curl_easy_setopt(handle, CURLOPT_OPENSOCKETDATA, &dialogue);
+    curl_easy_setopt(handle, CURLOPT_CLOSESOCKETFUNCTION, closeSocket);
+    curl_easy_setopt(handle, CURLOPT_CLOSESOCKETDATA, &dialogue);
+}
+
+List setMessage(CURL *handle, const SmtpMessage &message)
+{
+    List recipients;
+    for (const QByteArray &recipient : message.recipients)
+        recipients.reset(curl_slist_append(recipients.release(), recipient.constData()));
+    curl_easy_setopt(handle, CURLOPT_MAIL_FROM, message.sender.constData());
+    curl_easy_setopt(handle, CURLOPT_MAIL_RCPT, recipients.get());
+    curl_easy_setopt(handle, CURLOPT_UPLOAD, 1L);
+    curl_easy_setopt(handle, CURLOPT_INFILESIZE_LARGE, curl_off_t(message.text.size()));
+    return recipients;
+}
+
+/// The part of a distinguished name that a person knows: its common name, else its organisation.
+///
+///   "C = FR, O = Exemple, CN = smtp.example.fr" -> "smtp.example.fr"
+QString commonName(const QString &name)
+{
+    for (const QString &kind : {u"CN"_s, u"O"_s}) {
+        for (const QString &part : name.split(u',')) {
+            if (part.section(u'=', 0, 0).trimmed() == kind)
+                return part.section(u'=', 1).trimmed();
+        }
+    }
+    return name;
+}
+
+std::optional<ServerCertificate> shownCertificate(CURL *handle)
+{
+    curl_certinfo *chain = nullptr;
+    if (curl_easy_getinfo(handle, CURLINFO_CERTINFO, &chain) != CURLE_OK || !chain ||
+        chain->num_of_certs == 0)
+        return {};
+    ServerCertificate certificate;
+    for (const curl_slist *line = chain->certinfo[0]; line; line = line->next) {
+        const QString text = QString::fromUtf8(line->data);
+        const QString value = text.section(u':', 1);
+        const auto date = [&] { return QDate::fromString(value.left(10), Qt::ISODate); };
+        const auto tells = [&](QStringView what) {
+            return text.startsWith(what, Qt::CaseInsensitive); // the libraries differ in it
+        };
+        if (tells(u"Subject:"))
+            certificate.name = commonName(value);
+        else if (tells(u"Issuer:"))
+            certificate.issuer = commonName(value);
+        else if (tells(u"Start date:"))
+            certificate.from = date();
+        else if (tells(u"Expire date:"))
+            certificate.until = date();
+    }
+    return certificate;
+}
+
+void initialiseOnce()
+{
+    [[maybe_unused]] static const CURLcode done = curl_global_init(CURL_GLOBAL_DEFAULT);
+}
+
+} // namespace
+
+SmtpReport deliver(const SmtpMessage &message, const MailboxAccount &account,
+                   const QString &password, const SmtpConditions &conditions)
+{
+    initialiseOnce();
+    Dialogue dialogue(message.text, conditions.limit);
+    const Handle handle(curl_easy_init());
+    setServer(handle.get(), account, password);
+    setDialogue(handle.get(), dialogue, conditions);
+    const List recipients = setMessage(handle.get(), message);
+    const CURLcode result = curl_easy_perform(handle.get());
+    SmtpReport report = dialogue.report(result);
+    if (report.fault == SmtpFault::untrusted)
+        report.certificate = shownCertificate(handle.get());
+    return report;
+}
+
+} // namespace quenoria
