@@ -31,6 +31,13 @@ public:
 
     const Value &value() const { return m_value; }
 
+    template <typename Change>
+    void edit(Change &&change)
+    {
+        change(m_value);
+        m_text.clear();
+    }
+
     /// The name is the same each time; null in an array.
     void appendTo(std::string &out, const QString *name = nullptr) const
     {
@@ -238,6 +245,18 @@ public:
             (*found)->second = Encoded<Value>(std::move(value));
         else
             insert(key, std::move(value));
+    }
+
+    /// Changes a record where it lies, or one made for the purpose.
+    template <typename Change>
+    void edit(const QString &key, Change &&change)
+    {
+        auto found = m_index.constFind(key);
+        if (found == m_index.cend()) {
+            insert(key, Value{});
+            found = m_index.constFind(key);
+        }
+        (*found)->second.edit(change);
     }
 
     bool remove(const QString &key)

@@ -39,14 +39,14 @@ void ProspectStore::chooseAttachment(const Prospect &prospect)
     if (!path)
         return;
     m_attachmentPaths.set(id, *path);
-    publish(Collection::attachmentPaths, id);
+    publish(Collection::attachmentPaths, {id});
 }
 
 void ProspectStore::removeAttachment(const Prospect &prospect)
 {
     const QString id = prospect.id;
     m_attachmentPaths.remove(id);
-    publish(Collection::attachmentPaths, id);
+    publish(Collection::attachmentPaths, {id});
 }
 
 } // namespace quenoria

@@ -1,11 +1,15 @@
 #pragma once
 
+#include "store/change.h"
+
 #include <QString>
 
-#include <array>
-#include <cstddef>
+#include <functional>
+#include <span>
 
 namespace quenoria {
+
+class ProspectStore;
 
 /// The thirteen collections that have a file, in the order of their descriptors.
 enum class Collection {
@@ -24,45 +28,33 @@ enum class Collection {
     smsMonthlyRecipientsByMonth,
 };
 
-/// How a collection is called in the data folder and in the log.
+/// Puts what a file held in the place of a store's collection.
+using Adopt = std::function<void(ProspectStore &store)>;
+
+/// Everything about one collection. The store loads, saves, announces and forgets by these rows,
+/// and knows a collection by nothing else.
 struct CollectionDescriptor {
     Collection collection;
     const char16_t *fileName;
     const char16_t *saveFailure; ///< log line, followed by the system's error text
+
+    /// What a change of it means to those who show contacts; the ids are those concerned.
+    Change (*change)(Collection collection, IdSet ids);
+    bool shapesList = false; ///< the merged list is made from it
+
+    /// When the entries of a deleted contact leave it, counted from 1; 0: it has no such entries.
+    int deletionTurn = 0;
+    bool startUpWrites = true;
+
+    // The way to its member.
+    void (*write)(const ProspectStore &store, const TakePiece &take) = nullptr;
+    Adopt (*decode)(const QByteArray &bytes) = nullptr; ///< none when undecodable; on any thread
+    void (*forget)(ProspectStore &store, const IdSet &ids) = nullptr; ///< with a deletionTurn
 };
 
-inline constexpr std::array collections{
-    CollectionDescriptor{Collection::customProspects, u"nouveaux-numeros.json",
-                         u"Impossible d’enregistrer les nouveaux numéros : "},
-    CollectionDescriptor{Collection::statuses, u"suivi-envois.json",
-                         u"Impossible d’enregistrer le suivi SMS : "},
-    CollectionDescriptor{Collection::messageTemplates, u"modeles-messages.json",
-                         u"Impossible d’enregistrer les modèles de messages : "},
-    CollectionDescriptor{Collection::messageAssignments, u"associations-messages.json",
-                         u"Impossible d’enregistrer les associations de messages : "},
-    CollectionDescriptor{Collection::emailStatuses, u"suivi-envois-mails.json",
-                         u"Impossible d’enregistrer le suivi des e-mails : "},
-    CollectionDescriptor{Collection::emailTemplates, u"modeles-mails.json",
-                         u"Impossible d’enregistrer les modèles d’e-mails : "},
-    CollectionDescriptor{Collection::emailAssignments, u"associations-mails.json",
-                         u"Impossible d’enregistrer les associations d’e-mails : "},
-    CollectionDescriptor{Collection::emailOverrides, u"adresses-mails-completees.json",
-                         u"Impossible d’enregistrer les adresses e-mail complétées : "},
-    CollectionDescriptor{Collection::contactOverrides, u"contacts-modifies.json",
-                         u"Impossible d’enregistrer les contacts modifiés : "},
-    CollectionDescriptor{Collection::attachmentPaths, u"fichiers-joints.json",
-                         u"Impossible d’enregistrer les fichiers joints : "},
-    CollectionDescriptor{Collection::deletedProspectIDs, u"contacts-supprimes.json",
-                         u"Impossible d’enregistrer les contacts supprimés : "},
-    CollectionDescriptor{Collection::departments, u"departements.json",
-                         u"Impossible d’enregistrer les départements : "},
-    CollectionDescriptor{Collection::smsMonthlyRecipientsByMonth, u"quota-destinataires-sms.json",
-                         u"Impossible d’enregistrer le quota mensuel SMS : "},
-};
+/// The thirteen, in the order in which a start writes them.
+[[nodiscard]] std::span<const CollectionDescriptor> collections();
 
-constexpr const CollectionDescriptor &descriptor(Collection collection)
-{
-    return collections[static_cast<std::size_t>(collection)];
-}
+[[nodiscard]] const CollectionDescriptor &descriptor(Collection collection);
 
 } // namespace quenoria

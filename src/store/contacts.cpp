@@ -87,10 +87,29 @@ Refusal ProspectStore::update(const Prospect &prospect, const ContactEdit &edit)
     m_contactOverrides.set(
         id, {contactLabel(edit.name.trimmed(), edit.commune.trimmed(), edit.department, shownPhone),
              shownPhone, address, edit.department, textOrNothing(edit.profession)});
-    publish(Collection::contactOverrides, id);
+    publish(Collection::contactOverrides, {id});
     m_emailOverrides.remove(id);
-    publish(Collection::emailOverrides, id);
+    publish(Collection::emailOverrides, {id});
     return {};
+}
+
+/// Takes whatever is kept about the contacts out of the collections and the selections.
+void ProspectStore::forget(const IdSet &ids)
+{
+    std::map<int, const CollectionDescriptor *> turns;
+    for (const CollectionDescriptor &row : collections()) {
+        if (row.deletionTurn > 0)
+            turns[row.deletionTurn] = &row;
+    }
+    for (const auto &[turn, row] : turns) {
+        row->forget(*this, ids);
+        publish(row->collection, ids);
+    }
+    for (const Channel channel : {Channel::sms, Channel::email}) {
+        for (const QString &id : ids)
+            selection(channel).erase(id);
+        announce(SelectionChanged{channel, ids});
+    }
 }
 
 int ProspectStore::deleteProspects(const IdSet &ids)
@@ -110,23 +129,7 @@ int ProspectStore::deleteProspects(const IdSet &ids)
     m_customProspects.removeIf(
         [&targets](const Prospect &prospect) { return targets.contains(prospect.id); });
     publish(Collection::customProspects);
-    const auto forget = [this, &targets](auto &collection, Collection name) {
-        for (const QString &id : targets)
-            collection.remove(id);
-        publish(name);
-    };
-    forget(m_statuses, Collection::statuses);
-    forget(m_emailStatuses, Collection::emailStatuses);
-    forget(m_messageAssignments, Collection::messageAssignments);
-    forget(m_emailAssignments, Collection::emailAssignments);
-    forget(m_emailOverrides, Collection::emailOverrides);
-    forget(m_contactOverrides, Collection::contactOverrides);
-    forget(m_attachmentPaths, Collection::attachmentPaths);
-    for (const QString &id : targets) {
-        m_sendSelection.erase(id);
-        m_emailSendSelection.erase(id);
-    }
-    Q_EMIT selectionPublished({});
+    forget(targets);
     return int(targets.size());
 }
 

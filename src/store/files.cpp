@@ -3,6 +3,8 @@
 #include <QDir>
 #include <QFileInfo>
 
+#include <future>
+
 using namespace Qt::StringLiterals;
 
 namespace quenoria {
@@ -14,13 +16,6 @@ bool isPrivate(const QFile &file)
     constexpr QFile::Permissions others = QFile::ReadGroup | QFile::WriteGroup | QFile::ExeGroup |
                                           QFile::ReadOther | QFile::WriteOther | QFile::ExeOther;
     return !(file.permissions() & others);
-}
-
-bool shapesMergedList(Collection collection)
-{
-    return collection == Collection::customProspects || collection == Collection::emailOverrides ||
-           collection == Collection::contactOverrides ||
-           collection == Collection::deletedProspectIDs;
 }
 
 QString failureText(Collection collection, const QString &error)
@@ -38,35 +33,7 @@ QString ProspectStore::file(Collection collection) const
 
 void ProspectStore::writeJson(Collection collection, const TakePiece &take) const
 {
-    switch (collection) {
-    case Collection::customProspects:
-        return quenoria::writeJson(m_customProspects, take);
-    case Collection::statuses:
-        return quenoria::writeJson(m_statuses, take);
-    case Collection::messageTemplates:
-        return quenoria::writeJson(m_messageTemplates, take);
-    case Collection::messageAssignments:
-        return quenoria::writeJson(m_messageAssignments, take);
-    case Collection::emailStatuses:
-        return quenoria::writeJson(m_emailStatuses, take);
-    case Collection::emailTemplates:
-        return quenoria::writeJson(m_emailTemplates, take);
-    case Collection::emailAssignments:
-        return quenoria::writeJson(m_emailAssignments, take);
-    case Collection::emailOverrides:
-        return quenoria::writeJson(m_emailOverrides, take);
-    case Collection::contactOverrides:
-        return quenoria::writeJson(m_contactOverrides, take);
-    case Collection::attachmentPaths:
-        return quenoria::writeJson(m_attachmentPaths, take);
-    case Collection::deletedProspectIDs:
-        return quenoria::writeJson(m_deletedProspectIDs, take);
-    case Collection::departments:
-        return quenoria::writeJson(m_departments, take);
-    case Collection::smsMonthlyRecipientsByMonth:
-        return quenoria::writeJson(m_smsMonthlyRecipientsByMonth, take);
-    }
-    Q_UNREACHABLE();
+    descriptor(collection).write(*this, take);
 }
 
 Refusal ProspectStore::writeFile(Collection collection) const
@@ -113,9 +80,9 @@ void ProspectStore::writeBack()
 {
     // Compared side by side: a collection and its file are nobody else's.
     std::map<Collection, std::future<bool>> written;
-    for (const auto &[collection, name, failure] : collections) {
-        if (collection != Collection::customProspects)
-            written[collection] = std::async(&ProspectStore::isWritten, this, collection);
+    for (const CollectionDescriptor &row : collections()) {
+        if (row.startUpWrites)
+            written[row.collection] = std::async(&ProspectStore::isWritten, this, row.collection);
     }
     for (auto &[collection, same] : written) {
         if (!same.get())
@@ -123,13 +90,38 @@ void ProspectStore::writeBack()
     }
 }
 
-void ProspectStore::publish(Collection collection, const QString &contactId)
+void ProspectStore::publish(Collection collection, IdSet ids)
 {
-    if (shapesMergedList(collection))
+    const CollectionDescriptor &row = descriptor(collection);
+    const Change change = row.change(collection, std::move(ids));
+    if (row.shapesList)
         m_mergedIsCurrent = false;
-    Q_EMIT published(collection, contactId);
+    if (m_gathered) {
+        IdSet &gathered = (*m_gathered)[collection];
+        if (const auto *contacts = std::get_if<ContactsChanged>(&change))
+            gathered.insert(contacts->ids.begin(), contacts->ids.end());
+        return;
+    }
+    announce(change);
     if (m_isReady)
         save(collection);
+}
+
+void ProspectStore::announce(const Change &change) { Q_EMIT published(change); }
+
+Together::Together(ProspectStore &store) : m_store(store), m_isOutermost(!store.m_gathered)
+{
+    if (m_isOutermost)
+        m_store.m_gathered.emplace();
+}
+
+Together::~Together()
+{
+    if (!m_isOutermost)
+        return;
+    auto gathered = *std::exchange(m_store.m_gathered, std::nullopt);
+    for (auto &[collection, ids] : gathered)
+        m_store.publish(collection, std::move(ids));
 }
 
 } // namespace quenoria

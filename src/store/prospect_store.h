@@ -3,6 +3,7 @@
 #include "model/collections.h"
 #include "model/records.h"
 #include "platform/platform.h"
+#include "store/change.h"
 #include "store/collection.h"
 #include "store/send_outcome.h"
 
@@ -11,7 +12,6 @@
 #include <QUrl>
 
 #include <functional>
-#include <future>
 #include <map>
 #include <stop_token>
 
@@ -172,11 +172,8 @@ public:
     const QStringList &filesSetAside() const { return m_filesSetAside; }
 
 Q_SIGNALS:
-    /// A collection changed; contactId names the one contact concerned, or is empty for all.
-    void published(quenoria::Collection collection, const QString &contactId);
-
-    /// A selection changed, for one contact or (empty id) as a whole.
-    void selectionPublished(const QString &contactId);
+    /// Something is different; its file is written right afterwards.
+    void published(const quenoria::Change &change);
 
     /// A collection or the number for test messages could not be stored: see unsaved().
     void saveFailed();
@@ -184,18 +181,9 @@ Q_SIGNALS:
     /// A collection that was unsaved is in its file now.
     void saved();
 
-    /// The number for test messages changed.
-    void testNumberPublished();
-
 private:
     // Start-up, in the order in which it happens.
     void loadFiles();
-    template <typename Shape>
-    std::future<std::optional<Shape>> decoded(Collection collection) const;
-    template <typename Shape>
-    bool load(Collection collection, Shape &into);
-    template <typename Shape>
-    bool take(Collection collection, std::optional<Shape> shape, Shape &into);
     void setAside(const QString &path);
     void completeTemplates();
     void completeDepartments();
@@ -205,14 +193,21 @@ private:
     bool isWritten(Collection collection) const;
     void writeBack(); ///< every collection whose file is not what would be written
 
-    /// Announces a change, then writes the collection's file once the store is ready.
-    void publish(Collection collection, const QString &contactId = {});
+    /// Announces that the collection changed, for these contacts where it holds records of theirs,
+    /// then writes its file once the store is ready.
+    void publish(Collection collection, IdSet ids = {});
+    void announce(const Change &change);
+    friend class Together;
+    friend struct CollectionTable;
 
     Prospect effective(const Prospect &prospect) const;
+    void forget(const IdSet &ids);
 
     void setStatus(const QString &id, std::optional<SendStatus> status); ///< none: removes it
     void setEmailStatus(const QString &id, std::optional<EmailSendStatus> status);
-    void select(IdSet &selection, bool selected, const QString &id);
+    void select(Channel channel, bool selected, const QString &id);
+    void clearSelection(Channel channel);
+    IdSet &selection(Channel channel);
 
     void mergeExistingSMSHistoryIntoMonthlyRecipients();
     QString monthKey(Instant date) const;
@@ -264,11 +259,26 @@ private:
     bool m_automaticSMSBusy = false;
     std::map<Collection, QString> m_unsaved;
     QStringList m_filesSetAside;
+    std::optional<std::map<Collection, IdSet>> m_gathered; ///< of the Together that lives
 
     // The merged list and where each id first stands in it; emptied by what changes it.
     mutable std::vector<Prospect> m_merged;
     mutable QHash<QString, std::size_t> m_mergedPositions;
     mutable bool m_mergedIsCurrent = false;
+};
+
+/// Changes of many contacts as one: while it lives, the store gathers what changed; when it ends,
+/// each collection is announced and written once. Memory holds every change at once.
+class Together {
+public:
+    explicit Together(ProspectStore &store);
+    ~Together();
+    Together(const Together &) = delete;
+    Together &operator=(const Together &) = delete;
+
+private:
+    ProspectStore &m_store;
+    bool m_isOutermost;
 };
 
 } // namespace quenoria

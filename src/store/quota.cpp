@@ -55,11 +55,8 @@ Refusal ProspectStore::smsQuotaError(const Prospect &prospect, bool freeProEnabl
 
 void ProspectStore::recordSMSRecipientUsage(const Prospect &prospect, Instant date)
 {
-    const QString month = monthKey(date);
-    const IdSet *known = m_smsMonthlyRecipientsByMonth.find(month);
-    IdSet recipients = known ? *known : IdSet();
-    recipients.insert(recipientKey(prospect));
-    m_smsMonthlyRecipientsByMonth.set(month, std::move(recipients));
+    m_smsMonthlyRecipientsByMonth.edit(
+        monthKey(date), [&](IdSet &recipients) { recipients.insert(recipientKey(prospect)); });
     publish(Collection::smsMonthlyRecipientsByMonth);
 }
 

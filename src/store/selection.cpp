@@ -11,14 +11,10 @@ void ProspectStore::setSelectedForSending(bool selected, const Prospect &prospec
 {
     if (selected && (isStopped(prospect) || prospect.phone.isEmpty()))
         return;
-    select(m_sendSelection, selected, prospect.id);
+    select(Channel::sms, selected, prospect.id);
 }
 
-void ProspectStore::clearSendSelection()
-{
-    m_sendSelection.clear();
-    Q_EMIT selectionPublished({});
-}
+void ProspectStore::clearSendSelection() { clearSelection(Channel::sms); }
 
 bool ProspectStore::isSelectedForEmailSending(const Prospect &prospect) const
 {
@@ -29,22 +25,28 @@ void ProspectStore::setSelectedForEmailSending(bool selected, const Prospect &pr
 {
     if (selected && (isStopped(prospect) || prospect.email.value_or(QString()).isEmpty()))
         return;
-    select(m_emailSendSelection, selected, prospect.id);
+    select(Channel::email, selected, prospect.id);
 }
 
-void ProspectStore::clearEmailSendSelection()
+void ProspectStore::clearEmailSendSelection() { clearSelection(Channel::email); }
+
+IdSet &ProspectStore::selection(Channel channel)
 {
-    m_emailSendSelection.clear();
-    Q_EMIT selectionPublished({});
+    return channel == Channel::sms ? m_sendSelection : m_emailSendSelection;
 }
 
-void ProspectStore::select(IdSet &selection, bool selected, const QString &id)
+void ProspectStore::select(Channel channel, bool selected, const QString &id)
 {
     if (selected)
-        selection.insert(id);
+        selection(channel).insert(id);
     else
-        selection.erase(id);
-    Q_EMIT selectionPublished(id);
+        selection(channel).erase(id);
+    announce(SelectionChanged{channel, {id}});
+}
+
+void ProspectStore::clearSelection(Channel channel)
+{
+    announce(SelectionChanged{channel, std::exchange(selection(channel), {})});
 }
 
 } // namespace quenoria

@@ -4,6 +4,8 @@
 #include <QFile>
 #include <QFileInfo>
 
+#include <future>
+
 using namespace Qt::StringLiterals;
 
 namespace quenoria {
@@ -12,13 +14,10 @@ namespace {
 
 const QString testNumberKey = u"OlvakSMSManualTestNumber"_s;
 
-template <typename Shape>
-std::optional<Shape> decodeFile(const QString &path)
+Adopt decodeFile(const CollectionDescriptor &row, const QString &path)
 {
     QFile source(path);
-    if (!source.open(QIODevice::ReadOnly))
-        return std::nullopt;
-    return decodeCollection<Shape>(source.readAll());
+    return source.open(QIODevice::ReadOnly) ? row.decode(source.readAll()) : Adopt();
 }
 
 } // namespace
@@ -43,7 +42,7 @@ ProspectStore::~ProspectStore() = default;
 void ProspectStore::setTestNumber(const QString &phone)
 {
     m_testNumber = phone;
-    Q_EMIT testNumberPublished();
+    announce(TestNumberChanged{});
     if (!m_isReady)
         return;
     m_platform.preferences.setText(testNumberKey, phone);
@@ -53,50 +52,22 @@ void ProspectStore::setTestNumber(const QString &phone)
 
 void ProspectStore::loadFiles()
 {
-    // Histories grow for years: they are decoded side by side, and the rest meanwhile.
-    auto statuses = decoded<Dictionary<SendStatus>>(Collection::statuses);
-    auto emailStatuses = decoded<Dictionary<EmailSendStatus>>(Collection::emailStatuses);
-    auto recipients = decoded<Dictionary<IdSet>>(Collection::smsMonthlyRecipientsByMonth);
-    load(Collection::customProspects, m_customProspects);
-    if (!load(Collection::messageTemplates, m_messageTemplates) || m_messageTemplates.empty())
-        m_messageTemplates = {defaultMessage()};
-    load(Collection::messageAssignments, m_messageAssignments);
-    if (!load(Collection::emailTemplates, m_emailTemplates) || m_emailTemplates.empty())
-        m_emailTemplates = {defaultEmailTemplate()};
-    load(Collection::emailAssignments, m_emailAssignments);
-    load(Collection::emailOverrides, m_emailOverrides);
-    load(Collection::contactOverrides, m_contactOverrides);
-    load(Collection::attachmentPaths, m_attachmentPaths);
-    load(Collection::deletedProspectIDs, m_deletedProspectIDs);
-    if (!load(Collection::departments, m_departments) || m_departments.empty())
-        m_departments = Sequence<DepartmentInfo>(defaultDepartments());
-    take(Collection::statuses, statuses.get(), m_statuses);
-    take(Collection::emailStatuses, emailStatuses.get(), m_emailStatuses);
-    take(Collection::smsMonthlyRecipientsByMonth, recipients.get(), m_smsMonthlyRecipientsByMonth);
-}
-
-template <typename Shape>
-std::future<std::optional<Shape>> ProspectStore::decoded(Collection collection) const
-{
-    return std::async(&decodeFile<Shape>, file(collection));
-}
-
-template <typename Shape>
-bool ProspectStore::load(Collection collection, Shape &into)
-{
-    return take(collection, decodeFile<Shape>(file(collection)), into);
-}
-
-template <typename Shape>
-bool ProspectStore::take(Collection collection, std::optional<Shape> shape, Shape &into)
-{
-    if (shape) {
-        into = std::move(*shape);
-        return true;
+    // Histories grow for years: the files are decoded side by side.
+    std::vector<std::future<Adopt>> decoded;
+    for (const CollectionDescriptor &row : collections())
+        decoded.push_back(std::async(&decodeFile, std::cref(row), file(row.collection)));
+    for (const CollectionDescriptor &row : collections()) {
+        if (const Adopt adopt = decoded[std::size_t(row.collection)].get())
+            adopt(*this);
+        else if (const QString path = file(row.collection); QFile::exists(path))
+            setAside(path);
     }
-    if (const QString path = file(collection); QFile::exists(path))
-        setAside(path);
-    return false;
+    if (m_messageTemplates.empty())
+        m_messageTemplates = {defaultMessage()};
+    if (m_emailTemplates.empty())
+        m_emailTemplates = {defaultEmailTemplate()};
+    if (m_departments.empty())
+        m_departments = Sequence<DepartmentInfo>(defaultDepartments());
 }
 
 void ProspectStore::setAside(const QString &path)

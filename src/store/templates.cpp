@@ -40,6 +40,19 @@ void assign(Dictionary<QString> &assignments, const QString &contactId, const QS
         assignments.set(contactId, templateId);
 }
 
+/// Takes the template from those it is assigned to, and tells who they are.
+IdSet unassign(Dictionary<QString> &assignments, const QString &templateId)
+{
+    IdSet contacts;
+    assignments.forEach([&](const QString &contact, const QString &assigned) {
+        if (assigned == templateId)
+            contacts.insert(contact);
+    });
+    for (const QString &contact : contacts)
+        assignments.remove(contact);
+    return contacts;
+}
+
 QString freshID() { return QUuid::createUuid().toString(QUuid::WithoutBraces).toUpper(); }
 
 } // namespace
@@ -59,7 +72,7 @@ MessageTemplate ProspectStore::assignedMessage(const Prospect &prospect) const
 void ProspectStore::assignMessage(const QString &id, const Prospect &prospect)
 {
     assign(m_messageAssignments, prospect.id, id, defaultMessageID);
-    publish(Collection::messageAssignments, prospect.id);
+    publish(Collection::messageAssignments, {prospect.id});
 }
 
 QString ProspectStore::createMessage(const QString &title, const QString &body)
@@ -90,8 +103,7 @@ void ProspectStore::deleteMessage(const QString &id)
         return;
     m_messageTemplates.removeIf([&id](const MessageTemplate &entry) { return entry.id == id; });
     publish(Collection::messageTemplates);
-    m_messageAssignments.removeIf([&id](const QString &assigned) { return assigned == id; });
-    publish(Collection::messageAssignments);
+    publish(Collection::messageAssignments, unassign(m_messageAssignments, id));
 }
 
 QString ProspectStore::assignedEmailTemplateID(const Prospect &prospect) const
@@ -109,7 +121,7 @@ EmailTemplate ProspectStore::assignedEmailTemplate(const Prospect &prospect) con
 void ProspectStore::assignEmailTemplate(const QString &id, const Prospect &prospect)
 {
     assign(m_emailAssignments, prospect.id, id, defaultEmailTemplateID);
-    publish(Collection::emailAssignments, prospect.id);
+    publish(Collection::emailAssignments, {prospect.id});
 }
 
 QString ProspectStore::createEmailTemplate(const QString &title, const QString &subject,
@@ -145,8 +157,7 @@ void ProspectStore::deleteEmailTemplate(const QString &id)
         return;
     m_emailTemplates.removeIf([&id](const EmailTemplate &entry) { return entry.id == id; });
     publish(Collection::emailTemplates);
-    m_emailAssignments.removeIf([&id](const QString &assigned) { return assigned == id; });
-    publish(Collection::emailAssignments);
+    publish(Collection::emailAssignments, unassign(m_emailAssignments, id));
 }
 
 } // namespace quenoria

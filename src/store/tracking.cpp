@@ -105,7 +105,7 @@ void ProspectStore::setStatus(const QString &id, std::optional<SendStatus> statu
         m_statuses.set(id, std::move(*status));
     else
         m_statuses.remove(id);
-    publish(Collection::statuses, id);
+    publish(Collection::statuses, {id});
 }
 
 void ProspectStore::setEmailStatus(const QString &id, std::optional<EmailSendStatus> status)
@@ -114,7 +114,7 @@ void ProspectStore::setEmailStatus(const QString &id, std::optional<EmailSendSta
         m_emailStatuses.set(id, std::move(*status));
     else
         m_emailStatuses.remove(id);
-    publish(Collection::emailStatuses, id);
+    publish(Collection::emailStatuses, {id});
 }
 
 void ProspectStore::setSent(bool sent, const Prospect &prospect)
@@ -174,7 +174,7 @@ void ProspectStore::setStopped(bool stopped, const Prospect &prospect)
         m_statuses.set(prospect.id, std::move(status));
         setSelectedForSending(false, prospect);
         setSelectedForEmailSending(false, prospect);
-        publish(Collection::statuses, prospect.id);
+        publish(Collection::statuses, {prospect.id});
         return;
     }
     status.stopped.reset();

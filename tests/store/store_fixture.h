@@ -44,9 +44,45 @@ protected:
         return QJsonDocument::fromJson(desktop.file(name)).array();
     }
 
+    /// Notes what the store announces from now on, one line per change.
+    void listen()
+    {
+        QObject::connect(&store(), &ProspectStore::published, &m_listener,
+                         [this](const Change &change) { told << inWords(change); });
+    }
+
     FakeDesktop desktop;
+    QStringList told;
 
 private:
+    static QString inWords(const Change &change)
+    {
+        const auto join = [](const IdSet &ids) {
+            return u' ' + QStringList(ids.begin(), ids.end()).join(u',');
+        };
+        const auto name = [](Channel channel) {
+            return channel == Channel::sms ? QStringLiteral("sms") : QStringLiteral("email");
+        };
+        return std::visit(
+            Following{[&](const ContactsChanged &contacts) {
+                          return QString::fromUtf16(descriptor(contacts.collection).fileName) +
+                                 join(contacts.ids);
+                      },
+                      [&](const SelectionChanged &selection) {
+                          return QStringLiteral("selection ") + name(selection.channel) +
+                                 join(selection.ids);
+                      },
+                      [](const ListReshaped &) { return QStringLiteral("list"); },
+                      [&](const TemplatesChanged &templates) {
+                          return QStringLiteral("templates ") + name(templates.channel);
+                      },
+                      [](const DepartmentsChanged &) { return QStringLiteral("departments"); },
+                      [](const QuotaChanged &) { return QStringLiteral("quota"); },
+                      [](const TestNumberChanged &) { return QStringLiteral("test number"); }},
+            change);
+    }
+
+    QObject m_listener;
     std::unique_ptr<ProspectStore> m_store;
 };
 

@@ -67,9 +67,11 @@ void ContactForm::addDepartmentRow()
     fillDepartments();
     connect(m_departments, &ChoicePicker::picked, this,
             [this](const QString &code) { m_fields.department = code; });
-    connect(&m_store, &ProspectStore::published, this, [this](Collection collection) {
-        if (collection == Collection::departments)
-            fillDepartments();
+    connect(&m_store, &ProspectStore::published, this, [this](const Change &change) {
+        std::visit(Following{[this](const DepartmentsChanged &) { fillDepartments(); },
+                             Ignoring<ContactsChanged, SelectionChanged, ListReshaped,
+                                      TemplatesChanged, QuotaChanged, TestNumberChanged>()},
+                   change);
     });
 }
 

@@ -49,9 +49,11 @@ DepartmentManagerView::DepartmentManagerView(ProspectStore &store, QWidget *pare
     header()->addWidget(m_result);
     addList();
     m_code->setFocus();
-    connect(&store, &ProspectStore::published, this, [this](Collection collection) {
-        if (collection == Collection::departments)
-            fillList();
+    connect(&store, &ProspectStore::published, this, [this](const Change &change) {
+        std::visit(Following{[this](const DepartmentsChanged &) { fillList(); },
+                             Ignoring<ContactsChanged, SelectionChanged, ListReshaped,
+                                      TemplatesChanged, QuotaChanged, TestNumberChanged>()},
+                   change);
     });
 }
 

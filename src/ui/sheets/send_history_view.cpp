@@ -52,11 +52,16 @@ SendHistoryView::SendHistoryView(ProspectStore &store, const QTimeZone &zone,
                                   "et heure sans remplacer les précédentes."_s,
                                   TextStyle::footnote, Tint::secondary));
     refresh();
-    connect(&store, &ProspectStore::published, this,
-            [this](Collection collection, const QString &id) {
-                if (collection == Collection::statuses && (id.isEmpty() || id == m_prospect.id))
-                    refresh();
-            });
+    connect(&store, &ProspectStore::published, this, [this](const Change &change) {
+        std::visit(Following{[this](const ContactsChanged &changed) {
+                                 if (changed.collection == Collection::statuses &&
+                                     changed.ids.contains(m_prospect.id))
+                                     refresh();
+                             },
+                             Ignoring<SelectionChanged, ListReshaped, TemplatesChanged,
+                                      DepartmentsChanged, QuotaChanged, TestNumberChanged>()},
+                   change);
+    });
 }
 
 void SendHistoryView::refresh()

@@ -66,7 +66,7 @@ const TemplateChannel &smsTemplateChannel()
     static const TemplateChannel channel{
         .defaultID = ProspectStore::defaultMessageID,
         .newID = u"__nouveau_message__"_s,
-        .collection = Collection::messageTemplates,
+        .channel = Channel::sms,
         .all = allMessages,
         .create = createMessage,
         .update = updateMessage,
@@ -92,7 +92,7 @@ const TemplateChannel &emailTemplateChannel()
     static const TemplateChannel channel{
         .defaultID = ProspectStore::defaultEmailTemplateID,
         .newID = u"__nouveau_mail__"_s,
-        .collection = Collection::emailTemplates,
+        .channel = Channel::email,
         .all = allEmails,
         .create = createEmail,
         .update = updateEmail,

@@ -21,7 +21,7 @@ struct TemplateChannel {
     QString newID; ///< stands in the picker for a template not created yet
 
     // The store's side.
-    Collection collection;
+    Channel channel;
     std::vector<EmailTemplate> (*all)(const ProspectStore &store);
     QString (*create)(ProspectStore &store, const TemplateDraft &draft); ///< the new id
     void (*update)(ProspectStore &store, const QString &id, const TemplateDraft &draft);

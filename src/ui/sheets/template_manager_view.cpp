@@ -42,9 +42,14 @@ TemplateManagerView::TemplateManagerView(ProspectStore &store, const TemplateCha
     addBottomRow();
     refresh();
     m_picker->setFocus();
-    connect(&store, &ProspectStore::published, this, [this](Collection collection) {
-        if (collection == m_channel.collection)
-            refresh();
+    connect(&store, &ProspectStore::published, this, [this](const Change &change) {
+        std::visit(Following{[this](const TemplatesChanged &templates) {
+                                 if (templates.channel == m_channel.channel)
+                                     refresh();
+                             },
+                             Ignoring<ContactsChanged, SelectionChanged, ListReshaped,
+                                      DepartmentsChanged, QuotaChanged, TestNumberChanged>()},
+                   change);
     });
 }
 

@@ -38,9 +38,14 @@ TestMessageView::TestMessageView(ProspectStore &store, QWidget *parent)
     addBottomRow();
     refresh();
     m_number->setFocus();
-    connect(&store, &ProspectStore::published, this, [this](Collection collection) {
-        if (collection == Collection::messageTemplates)
-            refresh();
+    connect(&store, &ProspectStore::published, this, [this](const Change &change) {
+        std::visit(Following{[this](const TemplatesChanged &templates) {
+                                 if (templates.channel == Channel::sms)
+                                     refresh();
+                             },
+                             Ignoring<ContactsChanged, SelectionChanged, ListReshaped,
+                                      DepartmentsChanged, QuotaChanged, TestNumberChanged>()},
+                   change);
     });
 }
 

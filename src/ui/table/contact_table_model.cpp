@@ -53,8 +53,6 @@ ContactTableModel::ContactTableModel(ProspectStore &store, Switches &switches, c
       m_list(store, m_state)
 {
     connect(&store, &ProspectStore::published, this, &ContactTableModel::follow);
-    connect(&store, &ProspectStore::selectionPublished, this,
-            [this](const QString &id) { id.isEmpty() ? refreshSoon() : refreshContact(id); });
     connect(&switches, &Switches::changed, this, [this, &switches] {
         m_state.emailIsAutomatic = switches.autoValidateEmail();
         announceColumn(columnCount() - 1);

@@ -57,8 +57,8 @@ Q_SIGNALS:
     void aboutToReplaceRows();
 
 private:
-    void follow(Collection collection, const QString &contactId);
-    void refreshContact(const QString &id);
+    void follow(const Change &change);
+    void refreshContacts(const IdSet &ids);
     void refreshSoon();
     void refresh();
     void announceColumn(int column);

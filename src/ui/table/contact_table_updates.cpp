@@ -4,35 +4,33 @@ namespace quenoria {
 
 namespace {
 
-/// Records that only ever concern the contact that is named; the other collections shape the list
-/// or lend their texts to many contacts.
-bool belongsToOneContact(Collection collection)
-{
-    return collection == Collection::statuses || collection == Collection::emailStatuses ||
-           collection == Collection::messageAssignments ||
-           collection == Collection::emailAssignments ||
-           collection == Collection::attachmentPaths ||
-           collection == Collection::contactOverrides || collection == Collection::emailOverrides;
-}
+/// Moving rows one by one costs more than sorting them anew when they are many.
+constexpr std::size_t mostMovedAlone = 100;
 
 } // namespace
 
-void ContactTableModel::follow(Collection collection, const QString &contactId)
+void ContactTableModel::follow(const Change &change)
 {
-    if (collection == Collection::smsMonthlyRecipientsByMonth)
-        return;
-    if (!contactId.isEmpty() && belongsToOneContact(collection))
-        refreshContact(contactId);
-    else
-        refreshSoon();
+    std::visit(
+        Following{[this](const ContactsChanged &contacts) { refreshContacts(contacts.ids); },
+                  [this](const SelectionChanged &selection) { refreshContacts(selection.ids); },
+                  [this](const ListReshaped &) { refreshSoon(); },
+                  [this](const TemplatesChanged &) { refreshSoon(); },
+                  [this](const DepartmentsChanged &) { refreshSoon(); },
+                  Ignoring<QuotaChanged, TestNumberChanged>()},
+        change);
 }
 
-void ContactTableModel::refreshContact(const QString &id)
+void ContactTableModel::refreshContacts(const IdSet &ids)
 {
-    m_state.attachmentsFound.remove(id);
-    for (const std::uint32_t entry : m_list.entriesOf(id)) {
-        if (const int row = m_list.reload(entry); row != ContactList::none)
-            Q_EMIT dataChanged(index(row, 0), index(row, columnCount() - 1));
+    if (m_refreshIsDue || ids.size() > mostMovedAlone)
+        return refreshSoon();
+    for (const QString &id : ids) {
+        m_state.attachmentsFound.remove(id);
+        for (const std::uint32_t entry : m_list.entriesOf(id)) {
+            if (const int row = m_list.reload(entry); row != ContactList::none)
+                Q_EMIT dataChanged(index(row, 0), index(row, columnCount() - 1));
+        }
     }
     Q_EMIT changed();
 }
@@ -44,7 +42,7 @@ void ContactTableModel::setUnderWay(Channel channel, const QString &contactId, b
         contacts.insert(contactId);
     else
         contacts.erase(contactId);
-    refreshContact(contactId);
+    refreshContacts({contactId});
 }
 
 /// Several collections often change together; the rows keep their own copies of the contacts, so

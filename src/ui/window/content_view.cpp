@@ -110,9 +110,12 @@ void ContentView::followModel()
             [this](Channel channel, const QString &id) {
                 m_model.setUnderWay(channel, id, m_desk.isUnderWay(channel, id));
             });
-    connect(&m_store, &ProspectStore::published, this, [this](Collection collection) {
-        if (collection == Collection::smsMonthlyRecipientsByMonth)
-            refresh();
+    connect(&m_store, &ProspectStore::published, this, [this](const Change &change) {
+        std::visit(
+            Following{[this](const QuotaChanged &) { refresh(); },
+                      Ignoring<ContactsChanged, SelectionChanged, ListReshaped, // the model's
+                               TemplatesChanged, DepartmentsChanged, TestNumberChanged>()},
+            change);
     });
     connect(m_header->searchField(), &QLineEdit::textChanged, &m_model,
             &ContactTableModel::setSearchText);
