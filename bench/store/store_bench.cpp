@@ -108,7 +108,7 @@ void reportStart(int contacts)
     writeFiles(desktop, contacts);
     const QDir folder(desktop.folders.data());
     const double floor = measure([&](int) {
-        for (const CollectionDescriptor &entry : collections)
+        for (const CollectionDescriptor &entry : collections())
             parse(folder.filePath(QString::fromUtf16(entry.fileName)));
     });
     std::optional<ProspectStore> store;

@@ -47,13 +47,31 @@ constexpr std::array titles{
 };
 static_assert(std::ranges::is_sorted(titles, {}, &HeaderTitle::text));
 
-bool isDigit(char c) { return c >= '0' && c <= '9'; }
+constexpr bool isDigit(char c) { return c >= '0' && c <= '9'; }
 
-char foldAscii(char c)
+constexpr char foldAscii(char c)
 {
     if (c >= 'A' && c <= 'Z')
         return char(c - 'A' + 'a');
     return (c >= 'a' && c <= 'z') || isDigit(c) ? c : ' ';
+}
+
+/// Whether a title may begin with the byte: with the letter of one, or with what Unicode's tables
+/// may fold to it.
+bool mayStartTitle(char first)
+{
+    static constexpr auto starts = [] {
+        std::array<bool, 256> marked{};
+        for (int byte = 0; byte < 256; ++byte) {
+            const char folded = foldAscii(char(byte));
+            marked[std::size_t(byte)] =
+                folded == ' ' || std::ranges::any_of(titles, [folded](const HeaderTitle &title) {
+                    return title.text.front() == folded;
+                });
+        }
+        return marked;
+    }();
+    return starts[static_cast<unsigned char>(first)];
 }
 
 /// Takes one character off the text and gives what it counts for: a letter, a digit, or a space
@@ -116,9 +134,7 @@ std::string normalizedHeader(std::string_view text)
 
 std::optional<ColumnRole> columnRole(std::string_view cell)
 {
-    constexpr std::string_view initials = " acdemnoprtv"; // a space for what may be accented
-    if (cell.empty() || initials.find(foldAscii(cell.front())) == std::string_view::npos ||
-        std::ranges::any_of(cell, isDigit))
+    if (cell.empty() || !mayStartTitle(cell.front()) || std::ranges::any_of(cell, isDigit))
         return std::nullopt; // as for nearly every cell
     const std::string normalized = normalizedHeader(cell);
     const auto *const found =

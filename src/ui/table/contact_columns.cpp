@@ -102,6 +102,12 @@ QString department(const Cell &cell)
     return code.isEmpty() ? QString() : u"%1 (%2)"_s.arg(cell.store.departmentName(code), code);
 }
 
+QString departmentTexts(const Cell &cell)
+{
+    const QString &code = cell.contact.department;
+    return code + textSeparator + cell.store.departmentName(code);
+}
+
 SortValue departmentCode(const Cell &cell) { return cell.contact.department; }
 
 QString profession(const Cell &cell) { return cell.contact.profession.value_or(QString()); }
@@ -255,8 +261,8 @@ CellButtons actions(const Cell &cell)
             sendButton(RowAction::sendEmail, email, state.emailUnderWay.contains(cell.contact.id))};
 }
 
-constexpr ContactColumn checkColumn(const char16_t *header, int width,
-                                    std::optional<SortColumn> sort, QVariant (*value)(const Cell &),
+constexpr ContactColumn checkColumn(const char16_t *header, int width, SortColumn sort,
+                                    QVariant (*value)(const Cell &),
                                     void (*edit)(const Cell &, const QVariant &))
 {
     return {.header = header,
@@ -274,7 +280,12 @@ constexpr ContactColumn available(ContactColumn column, bool (*test)(const Cell 
 }
 
 constexpr std::array columns{
-    checkColumn(u"Supprimer", 95, {}, isTickedForDeletion, tickForDeletion),
+    ContactColumn{.header = u"Supprimer",
+                  .width = 95,
+                  .kind = CellKind::check,
+                  .value = isTickedForDeletion,
+                  .edit = tickForDeletion,
+                  .keptByTable = true},
     available(checkColumn(u"Envoyer SMS", 85, SortColumn::selection, isSelected, select),
               canBeSelected),
     checkColumn(u"SMS envoyé", 80, SortColumn::sent, isSent, markSent),
@@ -283,15 +294,24 @@ constexpr std::array columns{
         canBeEmailSelected),
     checkColumn(u"Mail envoyé", 85, SortColumn::emailSent, isEmailSent, markEmailSent),
     checkColumn(u"STOP", 60, SortColumn::stopped, isStopped, stop),
-    ContactColumn{
-        .header = u"Contact", .width = 680, .sort = SortColumn::name, .text = label, .mark = mark},
+    ContactColumn{.header = u"Contact",
+                  .width = 680,
+                  .sort = SortColumn::name,
+                  .text = label,
+                  .mark = mark,
+                  .searched = label,
+                  .namesContact = true},
     ContactColumn{.header = u"Département",
                   .width = 160,
                   .sort = SortColumn::department,
                   .text = department,
-                  .key = departmentCode},
-    ContactColumn{
-        .header = u"Métier", .width = 100, .sort = SortColumn::profession, .text = profession},
+                  .key = departmentCode,
+                  .searched = departmentTexts},
+    ContactColumn{.header = u"Métier",
+                  .width = 100,
+                  .sort = SortColumn::profession,
+                  .text = profession,
+                  .searched = profession},
     ContactColumn{.header = u"Message SMS",
                   .width = 180,
                   .kind = CellKind::picker,
@@ -299,7 +319,8 @@ constexpr std::array columns{
                   .text = messageTitle,
                   .value = messageID,
                   .edit = assignMessage,
-                  .choices = messages},
+                  .choices = messages,
+                  .searched = messageTitle},
     ContactColumn{.header = u"Message e-mail",
                   .width = 180,
                   .kind = CellKind::picker,
@@ -307,21 +328,28 @@ constexpr std::array columns{
                   .text = emailTitle,
                   .value = emailTemplateID,
                   .edit = assignEmailTemplate,
-                  .choices = emailTemplates},
+                  .choices = emailTemplates,
+                  .searched = emailTitle},
     ContactColumn{.header = u"Fichier joint",
                   .width = 220,
                   .kind = CellKind::buttons,
                   .sort = SortColumn::attachment,
                   .text = attachmentName,
                   .buttons = attachmentButtons,
-                  .warning = attachmentWarning},
-    ContactColumn{
-        .header = u"Adresse e-mail", .width = 230, .sort = SortColumn::email, .text = emailAddress},
+                  .warning = attachmentWarning,
+                  .searched = attachmentName,
+                  .followsDisk = true},
+    ContactColumn{.header = u"Adresse e-mail",
+                  .width = 230,
+                  .sort = SortColumn::email,
+                  .text = emailAddress,
+                  .searched = emailAddress},
     ContactColumn{.header = u"Mobile",
                   .width = 125,
                   .sort = SortColumn::phone,
                   .text = phone,
-                  .key = contactID},
+                  .key = contactID,
+                  .searched = phone},
     ContactColumn{.header = u"Dates et heures d’envoi",
                   .width = 230,
                   .kind = CellKind::date,
@@ -339,9 +367,13 @@ constexpr std::array columns{
                   .text = comment,
                   .value = commentValue,
                   .edit = setComment,
-                  .placeholder = u"Ajouter un commentaire"},
-    ContactColumn{
-        .header = u"Actions", .width = 230, .kind = CellKind::buttons, .buttons = actions},
+                  .placeholder = u"Ajouter un commentaire",
+                  .searched = comment},
+    ContactColumn{.header = u"Actions",
+                  .width = 230,
+                  .kind = CellKind::buttons,
+                  .buttons = actions,
+                  .followsSwitches = true},
 };
 
 static_assert(std::accumulate(columns.begin(), columns.end(), 0,
@@ -357,6 +389,16 @@ int columnOf(SortColumn column)
 {
     const auto sorts = [column](const ContactColumn &entry) { return entry.sort == column; };
     return int(std::ranges::find_if(columns, sorts) - columns.begin());
+}
+
+std::vector<int> columnsThat(bool ContactColumn::*property)
+{
+    std::vector<int> found;
+    for (std::size_t column = 0; column < columns.size(); ++column) {
+        if (columns[column].*property)
+            found.push_back(int(column));
+    }
+    return found;
 }
 
 SortValue sortValue(const ContactColumn &column, const Cell &cell)

@@ -67,7 +67,18 @@ struct ContactColumn {
     ContactMark (*mark)(const Cell &) = nullptr;
     QString (*warning)(const Cell &) = nullptr;
     const char16_t *placeholder = u"";
+    QString (*searched)(const Cell &) = nullptr; ///< what a search looks in
+
+    // What sets the column apart. The rest of the table knows a column by these, never by where
+    // it stands.
+    bool namesContact = false;    ///< read aloud with every other cell; takes the spare width
+    bool keptByTable = false;     ///< its ticks are the table's own, and its header ticks all
+    bool followsSwitches = false; ///< what it offers depends on the switches
+    bool followsDisk = false;     ///< what it shows depends on files of other programs
 };
+
+/// Parts two texts that a search looks in: no character, so that no search runs over it.
+inline constexpr QChar textSeparator(0xFFFF);
 
 /// Width of the table's content when nobody has resized a column; the contact's column takes what
 /// the others leave.
@@ -78,6 +89,9 @@ inline constexpr int tableContentWidth = 3080;
 
 /// Where the column stands that sorts so.
 [[nodiscard]] int columnOf(SortColumn column);
+
+/// Where the columns stand that have the property.
+[[nodiscard]] std::vector<int> columnsThat(bool ContactColumn::*property);
 
 /// What the column compares its contacts by.
 [[nodiscard]] SortValue sortValue(const ContactColumn &column, const Cell &cell);

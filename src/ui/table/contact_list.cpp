@@ -13,7 +13,6 @@ namespace {
 
 constexpr std::size_t nowhere = std::size_t(-1);
 constexpr int usualTextLength = 256;
-constexpr QChar textSeparator(0xFFFF); // no character: no search runs over the end of a text
 
 /// Two texts that differ by case only, in the user's language, fold to the same.
 QString folded(const QString &text)
@@ -148,24 +147,13 @@ const QString &ContactList::textsOf(const Entry &entry) const
 {
     if (!entry.texts.isNull())
         return entry.texts;
-    const Prospect &contact = entry.contact;
+    const Cell cell{m_store, m_state, entry.contact};
     QString texts;
     texts.reserve(usualTextLength);
-    const auto add = [&texts](const QString &text) {
-        texts += text;
-        texts += textSeparator;
-    };
-    add(contact.label);
-    add(contact.phone);
-    add(contact.email.value_or(QString()));
-    add(contact.department);
-    add(m_store.departmentName(contact.department));
-    add(contact.profession.value_or(QString()));
-    add(m_store.assignedMessage(contact).title);
-    add(m_store.assignedEmailTemplate(contact).title);
-    add(m_store.attachmentName(contact).value_or(QString()));
-    if (const SendStatus *status = m_store.status(contact))
-        add(status->comment.value_or(QString()));
+    for (const ContactColumn &column : contactColumns()) {
+        if (column.searched)
+            texts += column.searched(cell) + textSeparator;
+    }
     return entry.texts = folded(texts);
 }
 

@@ -55,7 +55,7 @@ ContactTableModel::ContactTableModel(ProspectStore &store, Switches &switches, c
     connect(&store, &ProspectStore::published, this, &ContactTableModel::follow);
     connect(&switches, &Switches::changed, this, [this, &switches] {
         m_state.emailIsAutomatic = switches.autoValidateEmail();
-        announceColumn(columnCount() - 1);
+        announce(&ContactColumn::followsSwitches);
     });
 }
 
@@ -131,7 +131,7 @@ bool ContactTableModel::setData(const QModelIndex &index, const QVariant &value,
     const QVariant edited =
         role == Qt::CheckStateRole ? QVariant(value.toInt() == Qt::Checked) : value;
     column.edit({m_store, m_state, contact}, edited);
-    if (!column.sort) { // the store knows nothing of it
+    if (column.keptByTable) { // the store announces nothing
         m_allAreTicked.reset();
         Q_EMIT dataChanged(index, index);
         Q_EMIT headerDataChanged(Qt::Horizontal, index.column(), index.column());
@@ -160,7 +160,7 @@ QString ContactTableModel::accessibleText(const QModelIndex &index) const
         for (const CellButton &button : column.buttons(seen))
             parts << button.name;
     }
-    if (column.sort != SortColumn::name)
+    if (!column.namesContact)
         parts << seen.contact.label;
     parts.removeAll(QString());
     return headerText(index.column()) + u" : "_s + parts.join(u", "_s);
@@ -168,8 +168,7 @@ QString ContactTableModel::accessibleText(const QModelIndex &index) const
 
 QVariant ContactTableModel::headerTick(int section) const
 {
-    const ContactColumn &column = columnAt(section);
-    if (column.kind != CellKind::check || column.sort)
+    if (!columnAt(section).keptByTable)
         return {};
     return allAreTicked() ? Qt::Checked : Qt::Unchecked;
 }
@@ -240,7 +239,7 @@ void ContactTableModel::clearDeleteSelection()
 {
     m_state.deleteSelection.clear();
     m_allAreTicked.reset();
-    announceColumn(0);
+    announce(&ContactColumn::keptByTable);
 }
 
 bool ContactTableModel::allAreTicked() const
@@ -266,7 +265,7 @@ void ContactTableModel::tickAll(bool ticked)
             m_state.deleteSelection.erase(m_list.at(row).id);
     }
     m_allAreTicked.reset();
-    announceColumn(0);
+    announce(&ContactColumn::keptByTable);
 }
 
 void ContactTableModel::lookForAttachments()
@@ -274,8 +273,8 @@ void ContactTableModel::lookForAttachments()
     m_state.attachmentsFound.clear();
     if (m_list.size() == 0)
         return;
-    const int column = columnOf(SortColumn::attachment);
-    Q_EMIT dataChanged(index(0, column), index(rowCount() - 1, column));
+    for (const int column : columnsThat(&ContactColumn::followsDisk))
+        Q_EMIT dataChanged(index(0, column), index(rowCount() - 1, column));
 }
 
 } // namespace quenoria

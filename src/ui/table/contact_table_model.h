@@ -61,7 +61,7 @@ private:
     void refreshContacts(const IdSet &ids);
     void refreshSoon();
     void refresh();
-    void announceColumn(int column);
+    void announce(bool ContactColumn::*property);
     Cell cell(const QModelIndex &index) const;
     QVariant headerTick(int section) const;
     QString accessibleText(const QModelIndex &index) const;

@@ -66,12 +66,14 @@ void ContactTableModel::refresh()
     Q_EMIT changed();
 }
 
-/// One column changed in every row.
-void ContactTableModel::announceColumn(int column)
+/// The columns that have the property changed in every row.
+void ContactTableModel::announce(bool ContactColumn::*property)
 {
-    if (rowCount() > 0)
-        Q_EMIT dataChanged(index(0, column), index(rowCount() - 1, column));
-    Q_EMIT headerDataChanged(Qt::Horizontal, column, column);
+    for (const int column : columnsThat(property)) {
+        if (rowCount() > 0)
+            Q_EMIT dataChanged(index(0, column), index(rowCount() - 1, column));
+        Q_EMIT headerDataChanged(Qt::Horizontal, column, column);
+    }
     Q_EMIT changed();
 }
 

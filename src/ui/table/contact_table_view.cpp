@@ -9,7 +9,7 @@ namespace quenoria {
 
 namespace {
 
-const int contactColumn = columnOf(SortColumn::name);
+const int contactColumn = columnsThat(&ContactColumn::namesContact).front();
 constexpr QChar widthSeparator(u',');
 
 } // namespace

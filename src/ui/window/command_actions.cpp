@@ -44,7 +44,7 @@ constexpr std::array switchDescriptors{
 CommandActions::CommandActions(ContentView &window, Switches &switches)
 {
     for (const Command &command : windowCommands())
-        m_commands << makeAction(command, window);
+        m_commands.push_back({&command, makeAction(command, window)});
     makeSwitches(window, switches);
 }
 
@@ -81,37 +81,32 @@ void CommandActions::makeSwitches(ContentView &window, Switches &switches)
 QList<QAction *> CommandActions::buttons(ButtonPlace place) const
 {
     QList<QAction *> placed;
-    const auto commands = windowCommands();
-    for (std::size_t each = 0; each < commands.size(); ++each) {
-        if (commands[each].button == place)
-            placed << m_commands[qsizetype(each)];
+    for (const auto &[command, action] : m_commands) {
+        if (command->button == place)
+            placed << action;
     }
     return placed;
 }
 
-void CommandActions::fillMenuBar(QMenuBar &bar) const
+void CommandActions::fillMenuBar(QMenuBar &bar)
 {
-    for (const MenuPlace place :
-         {MenuPlace::file, MenuPlace::edit, MenuPlace::send, MenuPlace::window, MenuPlace::help})
-        bar.addMenu(menuTitle(place))->menuAction()->setData(int(place));
-    const auto commands = windowCommands();
-    for (std::size_t each = 0; each < commands.size(); ++each) {
-        QMenu *menu = bar.actions()[qsizetype(commands[each].menu)]->menu();
-        if (commands[each].startsGroup)
-            menu->addSeparator();
-        menu->addAction(m_commands[qsizetype(each)]);
+    for (const MenuTitle &menu : windowMenus())
+        m_menus[menu.place] = bar.addMenu(QString::fromUtf16(menu.title));
+    for (const auto &[command, action] : m_commands) {
+        QMenu &menu = this->menu(command->menu);
+        if (command->startsGroup)
+            menu.addSeparator();
+        menu.addAction(action);
     }
-    QMenu *send = bar.actions()[qsizetype(MenuPlace::send)]->menu();
-    send->addSeparator();
-    send->addActions(m_switches);
+    menu(MenuPlace::send).addSeparator();
+    menu(MenuPlace::send).addActions(m_switches);
 }
 
 void CommandActions::showTexts(const HeaderTexts &texts)
 {
-    const auto commands = windowCommands();
-    for (std::size_t each = 0; each < commands.size(); ++each) {
-        if (commands[each].countedText)
-            m_commands[qsizetype(each)]->setText(texts.*commands[each].countedText);
+    for (const auto &[command, action] : m_commands) {
+        if (command->countedText)
+            action->setText(texts.*command->countedText);
     }
 }
 

@@ -4,6 +4,9 @@
 
 #include <QList>
 
+#include <map>
+#include <vector>
+
 class QAction;
 class QMenu;
 class QMenuBar;
@@ -19,7 +22,8 @@ public:
 
     QList<QAction *> buttons(ButtonPlace place) const;
     const QList<QAction *> &switches() const { return m_switches; }
-    void fillMenuBar(QMenuBar &bar) const;
+    void fillMenuBar(QMenuBar &bar);
+    QMenu &menu(MenuPlace place) const { return *m_menus.at(place); } ///< of the bar, once filled
 
     /// Gives the commands that count something their current texts.
     void showTexts(const HeaderTexts &texts);
@@ -28,7 +32,12 @@ private:
     QAction *makeAction(const Command &command, ContentView &window);
     void makeSwitches(ContentView &window, Switches &switches);
 
-    QList<QAction *> m_commands; ///< in the order of windowCommands()
+    struct Entry {
+        const Command *command;
+        QAction *action;
+    };
+    std::vector<Entry> m_commands;
+    std::map<MenuPlace, QMenu *> m_menus;
     QList<QAction *> m_switches;
 };
 

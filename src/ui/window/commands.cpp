@@ -49,14 +49,15 @@ constexpr std::array commands{
             nullptr, true},
 };
 
+constexpr std::array menus{
+    MenuTitle{file, u"&Fichier"},   MenuTitle{edit, u"É&dition"}, MenuTitle{send, u"En&vois"},
+    MenuTitle{window, u"Fe&nêtre"}, MenuTitle{help, u"&Aide"},
+};
+
 } // namespace
 
 std::span<const Command> windowCommands() { return commands; }
 
-QString menuTitle(MenuPlace menu)
-{
-    static constexpr std::array titles{u"&Fichier", u"É&dition", u"En&vois", u"Fe&nêtre", u"&Aide"};
-    return QString::fromUtf16(titles[std::size_t(menu)]);
-}
+std::span<const MenuTitle> windowMenus() { return menus; }
 
 } // namespace quenoria

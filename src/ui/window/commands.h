@@ -8,7 +8,7 @@ namespace quenoria {
 
 class ContentView;
 
-/// The menus of the menu bar, in its order.
+/// The menus of the menu bar.
 enum class MenuPlace { file, edit, send, window, help };
 
 /// Where a command has a button of its own.
@@ -28,6 +28,12 @@ struct Command {
 
 [[nodiscard]] std::span<const Command> windowCommands();
 
-[[nodiscard]] QString menuTitle(MenuPlace menu);
+struct MenuTitle {
+    MenuPlace place;
+    const char16_t *title;
+};
+
+/// The menus, from left to right.
+[[nodiscard]] std::span<const MenuTitle> windowMenus();
 
 } // namespace quenoria

@@ -87,14 +87,14 @@ void ContentView::build()
 /// What the table offers by its headers and cells, for the keyboard.
 void ContentView::addKeyboardMenus()
 {
-    QMenu *edit = menuBar()->actions()[qsizetype(MenuPlace::edit)]->menu();
-    QMenu *contact = edit->addMenu(u"Contact"_s);
+    QMenu &edit = m_commands.menu(MenuPlace::edit);
+    QMenu *contact = edit.addMenu(u"Contact"_s);
     connect(contact, &QMenu::aboutToShow, this, [this, contact] {
         contact->clear();
         if (const Prospect *current = m_table->currentContact())
             fillContactMenu(*contact, current->id);
     });
-    QMenu *sort = edit->addMenu(u"Trier par"_s);
+    QMenu *sort = edit.addMenu(u"Trier par"_s);
     for (const ContactColumn &column : contactColumns()) {
         if (column.sort)
             sort->addAction(QString::fromUtf16(column.header), this,

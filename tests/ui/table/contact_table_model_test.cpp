@@ -73,10 +73,11 @@ TEST_F(TableModel, CellsShowTheContactAndItsRecords)
     store().setStopped(true, chloe());
     store().setComment(u"rappeler"_s, chloe());
     EXPECT_EQ(text(chloe(), SortColumn::date), QString()) << "nothing was sent";
-    EXPECT_EQ(captions(alix(), 16), (QStringList{u"Préparer SMS"_s, u"Préparer mail"_s}));
+    const int actions = columnsThat(&ContactColumn::followsSwitches).front();
+    EXPECT_EQ(captions(alix(), actions), (QStringList{u"Préparer SMS"_s, u"Préparer mail"_s}));
     switches().setAutoValidateEmail(true);
     switches().setAutoValidateSMS(true);
-    EXPECT_EQ(captions(alix(), 16), (QStringList{u"Préparer SMS"_s, u"Envoyer mail"_s}));
+    EXPECT_EQ(captions(alix(), actions), (QStringList{u"Préparer SMS"_s, u"Envoyer mail"_s}));
 
     const auto mark = [this] {
         return ContactMark(at(alix(), SortColumn::name).data(MarkRole).toInt());
@@ -137,15 +138,17 @@ TEST_F(TableModel, AMissingAttachmentIsNoticedWhenTheTableLooksAgain)
 
 TEST_F(TableModel, TickingAllReachesWhatIsDisplayedOnly)
 {
+    const int deletion = columnsThat(&ContactColumn::keptByTable).front();
     EXPECT_FALSE(model().allAreTicked());
-    model().setData(at(chloe(), 0), Qt::Checked, Qt::CheckStateRole);
+    model().setData(at(chloe(), deletion), Qt::Checked, Qt::CheckStateRole);
     model().setSearchText(u"client"_s);
     EXPECT_FALSE(model().allAreTicked());
     model().tickAll(true);
     EXPECT_TRUE(model().allAreTicked());
     EXPECT_EQ(model().deleteSelection(), (IdSet{chloe().id, u"0639980020"_s, u"0639980021"_s}));
-    EXPECT_EQ(model().headerData(0, Qt::Horizontal, Qt::CheckStateRole).toInt(), Qt::Checked);
-    model().setData(model().index(0, 0), Qt::Unchecked, Qt::CheckStateRole);
+    EXPECT_EQ(model().headerData(deletion, Qt::Horizontal, Qt::CheckStateRole).toInt(),
+              Qt::Checked);
+    model().setData(model().index(0, deletion), Qt::Unchecked, Qt::CheckStateRole);
     EXPECT_FALSE(model().allAreTicked());
     model().tickAll(false);
     EXPECT_EQ(model().deleteSelection(), IdSet{chloe().id});
