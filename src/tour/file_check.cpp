@@ -60,7 +60,7 @@ void checkOutbox(const QString &folder, const QString &pattern, qsizetype expect
 
 void checkFiles(Guide &guide, const ProspectStore &store, const VisitedContacts &visited)
 {
-    for (const CollectionDescriptor &entry : collections)
+    for (const CollectionDescriptor &entry : collections())
         (void)read(store, entry.collection);
     checkSends(read(store, Collection::statuses).object(), visited.sms);
     checkSends(read(store, Collection::emailStatuses).object(), visited.emails);

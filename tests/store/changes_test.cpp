@@ -13,7 +13,7 @@ const QString other = u"autre"_s;
 struct Announcement {
     const char *name;
     std::function<void(ProspectStore &, const Prospect &)> change;
-    QStringList told;
+    QStringList announced;
 };
 
 void PrintTo(const Announcement &announcement, std::ostream *out) { *out << announcement.name; }
@@ -35,7 +35,7 @@ protected:
 TEST_P(Changes, NameWhatTheyConcern)
 {
     GetParam().change(store(), alix());
-    EXPECT_EQ(told, GetParam().told);
+    EXPECT_EQ(announced, GetParam().announced);
 }
 
 const QString sms = u"suivi-envois.json "_s;
@@ -99,7 +99,7 @@ TEST_F(Changes, ManyAtOnceAreWrittenAtTheirEnd)
         EXPECT_FALSE(isKept());
     }
     EXPECT_TRUE(isKept());
-    EXPECT_EQ(told, (QStringList{u"selection sms "_s + chloeID, sms + alixID}));
+    EXPECT_EQ(announced, (QStringList{u"selection sms "_s + chloeID, sms + alixID}));
 }
 
 } // namespace

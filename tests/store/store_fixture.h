@@ -48,11 +48,11 @@ protected:
     void listen()
     {
         QObject::connect(&store(), &ProspectStore::published, &m_listener,
-                         [this](const Change &change) { told << inWords(change); });
+                         [this](const Change &change) { announced << inWords(change); });
     }
 
     FakeDesktop desktop;
-    QStringList told;
+    QStringList announced;
 
 private:
     static QString inWords(const Change &change)
