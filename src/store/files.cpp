@@ -70,7 +70,7 @@ void ProspectStore::save(Collection collection)
     m_unsaved[collection] = failureText(collection, *error);
     m_platform.log.write(m_unsaved[collection]);
     if (!QFileInfo(m_platform.folders.data()).isDir()) {
-        for (const CollectionDescriptor &lost : collections) // its file went with the folder
+        for (const CollectionDescriptor &lost : collections()) // its file went with the folder
             m_unsaved.emplace(lost.collection, failureText(lost.collection, *error));
     }
     Q_EMIT saveFailed();
