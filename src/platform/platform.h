@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/carriers.h"
 #include "platform/clock.h"
 #include "platform/file_panels.h"
 #include "platform/folders.h"
@@ -32,6 +33,7 @@ struct Platform {
     FileWriter &files;
     HandOverProgress &handOver;
     Mailbox &mailbox;
+    Carriers &carriers;
 };
 
 } // namespace quenoria

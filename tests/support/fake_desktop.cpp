@@ -65,11 +65,23 @@ QFuture<TransportResult> RecordingMailbox::sendTest()
     return QtFuture::makeReadyFuture(testResult);
 }
 
+void FakeCarriers::choose(const QString &id)
+{
+    choice = id;
+    Q_EMIT changed();
+}
+
+QFuture<TransportResult> FakeCarriers::send(const Composition &message)
+{
+    sent.push_back(message);
+    return QtFuture::makeReadyFuture(answer);
+}
+
 Platform FakeDesktop::platform()
 {
     return {clock,      preferences, folders,   scripts, workspace, sharing,
             pasteboard, panels,      resources, log,     files,     handOver,
-            mailbox};
+            mailbox,    carriers};
 }
 
 QByteArray FakeDesktop::file(const QString &name) const

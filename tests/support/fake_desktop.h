@@ -137,6 +137,28 @@ struct RecordingMailbox : Mailbox {
     QFuture<TransportResult> sendTest() override;
 };
 
+/// Carriers that a test puts there; keeps what it was asked to do.
+struct FakeCarriers : Carriers {
+    std::vector<Carrier> carriers;
+    QString choice;
+    bool files = true;
+    bool fixed = false;
+    TransportResult answer;
+    std::vector<Composition> sent;
+    QStringList pins;
+    MayRead mayRead;
+
+    void watch() override {}
+    std::vector<Carrier> found() const override { return carriers; }
+    QString chosen() const override { return choice; }
+    void choose(const QString &id) override;
+    bool takesFiles() const override { return files; }
+    bool isFixed() const override { return fixed; }
+    void unlock(const QString &, const QString &pin) override { pins << pin; }
+    QFuture<TransportResult> send(const Composition &message) override;
+    void listen(const MayRead &question) override { mayRead = question; }
+};
+
 /// A whole desktop that records what it was asked for.
 struct FakeDesktop {
     FakeClock clock;
@@ -152,6 +174,7 @@ struct FakeDesktop {
     Disk files;
     HandOverProgress handOver;
     RecordingMailbox mailbox;
+    FakeCarriers carriers;
 
     Platform platform();
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/demo/demo_carriers.h"
 #include "platform/demo/demo_mail.h"
 #include "platform/demo/demo_mailbox.h"
 #include "platform/demo/demo_messages.h"
@@ -23,6 +24,7 @@ public:
 
     [[nodiscard]] MessagesTransport &messages() override { return m_messages; }
     [[nodiscard]] MailTransport &mail() override { return m_mail; }
+    [[nodiscard]] Carriers &carriers() override { return m_carriers; }
     [[nodiscard]] Workspace &workspace() override { return m_workspace; }
     [[nodiscard]] SharingServices &sharing() override { return m_sharing; }
     [[nodiscard]] Mailbox &mailbox() override { return m_mailbox; }
@@ -31,6 +33,7 @@ private:
     Outbox m_outbox;
     DemoMessages m_messages;
     DemoMail m_mail;
+    DemoCarriers m_carriers;
     DemoWorkspace m_workspace;
     DemoSharing m_sharing;
     DemoMailbox m_mailbox;

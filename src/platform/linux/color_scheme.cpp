@@ -3,6 +3,7 @@
 #include <QDBusMessage>
 #include <QDBusPendingCallWatcher>
 #include <QDBusPendingReply>
+#include <QDebug>
 
 using namespace Qt::StringLiterals;
 
@@ -34,8 +35,10 @@ ColorSchemeSetting::ColorSchemeSetting(QDBusConnection bus, QObject *parent) : Q
 {
     if (!bus.isConnected())
         return;
-    bus.connect(portal, portalPath, settingsInterface, u"SettingChanged"_s, this,
-                SLOT(settingChanged(QString, QString, QDBusVariant)));
+    qRegisterMetaType<QDBusVariant>("QDBusVariant"); // by the name that the slot's text gives it
+    if (!bus.connect(portal, portalPath, settingsInterface, u"SettingChanged"_s, this,
+                     SLOT(settingChanged(QString, QString, QDBusVariant))))
+        qWarning() << "The desktop's changes between light and dark cannot be heard";
     ask(bus);
 }
 

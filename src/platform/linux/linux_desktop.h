@@ -5,7 +5,7 @@
 #include "platform/linux/linux_mailbox.h"
 #include "platform/linux/linux_sharing.h"
 #include "platform/linux/linux_workspace.h"
-#include "platform/linux/no_messages.h"
+#include "platform/linux/sms_carriers.h"
 #include "platform/qt/desktop.h"
 
 namespace quenoria {
@@ -18,15 +18,16 @@ public:
     /// "Quenoria v.7.29" in the user's data directory.
     [[nodiscard]] static QString standardDataFolder();
 
-    [[nodiscard]] MessagesTransport &messages() override { return m_messages; }
+    [[nodiscard]] MessagesTransport &messages() override { return m_carriers; }
     [[nodiscard]] MailTransport &mail() override { return m_mail; }
+    [[nodiscard]] Carriers &carriers() override { return m_carriers; }
     [[nodiscard]] Workspace &workspace() override { return m_workspace; }
     [[nodiscard]] SharingServices &sharing() override { return m_sharing; }
     [[nodiscard]] Mailbox &mailbox() override { return m_mailbox; }
 
 private:
     DraftOpener m_drafts;
-    NoMessages m_messages;
+    SmsCarriers m_carriers;
     std::shared_ptr<KnownPasswords> m_passwords = std::make_shared<KnownPasswords>();
     SmtpTransport m_smtp;
     SendmailTransport m_sendmail;

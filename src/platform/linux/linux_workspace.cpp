@@ -3,11 +3,22 @@
 #include "platform/linux/applications.h"
 #include "platform/qt/main_window.h"
 
+#include <QUrlQuery>
+
 using namespace Qt::StringLiterals;
 
 namespace quenoria {
 
-bool LinuxWorkspace::openUrl(const QUrl &url) { return openInApplication(url); }
+bool LinuxWorkspace::openUrl(const QUrl &url)
+{
+    if (openInApplication(url))
+        return true;
+    if (url.scheme() != u"sms"_s || m_carriers.chosen().isEmpty())
+        return false;
+    const QString body = QUrlQuery(url).queryItemValue(u"body"_s, QUrl::FullyDecoded);
+    Q_EMIT m_carriers.composeRequested({{url.path(QUrl::FullyDecoded)}, {}, body, {}});
+    return true;
+}
 
 std::optional<QString> LinuxWorkspace::defaultApplication(const QUrl &url) const
 {

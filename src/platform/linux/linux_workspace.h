@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/carriers.h"
 #include "platform/linux/mail_carrier.h"
 #include "platform/workspace.h"
 
@@ -8,8 +9,12 @@ namespace quenoria {
 /// The applications that the user registered with the desktop.
 class LinuxWorkspace : public Workspace {
 public:
-    explicit LinuxWorkspace(const MailCarrier &mail) : m_mail(mail) {}
+    LinuxWorkspace(const MailCarrier &mail, Carriers &carriers)
+        : m_mail(mail), m_carriers(carriers)
+    {
+    }
 
+    /// Without an application for "sms:" links, the window itself composes for a chosen carrier.
     [[nodiscard]] bool openUrl(const QUrl &url) override;
 
     /// "com.apple.mail" for an e-mail when the chosen road is set up, since Quenoria then plays
@@ -21,6 +26,7 @@ public:
 
 private:
     const MailCarrier &m_mail;
+    Carriers &m_carriers;
 };
 
 } // namespace quenoria

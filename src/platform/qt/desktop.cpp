@@ -11,7 +11,7 @@ Platform Desktop::platform(ScriptHost &scripts)
 {
     return {m_clock,      m_preferences, m_folders,   scripts, workspace(), sharing(),
             m_pasteboard, m_panels,      m_resources, m_log,   m_files,     m_handOver,
-            mailbox()};
+            mailbox(),    carriers()};
 }
 
 } // namespace quenoria

@@ -23,6 +23,7 @@ public:
     /// What carries the messages that scripts send.
     [[nodiscard]] virtual MessagesTransport &messages() = 0;
     [[nodiscard]] virtual MailTransport &mail() = 0;
+    [[nodiscard]] virtual Carriers &carriers() = 0;
 
     [[nodiscard]] virtual Workspace &workspace() = 0;
     [[nodiscard]] virtual SharingServices &sharing() = 0;

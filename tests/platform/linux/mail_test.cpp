@@ -218,9 +218,10 @@ TEST_F(Mail, GoesToTheRegisteredApplicationUnlessAProgramIsSetUp)
 {
     MemoryPreferences preferences;
     SmtpTransport smtp(clock, preferences, std::make_shared<KnownPasswords>());
-    SendmailTransport sendmail(clock, drafts);
+    SendmailTransport sendmail(clock, drafts, progress);
     const MailCarrier carrier(smtp, sendmail, preferences);
-    LinuxWorkspace workspace(carrier);
+    FakeCarriers carriers;
+    LinuxWorkspace workspace(carrier, carriers);
     const QUrl url(u"mailto:alix@example.fr?subject=l'%C3%A9t%C3%A9%20%26&body=a%0D%0Ab"_s);
     write(u"bin/msmtp"_s, "#!/bin/sh\n");
     QFile::link(path(u"bin/msmtp"_s), path(u"bin/sendmail"_s));
@@ -237,7 +238,8 @@ TEST_F(Mail, GoesToTheRegisteredApplicationUnlessAProgramIsSetUp)
 TEST_F(Mail, DraftsReachTheMailApplicationWithTheirFile)
 {
     RecordingLog log;
-    LinuxSharing sharing(drafts, log);
+    FakeCarriers carriers;
+    LinuxSharing sharing(drafts, carriers, log);
     EXPECT_EQ(sharing.composeEmail(), nullptr) << "nothing can open a draft";
     // The real one, so that its shell reads what it is given.
     write(u"bin/xdg-email"_s,

@@ -1,0 +1,234 @@
+#include "carriers/bench.h"
+#include "model/sms_length.h"
+#include "platform/linux/modem_road.h"
+#include "platform/linux/modem_transport.h"
+
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QSignalSpy>
+
+using namespace quenoria;
+using namespace quenoria::test;
+using namespace std::chrono_literals;
+
+namespace {
+
+const QString equipment = u"490154203237518"_s;
+const QString handle = u"+33639980001"_s;
+
+/// The real ModemManager with a simulated modem.
+class ModemBench : public Bench {
+protected:
+    void startModem(const QStringList &conduct = {})
+    {
+        const QString port = u"abstract:"_s + folder.path().section(u'/', -1);
+        start(daemon, u"/usr/sbin/ModemManager"_s,
+              {u"--test-session"_s, u"--test-enable"_s, u"--test-no-udev"_s,
+               u"--test-no-suspend-resume"_s, u"--test-no-qrtr"_s, u"--no-auto-scan"_s});
+        start(peer, u"/usr/bin/python3"_s,
+              QStringList{support(u"fake_modem.py"_s), port} + conduct);
+        ASSERT_EQ(line(), u"prêt"_s);
+        const QStringList ports{port};
+        ASSERT_TRUE(QTest::qWaitFor(
+            [&] {
+                return order({modemRoot,
+                              modemManager + u".Test"_s,
+                              u"SetProfile"_s,
+                              {u"quenoria"_s, u"generic"_s, ports}});
+            },
+            patience));
+        road.watch();
+        ASSERT_TRUE(QTest::qWaitFor([this] { return !carrier().id.isEmpty(); }, patience));
+    }
+
+    bool order(const BusOrder &what)
+    {
+        return BusService(application(), modemManager).call(what).type() ==
+               QDBusMessage::ReplyMessage;
+    }
+
+    Carrier carrier() const { return road.found().front(); }
+
+    QString send(const QString &text)
+    {
+        return outcome(
+            await([this, text] { return transport.sendText(MessagesService::SMS, handle, text); }));
+    }
+
+    ModemRoad road{application()};
+    ModemTransport::Limits limits{330s, 1s};
+    ModemTransport transport{application(), equipment, limits};
+};
+
+struct Row {
+    const char *name;
+    QStringList conduct;
+    QString text;
+    QString outcome;
+    int taken; ///< parts in the modem's file
+};
+
+class ModemSends : public ModemBench, public testing::WithParamInterface<Row> {};
+
+TEST_P(ModemSends, AsItTells)
+{
+    const Row &row = GetParam();
+    startModem(row.conduct);
+    EXPECT_EQ(send(row.text), row.outcome);
+    EXPECT_EQ(lineCount(), row.taken);
+}
+
+const QString refusedPart =
+    u"? Le réseau a refusé une partie du message (erreur 21) : le début est peut-être parti."_s;
+
+INSTANTIATE_TEST_SUITE_P(
+    Conducts, ModemSends,
+    testing::Values(
+        Row{"OnePart", {}, u"Été : 5 € l’un 👍\nÀ bientôt"_s, u"parti"_s, 1},
+        Row{"ThreeParts", {}, QString(400, u'é'), u"parti"_s, 3},
+        Row{"Pin", {u"sim=SIM PIN"_s}, u"a"_s, u"La carte SIM du modem attend son code PIN."_s, 0},
+        Row{"Puk",
+            {u"sim=SIM PUK"_s},
+            u"a"_s,
+            u"La carte SIM du modem est bloquée (code PUK)."_s,
+            0},
+        Row{"NoSim", {u"sim=absent"_s}, u"a"_s, u"Le modem n’a pas de carte SIM."_s, 0},
+        Row{"Searching",
+            {u"registration=2"_s},
+            u"a"_s,
+            u"Le modem n’est relié à aucun réseau mobile."_s,
+            0},
+        Row{"Denied",
+            {u"registration=3"_s},
+            u"a"_s,
+            u"Le réseau mobile refuse la carte SIM du modem."_s,
+            0},
+        Row{"NetworkRefuses",
+            {u"refused=21"_s},
+            u"a"_s,
+            u"Le réseau a refusé le message (erreur 21)."_s,
+            0},
+        Row{"ModemRefuses",
+            {u"refused=ERROR"_s},
+            u"a"_s,
+            u"Le réseau a refusé le message (Unknown error)."_s,
+            0},
+        Row{"NetworkIsLate",
+            {u"refused=332"_s},
+            u"a"_s,
+            u"? Le modem n’a pas répondu à temps : le message est peut-être parti."_s,
+            0},
+        Row{"SecondPartRefused",
+            {u"refused=21"_s, u"good=1"_s},
+            QString(400, u'a'),
+            refusedPart,
+            1},
+        // The bus itself would give up after 25 seconds, and whoever tried again would send twice.
+        Row{"SlowNetwork", {u"delay=26"_s}, u"a"_s, u"parti"_s, 1}),
+    [](const auto &row) { return std::string(row.param.name); });
+
+class ModemLoss : public ModemBench, public testing::WithParamInterface<QProcess Bench::*> {};
+
+TEST_P(ModemLoss, InMidSendLeavesTheMessageInDoubt)
+{
+    startModem({u"mute=1"_s});
+    const QFuture<TransportResult> sending = QtConcurrent::run(
+        [this] { return transport.sendText(MessagesService::SMS, handle, u"a"_s); });
+    ASSERT_EQ(line(), u"muet"_s);
+    (this->*GetParam()).kill();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return sending.isFinished(); }, patience));
+    EXPECT_EQ(outcome(sending.result()),
+              u"? Le modem n’a pas répondu à temps : le message est peut-être parti."_s);
+}
+
+INSTANTIATE_TEST_SUITE_P(UnpluggedAndDaemonKilled, ModemLoss,
+                         testing::Values(&Bench::peer, &Bench::daemon));
+
+TEST_F(ModemBench, DialsNothingButNumbersAndTakesNoFile)
+{
+    startModem();
+    for (const QString &odd :
+         {u"abc"_s, u"+33 6"_s, u"06;1"_s, u"12"_s, u"+33639980001\n"_s, u"٠٦٣٩"_s})
+        EXPECT_TRUE(transport.sendText(MessagesService::SMS, odd, u"a"_s)) << odd.toStdString();
+    EXPECT_TRUE(transport.sendText(MessagesService::SMS, handle, u"a"_s + QChar(0) + u'b'));
+    EXPECT_TRUE(transport.sendFile(MessagesService::SMS, handle, folder.path()));
+    EXPECT_EQ(lineCount(), 0);
+    const QString other = outcome(ModemTransport(application(), u"1"_s, limits)
+                                      .sendText(MessagesService::SMS, handle, u"a"_s));
+    EXPECT_EQ(other, u"Le modem n’est pas branché."_s);
+}
+
+TEST_F(ModemBench, ThePinOpensTheCardAndTheListFollows)
+{
+    startModem({u"sim=SIM PIN"_s});
+    EXPECT_EQ(carrier().state, CarrierState::asksForPin);
+    QSignalSpy answers(&road, &SmsRoad::unlocked);
+    std::vector<std::optional<QString>> heard;
+    QObject::connect(&road, &SmsRoad::unlocked,
+                     [&heard](const auto &why) { heard.push_back(why); });
+    road.unlock(equipment, u"0000"_s);
+    ASSERT_TRUE(answers.wait(patience));
+    road.unlock(equipment, u"1234"_s);
+    ASSERT_TRUE(answers.wait(patience));
+    EXPECT_EQ(heard[0], u"La carte SIM a refusé ce code PIN."_s);
+    EXPECT_EQ(heard[1], std::nullopt);
+    EXPECT_TRUE(
+        QTest::qWaitFor([this] { return carrier().state == CarrierState::ready; }, patience));
+    EXPECT_EQ(send(u"a"_s), u"parti"_s);
+    daemon.kill();
+    EXPECT_TRUE(QTest::qWaitFor([this] { return carrier().state == CarrierState::notInstalled; },
+                                patience));
+    EXPECT_EQ(send(u"a"_s), u"Le service des modems (ModemManager) n’est pas en marche."_s);
+}
+
+TEST_F(ModemBench, ReadsTheAnswersThatItMayReadAndNoOther)
+{
+    startModem({u"answer=Stop svp|Bonjour à vous"_s});
+    std::vector<ReceivedMessage> heard;
+    QObject::connect(&road, &SmsRoad::received,
+                     [&heard](const ReceivedMessage &message) { heard.push_back(message); });
+    QStringList asked;
+    road.listen(equipment, [&asked](const QString &number, Instant) {
+        asked << number;
+        return asked.size() == 1;
+    });
+    for (qsizetype count = 1; count <= 2; ++count) {
+        ASSERT_EQ(send(u"a"_s), u"parti"_s);
+        EXPECT_TRUE(QTest::qWaitFor([&] { return asked.size() == count; }, patience));
+    }
+    EXPECT_TRUE(QTest::qWaitFor([&] { return asked.size() == 2 && heard.size() == 1; }, patience));
+    EXPECT_EQ(asked.constFirst(), handle);
+    const auto noon = std::chrono::sys_days(std::chrono::year(2027) / 3 / 1) + 12h;
+    EXPECT_EQ(heard, (std::vector{ReceivedMessage{handle, u"Stop svp"_s, noon}}));
+}
+
+/// The daemon's own splitting is what the user pays for.
+TEST_F(ModemBench, CountsPartsAsTheDaemonSplits)
+{
+    startModem();
+    const QString rows[] = {QString(160, u'a'),
+                            QString(161, u'a'),
+                            QString(306, u'é'),
+                            QString(307, u'é'),
+                            QString(80, u'€'),
+                            QString(81, u'€'),
+                            u"a"_s + QString(80, u'€'),
+                            QString(152, u'a') + QString(10, u'€'),
+                            QString(70, u'ê'),
+                            QString(71, u'ê'),
+                            QString(134, u'ê'),
+                            QString(135, u'ê'),
+                            u"👍"_s.repeated(35),
+                            u"👍"_s.repeated(36),
+                            u"ê"_s + u"👍"_s.repeated(34),
+                            u"👍"_s.repeated(67),
+                            u"[{|}]~\\^\f€"_s.repeated(8),
+                            u"[{|}]~\\^\f€"_s.repeated(8) + u'a'};
+    for (const QString &text : rows) {
+        ASSERT_EQ(send(text), u"parti"_s);
+        EXPECT_EQ(lineCount(), smsLength(text).parts)
+            << text.size() << " × " << text.left(2).toStdString();
+    }
+}
+
+} // namespace
