@@ -55,6 +55,9 @@ public:
     /// Whether the chosen carrier takes files; true without a choice, where nothing is sent.
     [[nodiscard]] virtual bool takesFiles() const = 0;
 
+    /// "remis au modem": what a message is that the chosen carrier took.
+    [[nodiscard]] virtual QString handover() const = 0;
+
     /// Whether the choice is fixed, as in a demonstration.
     [[nodiscard]] virtual bool isFixed() const = 0;
 
@@ -81,6 +84,9 @@ Q_SIGNALS:
     /// The desktop has no application for messages of its own: the window is asked to show this
     /// one, unsent.
     void composeRequested(const quenoria::Composition &message);
+
+    /// What came of a message that the window composed, in words.
+    void composeAnswered(const QString &outcome);
 };
 
 } // namespace quenoria

@@ -153,6 +153,7 @@ struct FakeCarriers : Carriers {
     QString chosen() const override { return choice; }
     void choose(const QString &id) override;
     bool takesFiles() const override { return files; }
+    QString handover() const override { return QStringLiteral("remis au modem"); }
     bool isFixed() const override { return fixed; }
     void unlock(const QString &, const QString &pin) override { pins << pin; }
     QFuture<TransportResult> send(const Composition &message) override;

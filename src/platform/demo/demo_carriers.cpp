@@ -24,6 +24,8 @@ std::vector<Carrier> DemoCarriers::found() const
 
 QString DemoCarriers::chosen() const { return u"demonstration:modem"_s; }
 
+QString DemoCarriers::handover() const { return u"classé"_s; }
+
 QFuture<TransportResult> DemoCarriers::send(const Composition &message)
 {
     return QtFuture::makeReadyFuture(

@@ -17,6 +17,7 @@ public:
     [[nodiscard]] QString chosen() const override;
     void choose(const QString &) override {}
     [[nodiscard]] bool takesFiles() const override { return true; }
+    [[nodiscard]] QString handover() const override;
     [[nodiscard]] bool isFixed() const override { return true; }
     void unlock(const QString &, const QString &) override {}
     [[nodiscard]] QFuture<TransportResult> send(const Composition &message) override;

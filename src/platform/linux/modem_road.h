@@ -18,6 +18,7 @@ public:
 
     [[nodiscard]] QString kind() const override { return QStringLiteral("modem"); }
     [[nodiscard]] bool takesFiles() const override { return false; }
+    [[nodiscard]] QString handover() const override { return QStringLiteral("remis au modem"); }
     [[nodiscard]] std::shared_ptr<MessagesTransport>
     transport(const QString &device) const override;
     void watch() override;

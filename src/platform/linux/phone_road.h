@@ -15,6 +15,10 @@ public:
 
     [[nodiscard]] QString kind() const override { return QStringLiteral("telephone"); }
     [[nodiscard]] bool takesFiles() const override { return true; }
+    [[nodiscard]] QString handover() const override
+    {
+        return QStringLiteral("envoyé par le téléphone");
+    }
     [[nodiscard]] std::shared_ptr<MessagesTransport>
     transport(const QString &device) const override;
     void watch() override;

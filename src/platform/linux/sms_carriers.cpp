@@ -46,6 +46,14 @@ std::vector<Carrier> SmsCarriers::found() const
     std::vector<Carrier> all;
     for (const auto &road : m_roads)
         std::ranges::move(road->found(), std::back_inserter(all));
+    const QString choice = chosen();
+    if (!choice.isEmpty() && std::ranges::find(all, choice, &Carrier::id) == all.end())
+        all.push_back({.id = choice,
+                       .name = u"Choix actuel"_s,
+                       .state = CarrierState::unavailable,
+                       .words = u"Il n’est pas là en ce moment."_s,
+                       .command = {},
+                       .road = {}});
     return all;
 }
 
@@ -90,6 +98,12 @@ bool SmsCarriers::takesFiles() const
 {
     const SmsRoad *road = resolve(chosen()).road;
     return !road || road->takesFiles();
+}
+
+QString SmsCarriers::handover() const
+{
+    const SmsRoad *road = resolve(chosen()).road;
+    return road ? road->handover() : QString();
 }
 
 void SmsCarriers::unlock(const QString &id, const QString &pin)

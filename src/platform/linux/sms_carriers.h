@@ -22,6 +22,7 @@ public:
     [[nodiscard]] QString chosen() const override;
     void choose(const QString &id) override;
     [[nodiscard]] bool takesFiles() const override;
+    [[nodiscard]] QString handover() const override;
     [[nodiscard]] bool isFixed() const override { return false; }
     void unlock(const QString &id, const QString &pin) override;
     [[nodiscard]] QFuture<TransportResult> send(const Composition &message) override;

@@ -19,6 +19,9 @@ public:
 
     [[nodiscard]] virtual bool takesFiles() const = 0;
 
+    /// "remis au modem"
+    [[nodiscard]] virtual QString handover() const = 0;
+
     /// For a device that need not be there at the moment.
     [[nodiscard]] virtual std::shared_ptr<MessagesTransport>
     transport(const QString &device) const = 0;

@@ -2,6 +2,8 @@
 
 #include <QSignalBlocker>
 
+#include <QTextCursor>
+
 namespace quenoria {
 
 namespace {
@@ -39,6 +41,13 @@ QString TextBox::text() const
     text.replace(QChar::ParagraphSeparator, u'\n');
     text.replace(QChar::LineSeparator, u'\n');
     return text;
+}
+
+void TextBox::replaceText(const QString &text)
+{
+    QTextCursor all(document());
+    all.select(QTextCursor::Document);
+    all.insertText(text);
 }
 
 void TextBox::setText(const QString &text)

@@ -23,6 +23,9 @@ public:
     /// French puts before "!" and "?".
     QString text() const;
 
+    /// Puts the text in the place of what is there, as typing it would: it can be undone.
+    void replaceText(const QString &text);
+
     /// Shows a text without announcing it as a change; leaves the cursor alone if it is the same.
     void setText(const QString &text);
 };

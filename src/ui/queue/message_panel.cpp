@@ -1,6 +1,7 @@
 #include "ui/queue/message_panel.h"
 
 #include "ui/kit/labels.h"
+#include "ui/kit/length_line.h"
 #include "ui/kit/status_label.h"
 #include "ui/kit/text_boxes.h"
 
@@ -18,10 +19,11 @@ constexpr int previewGap = 12;
 
 } // namespace
 
-MessagePanel::MessagePanel(QWidget *parent)
+MessagePanel::MessagePanel(Length length, QWidget *parent)
     : QWidget(parent), m_name(makeLabel({}, TextStyle::headline)), m_address(makeLabel({})),
       m_heading(makeLabel({}, TextStyle::body, Tint::secondary)), m_attachment(new StatusLabel),
-      m_preview(new PreviewBox(u"Aperçu du message"_s))
+      m_preview(new PreviewBox(u"Aperçu du message"_s)),
+      m_length(new LengthLine(LengthLine::Use::reading))
 {
     auto *column = new QVBoxLayout(this);
     column->setContentsMargins({});
@@ -32,6 +34,8 @@ MessagePanel::MessagePanel(QWidget *parent)
     column->addWidget(m_attachment);
     column->addSpacing(previewGap);
     column->addWidget(m_preview, 1);
+    column->addWidget(m_length);
+    m_length->setVisible(length == Length::told);
     for (QLabel *label : {m_name, m_address})
         label->setTextInteractionFlags(Qt::TextSelectableByMouse);
 }
@@ -44,6 +48,7 @@ void MessagePanel::setMessage(const QString &name, const QueuedMessage &message,
     m_heading->setText(message.heading);
     m_attachment->setStatus(attachment ? u"Fichier joint : "_s + *attachment : QString(),
                             Tint::text, u"paperclip"_s);
+    m_length->setText(message.body);
     // Setting the same text anew would lose what the user has selected in it.
     if (m_preview->toPlainText() != message.body)
         m_preview->setPlainText(message.body);

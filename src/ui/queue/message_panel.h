@@ -8,6 +8,7 @@ class QLabel;
 
 namespace quenoria {
 
+class LengthLine;
 class PreviewBox;
 class StatusLabel;
 
@@ -16,7 +17,10 @@ class MessagePanel : public QWidget {
     Q_OBJECT
 
 public:
-    explicit MessagePanel(QWidget *parent = nullptr);
+    enum class Length { silent, told };
+
+    /// Of an SMS the length is told, since it is what each contact costs.
+    explicit MessagePanel(Length length, QWidget *parent = nullptr);
 
     void setMessage(const QString &name, const QueuedMessage &message,
                     const std::optional<QString> &attachment);
@@ -27,6 +31,7 @@ private:
     QLabel *m_heading;
     StatusLabel *m_attachment;
     PreviewBox *m_preview;
+    LengthLine *m_length;
 };
 
 } // namespace quenoria

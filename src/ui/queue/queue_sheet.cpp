@@ -28,7 +28,9 @@ QueueSheet::QueueSheet(const QueueChannel &channel, SendDesk &desk, Switches &sw
                        Clock &clock, QWidget *parent)
     : Sheet(channel.title, channel.size, parent), m_channel(channel), m_store(desk.store()),
       m_queue(new BatchQueue(channel, desk, switches, clock)), m_progress(makeProgress()),
-      m_options(new QueueOptions(*m_queue, switches)), m_message(new MessagePanel),
+      m_options(new QueueOptions(*m_queue, switches)),
+      m_message(new MessagePanel(channel.hasQuota ? MessagePanel::Length::told
+                                                  : MessagePanel::Length::silent)),
       m_finished(makeFinishedPanel()), m_status(new StatusLabel), m_error(new StatusLabel),
       m_buttons(makeButtons())
 {

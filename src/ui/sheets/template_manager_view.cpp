@@ -1,8 +1,8 @@
 #include "ui/sheets/template_manager_view.h"
 
-#include "model/contact_rules.h"
 #include "ui/kit/form.h"
 #include "ui/kit/labels.h"
+#include "ui/kit/length_line.h"
 #include "ui/kit/status_label.h"
 #include "ui/kit/symbol.h"
 #include "ui/kit/text_boxes.h"
@@ -34,7 +34,8 @@ TemplateManagerView::TemplateManagerView(ProspectStore &store, const TemplateCha
       m_picker(new ChoicePicker(u"Modèle"_s)),
       m_remove(new QPushButton(symbol(u"trash"_s, Tint::negative), u"Supprimer"_s)),
       m_title(makeField(channel.titleField)), m_subject(makeField(channel.subjectField)),
-      m_body(new TextBox(channel.bodyLabel)), m_counter(new QLabel), m_message(new StatusLabel)
+      m_body(new TextBox(channel.bodyLabel)), m_length(new LengthLine(LengthLine::Use::editing)),
+      m_message(new StatusLabel)
 {
     addHeader(channel.heading, channel.note);
     addSelectionRow();
@@ -89,6 +90,9 @@ void TemplateManagerView::addFields()
     body->setSpacing(8);
     body->addWidget(makeLabel(m_channel.bodyLabel, TextStyle::headline));
     body->addWidget(m_body, 1);
+    body->addWidget(m_length);
+    m_length->setVisible(m_channel.countsCharacters);
+    connect(m_length, &LengthLine::replacementChosen, m_body, &TextBox::replaceText);
     column()->addLayout(body, 1);
     connect(m_title, &QLineEdit::textChanged, this,
             [this](const QString &text) { m_editor.draft.title = text; });
@@ -96,7 +100,7 @@ void TemplateManagerView::addFields()
             [this](const QString &text) { m_editor.draft.subject = text; });
     connect(m_body, &TextBox::textChanged, this, [this] {
         m_editor.draft.body = m_body->text();
-        refreshCounter();
+        refreshLength();
     });
 }
 
@@ -106,11 +110,8 @@ void TemplateManagerView::addBottomRow()
     makeProminent(save);
     save->setDefault(true);
     save->setToolTip(u"Ctrl+Entrée"_s);
-    m_counter->setForegroundRole(tintRole(Tint::secondary));
-    m_counter->setVisible(m_channel.countsCharacters);
     auto *row = new QHBoxLayout;
     row->setSpacing(16);
-    row->addWidget(m_counter);
     row->addWidget(m_message, 1);
     row->addStretch();
     row->addWidget(save);
@@ -134,13 +135,10 @@ void TemplateManagerView::refresh()
     showText(m_title, draft.title);
     showText(m_subject, draft.subject);
     m_body->setText(draft.body);
-    refreshCounter();
+    refreshLength();
     m_message->setStatus(m_editor.message(), m_editor.messageTint());
 }
 
-void TemplateManagerView::refreshCounter()
-{
-    m_counter->setText(u"%1 caractères"_s.arg(characterCount(m_editor.draft.body)));
-}
+void TemplateManagerView::refreshLength() { m_length->setText(m_editor.draft.body); }
 
 } // namespace quenoria

@@ -3,11 +3,11 @@
 #include "ui/kit/sheet.h"
 #include "ui/sheets/template_editor.h"
 
-class QLabel;
 class QLineEdit;
 
 namespace quenoria {
 
+class LengthLine;
 class StatusLabel;
 class TextBox;
 
@@ -26,7 +26,7 @@ private:
     void addFields();
     void addBottomRow();
     void refresh();
-    void refreshCounter();
+    void refreshLength();
 
     const TemplateChannel &m_channel;
     TemplateEditor m_editor;
@@ -35,7 +35,7 @@ private:
     QLineEdit *m_title;
     QLineEdit *m_subject;
     TextBox *m_body;
-    QLabel *m_counter;
+    LengthLine *m_length; ///< of the channel whose texts are counted
     StatusLabel *m_message;
 };
 

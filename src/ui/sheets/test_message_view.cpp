@@ -3,6 +3,7 @@
 #include "store/prospect_store.h"
 #include "ui/kit/form.h"
 #include "ui/kit/labels.h"
+#include "ui/kit/length_line.h"
 #include "ui/kit/status_label.h"
 #include "ui/kit/text_boxes.h"
 #include "ui/sheets/choice_picker.h"
@@ -20,7 +21,8 @@ TestMessageView::TestMessageView(ProspectStore &store, QWidget *parent)
     : Sheet(u"Tester un message"_s, {700, 560}, parent), m_store(store),
       m_selectedID(ProspectStore::defaultMessageID),
       m_picker(new ChoicePicker(u"Modèle à tester"_s)), m_number(makeField(u"Numéro de test"_s)),
-      m_preview(new PreviewBox(u"Aperçu du message"_s)), m_error(new StatusLabel)
+      m_preview(new PreviewBox(u"Aperçu du message"_s)),
+      m_length(new LengthLine(LengthLine::Use::reading)), m_error(new StatusLabel)
 {
     addHeader(windowTitle());
     auto *caption = new QLabel(u"Modèle à tester"_s);
@@ -67,6 +69,7 @@ void TestMessageView::addPreview()
     preview->setSpacing(8);
     preview->addWidget(makeLabel(u"Aperçu du message"_s, TextStyle::headline));
     preview->addWidget(m_preview, 1);
+    preview->addWidget(m_length);
     column()->addLayout(preview, 1);
 }
 
@@ -96,7 +99,9 @@ void TestMessageView::refresh()
     for (const MessageTemplate &message : templates)
         choices.push_back({message.id, message.title});
     m_picker->setChoices(choices, m_selectedID);
-    m_preview->setPlainText(shown == templates.end() ? QString() : shown->body);
+    const QString body = shown == templates.end() ? QString() : shown->body;
+    m_preview->setPlainText(body);
+    m_length->setText(body);
 }
 
 void TestMessageView::prepare()

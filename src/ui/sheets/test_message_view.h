@@ -7,6 +7,7 @@ class QLineEdit;
 namespace quenoria {
 
 class ChoicePicker;
+class LengthLine;
 class PreviewBox;
 class ProspectStore;
 class StatusLabel;
@@ -30,6 +31,7 @@ private:
     ChoicePicker *m_picker;
     QLineEdit *m_number;
     PreviewBox *m_preview;
+    LengthLine *m_length;
     StatusLabel *m_error;
 };
 

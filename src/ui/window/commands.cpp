@@ -38,6 +38,7 @@ constexpr std::array commands{
             &ContentView::manageEmailMessages},
     Command{u"Tester un message", u"paperplane.fill", u"Ctrl+T", send, header,
             &ContentView::testMessage},
+    Command{u"Moyens d’envoi…", u"", u"", send, none, &ContentView::chooseCarriers, nullptr, true},
     Command{u"Supprimer les contacts cochés", u"trash", u"Del", edit, deletion,
             &ContentView::deleteTickedContacts, &HeaderTexts::deletion},
     Command{u"Réduire", u"", u"Ctrl+M", window, none, &ContentView::showMinimized},

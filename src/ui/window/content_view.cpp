@@ -154,6 +154,7 @@ void ContentView::followRowActions()
             [tell](const QString &label) { tell(u"Envoyé : %1"_s.arg(label), outcomeDuration); });
     connect(statusBar(), &QStatusBar::messageChanged, this,
             [this](const QString &text) { statusBar()->setVisible(!text.isEmpty()); });
+    connect(&m_platform.carriers, &Carriers::composeRequested, this, &ContentView::composeMessage);
     connect(m_import, &WorkbookImport::finished, this,
             [alert](const ImportReport &report) { alert(report.title, report.message); });
     connect(m_farewell, &Farewell::ready, this, &ContentView::quit, Qt::QueuedConnection);

@@ -47,6 +47,8 @@ public:
     void manageMessages();
     void manageEmailMessages();
     void testMessage();
+    void chooseCarriers();
+    void composeMessage(const Composition &message);
     void showAbout();
     void quit();
     void openSMSQueue();

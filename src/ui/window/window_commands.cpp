@@ -1,9 +1,11 @@
 #include "ui/queue/queue_sheet.h"
 #include "ui/sheets/about_view.h"
 #include "ui/sheets/add_prospect_view.h"
+#include "ui/sheets/carriers_view.h"
 #include "ui/sheets/department_manager_view.h"
 #include "ui/sheets/edit_prospect_view.h"
 #include "ui/sheets/excel_format_help_view.h"
+#include "ui/sheets/new_message_view.h"
 #include "ui/sheets/send_history_view.h"
 #include "ui/sheets/template_manager_view.h"
 #include "ui/sheets/test_message_view.h"
@@ -13,6 +15,7 @@
 #include "ui/window/window_header.h"
 #include "ui/window/workbook_import.h"
 
+#include <QApplication>
 #include <QLineEdit>
 
 using namespace Qt::StringLiterals;
@@ -51,6 +54,15 @@ void ContentView::manageDepartments() { present<DepartmentManagerView>(m_store);
 void ContentView::manageMessages() { present<MessageManagerView>(m_store); }
 void ContentView::manageEmailMessages() { present<EmailMessageManagerView>(m_store); }
 void ContentView::testMessage() { present<TestMessageView>(m_store); }
+void ContentView::chooseCarriers() { present<CarriersView>(m_platform.carriers, m_store); }
+
+/// Over whatever asked for it, a queue most often.
+void ContentView::composeMessage(const Composition &message)
+{
+    QWidget *front = QApplication::activeModalWidget();
+    (new NewMessageView(m_platform.carriers, message, front ? front : this))->present();
+}
+
 void ContentView::showAbout() { present<AboutView>(); }
 
 void ContentView::showImportHelp() { present<ExcelFormatHelpView>(m_platform); }

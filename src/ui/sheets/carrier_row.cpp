@@ -1,0 +1,111 @@
+#include "ui/sheets/carrier_row.h"
+
+#include "ui/kit/form.h"
+#include "ui/kit/labels.h"
+#include "ui/kit/status_label.h"
+
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QVBoxLayout>
+
+using namespace Qt::StringLiterals;
+
+namespace quenoria {
+
+namespace {
+
+constexpr int lineGap = 4;
+constexpr int inset = 26; ///< of the lines under a choice, behind its mark
+constexpr int longestPin = 8;
+
+struct StateLook {
+    const char16_t *symbol;
+    Tint tint;
+};
+
+StateLook look(CarrierState state)
+{
+    switch (state) {
+    case CarrierState::ready:
+        return {u"checkmark.circle.fill", Tint::positive};
+    case CarrierState::asksForPin:
+        return {u"exclamationmark.triangle.fill", Tint::negative};
+    case CarrierState::unavailable:
+        return {u"xmark.circle.fill", Tint::secondary};
+    case CarrierState::notInstalled:
+        return {u"square.and.arrow.down", Tint::secondary};
+    }
+    return {};
+}
+
+} // namespace
+
+CarrierRow::CarrierRow(const Carrier &carrier, QWidget *parent)
+    : QWidget(parent), m_carrier(carrier), m_choice(new QRadioButton), m_state(new StatusLabel),
+      m_copy(new QPushButton(u"Copier la commande"_s))
+{
+    makePinRow();
+    auto *stateRow = new QHBoxLayout;
+    stateRow->setContentsMargins(inset, 0, 0, 0);
+    stateRow->addWidget(m_state, 1);
+    stateRow->addWidget(m_copy, 0, Qt::AlignTop);
+    auto *roadRow = new QHBoxLayout;
+    roadRow->setContentsMargins(inset, 0, 0, 0);
+    roadRow->addWidget(makeLabel(carrier.road, TextStyle::footnote, Tint::secondary));
+    auto *column = new QVBoxLayout(this);
+    column->setContentsMargins({});
+    column->setSpacing(lineGap);
+    column->addWidget(m_choice);
+    column->addLayout(stateRow);
+    column->addWidget(m_pinRow);
+    column->addLayout(roadRow);
+    connect(m_choice, &QRadioButton::clicked, this, &CarrierRow::chosen);
+    connect(m_copy, &QPushButton::clicked, this,
+            [this] { QGuiApplication::clipboard()->setText(m_carrier.command); });
+}
+
+void CarrierRow::makePinRow()
+{
+    m_pinRow = new QWidget;
+    m_pin = makeField(u"Code PIN de la carte SIM"_s);
+    m_pin->setEchoMode(QLineEdit::Password);
+    m_pin->setMaxLength(longestPin);
+    auto *unlock = new QPushButton(u"Déverrouiller"_s);
+    unlock->setAutoDefault(false);
+    enableWhenFilled(unlock, {m_pin});
+    auto *row = new QHBoxLayout(m_pinRow);
+    row->setContentsMargins(inset, 0, 0, 0);
+    row->addWidget(m_pin, 1);
+    row->addWidget(unlock);
+    connect(unlock, &QPushButton::clicked, this, &CarrierRow::sendPin);
+    connect(m_pin, &QLineEdit::returnPressed, this, &CarrierRow::sendPin);
+}
+
+/// The field is emptied first: a card is blocked by three wrong codes, so one press gives one try.
+void CarrierRow::sendPin()
+{
+    const QString pin = m_pin->text().trimmed();
+    m_pin->clear();
+    if (!pin.isEmpty())
+        Q_EMIT pinTyped(pin);
+}
+
+void CarrierRow::show(const Carrier &carrier, bool isChosen, bool isFixed)
+{
+    m_carrier = carrier;
+    const StateLook shown = look(carrier.state);
+    m_choice->setText(QString(carrier.name).replace(u'&', u"&&"_s));
+    m_choice->setAccessibleDescription(carrier.words);
+    m_choice->setChecked(isChosen);
+    m_choice->setEnabled(!carrier.id.isEmpty() && !isFixed);
+    m_state->setStatus(carrier.words, shown.tint, QString::fromUtf16(shown.symbol));
+    m_pinRow->setVisible(carrier.state == CarrierState::asksForPin && !isFixed);
+    m_copy->setVisible(!carrier.command.isEmpty());
+    m_copy->setToolTip(carrier.command);
+}
+
+} // namespace quenoria

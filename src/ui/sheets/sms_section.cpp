@@ -1,0 +1,133 @@
+#include "ui/sheets/sms_section.h"
+
+#include "messaging/messages_script.h"
+#include "store/prospect_store.h"
+#include "ui/kit/labels.h"
+#include "ui/kit/status_label.h"
+#include "ui/sheets/carrier_row.h"
+
+#include <QButtonGroup>
+#include <QFutureWatcher>
+#include <QLabel>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QTime>
+#include <QVBoxLayout>
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace quenoria {
+
+namespace {
+
+constexpr int rowGap = 16;
+
+const QString testText = u"Essai de Quenoria : ce SMS est bien parti."_s;
+const QString testNote = u"« Tester » envoie un SMS d’essai au numéro de test : %1."_s;
+
+} // namespace
+
+SmsSection::SmsSection(Carriers &carriers, ProspectStore &store, QWidget *parent)
+    : SendingSection(u"SMS"_s, parent), m_carriers(carriers), m_store(store),
+      m_list(new QVBoxLayout),
+      m_none(new QRadioButton(u"Aucun : les SMS automatiques ne partent pas"_s)),
+      m_choices(new QButtonGroup(this)), m_test(new QPushButton(u"Tester"_s)),
+      m_outcome(new StatusLabel)
+{
+    m_list->setSpacing(rowGap);
+    column()->addLayout(m_list);
+    column()->addWidget(m_none);
+    m_none->setVisible(!carriers.isFixed());
+    m_choices->addButton(m_none);
+    connect(m_none, &QRadioButton::clicked, this, [this] { m_carriers.choose({}); });
+    addTest();
+    connect(&carriers, &Carriers::changed, this, &SmsSection::refresh);
+    connect(&carriers, &Carriers::unlocked, this, &SmsSection::showUnlocked);
+    refresh();
+    carriers.watch();
+}
+
+void SmsSection::addTest()
+{
+    auto *row = new QHBoxLayout;
+    row->addWidget(
+        makeLabel(testNote.arg(m_store.testNumber()), TextStyle::footnote, Tint::secondary), 1);
+    row->addWidget(m_test, 0, Qt::AlignTop);
+    column()->addLayout(row);
+    column()->addWidget(m_outcome);
+    m_test->setAutoDefault(false);
+    connect(m_test, &QPushButton::clicked, this, &SmsSection::test);
+}
+
+void SmsSection::refresh()
+{
+    const std::vector<Carrier> found = m_carriers.found();
+    const auto isShownBy = [](const Carrier &carrier, const CarrierRow *row) {
+        return carrier.id == row->id();
+    };
+    if (!std::ranges::equal(found, m_rows, isShownBy))
+        rebuild(found);
+    const QString chosen = m_carriers.chosen();
+    for (std::size_t each = 0; each < found.size(); ++each)
+        m_rows[each]->show(found[each], !chosen.isEmpty() && found[each].id == chosen,
+                           m_carriers.isFixed());
+    m_none->setChecked(chosen.isEmpty());
+    m_test->setEnabled(!chosen.isEmpty() && !m_isTesting);
+}
+
+void SmsSection::rebuild(const std::vector<Carrier> &found)
+{
+    for (CarrierRow *row : m_rows)
+        row->deleteLater();
+    m_rows.clear();
+    for (const Carrier &carrier : found) {
+        auto *row = new CarrierRow(carrier);
+        m_list->addWidget(row);
+        m_rows.push_back(row);
+        m_choices->addButton(row->choice());
+        connect(row, &CarrierRow::chosen, this, [this, row] { m_carriers.choose(row->id()); });
+        connect(row, &CarrierRow::pinTyped, this, [this, row](const QString &pin) {
+            m_outcome->setStatus(u"Déverrouillage…"_s, Tint::secondary);
+            m_carriers.unlock(row->id(), pin);
+        });
+    }
+}
+
+/// One at a time: a second press meets a button that is disabled.
+void SmsSection::test()
+{
+    m_isTesting = true;
+    refresh();
+    m_outcome->setStatus(u"Envoi du SMS d’essai…"_s, Tint::secondary);
+    auto *watcher = new QFutureWatcher<TransportResult>(this);
+    connect(watcher, &QFutureWatcherBase::finished, this, [this, watcher] {
+        watcher->deleteLater();
+        m_isTesting = false;
+        refresh();
+        showOutcome(watcher->result());
+    });
+    watcher->setFuture(
+        m_carriers.send({{messagingHandle(m_store.testNumber())}, {}, testText, {}}));
+}
+
+void SmsSection::showOutcome(const TransportResult &result)
+{
+    if (result)
+        return m_outcome->setStatus(result->message.value_or(u"Le SMS d’essai n’est pas parti."_s),
+                                    Tint::negative, u"exclamationmark.triangle.fill"_s);
+    m_outcome->setStatus(u"SMS d’essai : %1 à %2."_s.arg(m_carriers.handover(),
+                                                         QTime::currentTime().toString(u"HH:mm"_s)),
+                         Tint::positive, u"checkmark.circle.fill"_s);
+}
+
+void SmsSection::showUnlocked(const std::optional<QString> &refusal)
+{
+    if (refusal)
+        return m_outcome->setStatus(*refusal, Tint::negative, u"exclamationmark.triangle.fill"_s);
+    m_outcome->setStatus(u"La carte SIM est déverrouillée."_s, Tint::positive,
+                         u"checkmark.circle.fill"_s);
+}
+
+} // namespace quenoria

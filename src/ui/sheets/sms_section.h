@@ -1,0 +1,42 @@
+#pragma once
+
+#include "platform/carriers.h"
+#include "ui/sheets/sending_section.h"
+
+class QButtonGroup;
+class QPushButton;
+class QRadioButton;
+
+namespace quenoria {
+
+class CarrierRow;
+class ProspectStore;
+class StatusLabel;
+
+/// The carriers of SMS found on this computer, the choice among them, and its test.
+class SmsSection : public SendingSection {
+    Q_OBJECT
+
+public:
+    SmsSection(Carriers &carriers, ProspectStore &store, QWidget *parent = nullptr);
+
+private:
+    void addTest();
+    void refresh();
+    void rebuild(const std::vector<Carrier> &found);
+    void test();
+    void showOutcome(const TransportResult &result);
+    void showUnlocked(const std::optional<QString> &refusal);
+
+    Carriers &m_carriers;
+    ProspectStore &m_store;
+    QBoxLayout *m_list;
+    std::vector<CarrierRow *> m_rows;
+    QRadioButton *m_none;
+    QButtonGroup *m_choices; ///< the rows' and the one for none
+    QPushButton *m_test;
+    StatusLabel *m_outcome;
+    bool m_isTesting = false;
+};
+
+} // namespace quenoria

@@ -1,0 +1,125 @@
+#include "ui/sheets/carriers_view.h"
+
+#include "ui/kit/text_boxes.h"
+#include "ui/sheets/new_message_view.h"
+#include "ui/sheets/sheet_probe.h"
+
+#include <QClipboard>
+#include <QRadioButton>
+
+using namespace quenoria;
+using namespace quenoria::test;
+
+namespace {
+
+class CarriersSheet : public SheetTest {
+protected:
+    CarriersSheet()
+    {
+        carriers.carriers = {{u"modem:1"_s,
+                              u"Clé <b>4G</b>"_s,
+                              CarrierState::asksForPin,
+                              u"Attend son PIN"_s,
+                              {},
+                              u"route"_s},
+                             {{},
+                              u"Téléphone"_s,
+                              CarrierState::notInstalled,
+                              u"Absent"_s,
+                              u"sudo apt install x"_s,
+                              {}}};
+    }
+
+    static QRadioButton *choice(const QDialog &sheet, const QString &text)
+    {
+        for (auto *candidate : sheet.findChildren<QRadioButton *>()) {
+            if (candidate->text().startsWith(text))
+                return candidate;
+        }
+        return nullptr;
+    }
+
+    FakeCarriers &carriers = desktop.carriers;
+};
+
+TEST_F(CarriersSheet, ChoosesUnlocksAndTestsTheCarrier)
+{
+    store().setTestNumber(u"06 39 98 00 77"_s);
+    CarriersView sheet(carriers, store(), nullptr);
+    const Probe probe(sheet);
+    EXPECT_FALSE(probe.button(u"Tester"_s)->isEnabled()) << "nothing is chosen";
+    EXPECT_TRUE(probe.shows(u"06 39 98 00 77"_s) && probe.shows(u"route"_s));
+    EXPECT_FALSE(choice(sheet, u"Téléphone"_s)->isEnabled());
+    const auto copies = sheet.findChildren<QPushButton *>();
+    const auto shown = [](const QPushButton *button) {
+        return button->isVisible() && button->text() == u"Copier la commande"_s;
+    };
+    ASSERT_EQ(std::ranges::count_if(copies, shown), 1);
+    (*std::ranges::find_if(copies, shown))->click();
+    EXPECT_EQ(QGuiApplication::clipboard()->text(), u"sudo apt install x"_s);
+    choice(sheet, u"Clé <b>4G</b>"_s)->click();
+    EXPECT_EQ(carriers.choice, u"modem:1"_s);
+    EXPECT_FALSE(choice(sheet, u"Aucun"_s)->isChecked());
+    probe.type(u"Code PIN de la carte SIM"_s, u"1234"_s);
+    carriers.carriers[0].words = u"Attend toujours"_s;
+    Q_EMIT carriers.changed();
+    probe.press(u"Déverrouiller"_s);
+    probe.press(u"Déverrouiller"_s);
+    EXPECT_EQ(carriers.pins, QStringList{u"1234"_s}) << "typed before a change, and given once";
+    probe.press(u"Tester"_s);
+    settle();
+    ASSERT_EQ(carriers.sent.size(), 1U);
+    EXPECT_EQ(carriers.sent[0].recipients, QStringList{u"+33639980077"_s});
+    EXPECT_TRUE(probe.shows(u"remis au modem à"_s));
+    choice(sheet, u"Aucun"_s)->click();
+    EXPECT_EQ(carriers.choice, QString());
+}
+
+TEST_F(CarriersSheet, OnlyShowsThemInADemonstration)
+{
+    carriers.fixed = true;
+    carriers.choice = u"modem:1"_s;
+    CarriersView sheet(carriers, store(), nullptr);
+    const Probe probe(sheet);
+    EXPECT_TRUE(probe.shows(u"En démonstration"_s));
+    EXPECT_FALSE(choice(sheet, u"Clé"_s)->isEnabled());
+    EXPECT_TRUE(choice(sheet, u"Clé"_s)->isChecked());
+    EXPECT_FALSE(probe.shows(u"Code PIN"_s));
+}
+
+struct Answer {
+    const char16_t *words;
+    TransportResult result;
+    bool mayTryAgain;
+};
+
+class NewMessage : public SheetTest, public testing::WithParamInterface<Answer> {};
+
+TEST_P(NewMessage, IsSentOnceUnlessItCertainlyStayed)
+{
+    desktop.carriers.answer = GetParam().result;
+    QStringList told;
+    QObject::connect(&desktop.carriers, &Carriers::composeAnswered,
+                     [&told](const QString &words) { told << words; });
+    NewMessageView sheet(desktop.carriers, {{u"+33639980077"_s}, {}, u"l’été"_s, {}}, nullptr);
+    const Probe probe(sheet);
+    probe.press(u"Remplacer par '"_s);
+    EXPECT_TRUE(probe.shows(u"1 SMS ·"_s));
+    probe.press(u"Envoyer"_s);
+    probe.press(u"Envoyer"_s);
+    settle();
+    ASSERT_EQ(desktop.carriers.sent.size(), 1U);
+    EXPECT_EQ(desktop.carriers.sent[0].body, u"l'été"_s);
+    EXPECT_TRUE(probe.status().startsWith(QString::fromUtf16(GetParam().words)));
+    EXPECT_EQ(told, QStringList{probe.status()});
+    EXPECT_EQ(probe.button(u"Envoyer"_s)->isEnabled(), GetParam().mayTryAgain);
+}
+
+INSTANTIATE_TEST_SUITE_P(Answers, NewMessage,
+                         testing::Values(Answer{u"Remis au modem à ", {}, false},
+                                         Answer{u"Non", TransportFailure{u"Non"_s}, true},
+                                         Answer{u"Peut-être",
+                                                TransportFailure{u"Peut-être"_s, Fate::perhapsSent},
+                                                false}));
+
+} // namespace
