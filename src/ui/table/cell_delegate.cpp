@@ -40,9 +40,9 @@ CellDelegate::CellDelegate(const HotButton &hot, QObject *parent)
 {
 }
 
-QSize CellDelegate::sizeHint(const QStyleOptionViewItem &option, const QModelIndex &) const
+QSize CellDelegate::sizeHint(const QStyleOptionViewItem &option, const QModelIndex &index) const
 {
-    return {option.rect.width(), CellLayout::rowHeight(option.font)};
+    return {CellLayout::fittingWidth(option, index), CellLayout::rowHeight(option.font)};
 }
 
 void CellDelegate::paint(QPainter *painter, const QStyleOptionViewItem &option,
@@ -131,8 +131,9 @@ void CellDelegate::paintTexts(QPainter *painter, const QStyleOptionViewItem &opt
         return;
     painter->setFont(CellLayout::warningFont(option.font));
     painter->setPen(tintColor(Tint::negative, option.palette));
-    painter->drawText(layout.warning, Qt::AlignLeft | Qt::AlignTop | Qt::TextWordWrap,
-                      index.data(WarningRole).toString());
+    painter->drawText(
+        layout.warning, Qt::AlignLeft | Qt::AlignTop | Qt::TextSingleLine,
+        elided(painter->font(), index.data(WarningRole).toString(), layout.warning.width()));
 }
 
 void CellDelegate::paintButtons(QPainter *painter, const QStyleOptionViewItem &option,
@@ -181,6 +182,8 @@ bool CellDelegate::helpEvent(QHelpEvent *event, QAbstractItemView *view,
     QString text;
     if (const qsizetype button = layout.buttonAt(event->pos()); button >= 0)
         text = index.data(ButtonsRole).value<CellButtons>()[button].name;
+    else if (!layout.warning.isNull())
+        text = index.data().toString() + u'\n' + index.data(WarningRole).toString();
     else if (const QString whole = index.data().toString();
              option.fontMetrics.horizontalAdvance(whole) > layout.text.width())
         text = whole;

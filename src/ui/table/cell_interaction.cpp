@@ -41,7 +41,6 @@ void ContactTableView::keyPressEvent(QKeyEvent *event)
         Q_EMIT editRequested(contactIdAt(index));
         return;
     case Qt::Key_F2:
-    case Qt::Key_F4:
         if (kindOf(index) == CellKind::picker)
             return pick(index);
         break;

@@ -12,15 +12,16 @@ namespace {
 
 constexpr int margin = 10;
 constexpr int gap = 6;
-constexpr int controlHeight = 30;
+constexpr int controlPadding = 10; ///< above and below a text together
 constexpr int symbolSide = 16;
 constexpr int captionPadding = 20; ///< both sides together
 constexpr int checkSide = 18;
 constexpr int checkReach = 36;
 constexpr int framePadding = 8;
 constexpr int pickerArrow = 22;
-constexpr int rowPadding = 6;
-constexpr int warningLines = 2;
+constexpr int rowPadding = 8; ///< above and below a control together
+
+int controlHeight(const QFontMetrics &metrics) { return metrics.height() + controlPadding; }
 
 bool hasFrame(CellKind kind)
 {
@@ -71,7 +72,7 @@ void alignRight(QList<QRect> &row, int right)
 /// Takes the room of a warning from the bottom of the cell, over its whole width.
 QRect takeWarning(QRect &room, const QFont &font)
 {
-    const int height = warningLines * QFontMetrics(CellLayout::warningFont(font)).lineSpacing();
+    const int height = QFontMetrics(CellLayout::warningFont(font)).height();
     const int line = QFontMetrics(font).height();
     const int top = room.center().y() - (line + height) / 2;
     room.setTop(top);
@@ -95,7 +96,7 @@ CellLayout CellLayout::of(const QStyleOptionViewItem &option, const QModelIndex 
         layout.warning = takeWarning(room, option.font);
     const auto buttons = index.data(ButtonsRole).value<CellButtons>();
     if (!buttons.isEmpty()) {
-        const int height = isWarned ? room.height() + 2 : controlHeight;
+        const int height = isWarned ? room.height() : controlHeight(option.fontMetrics);
         layout.buttons = buttonRow(buttons, room, height, option.fontMetrics);
         if (kind == CellKind::buttons && index.data().toString().isEmpty())
             return layout;
@@ -103,7 +104,7 @@ CellLayout CellLayout::of(const QStyleOptionViewItem &option, const QModelIndex 
         room.setRight(layout.buttons.first().left() - gap);
     }
     if (hasFrame(kind)) {
-        layout.frame = centred(room, {room.width(), controlHeight});
+        layout.frame = centred(room, {room.width(), controlHeight(option.fontMetrics)});
         room.adjust(framePadding, 0, -(kind == CellKind::picker ? pickerArrow : framePadding), 0);
     }
     if (ContactMark(index.data(MarkRole).toInt()) != ContactMark::none) {
@@ -127,10 +128,30 @@ bool CellLayout::checkReaches(QPoint point) const
     return !check.isNull() && centred(check, {checkReach, checkReach}).contains(point);
 }
 
+int CellLayout::fittingWidth(const QStyleOptionViewItem &option, const QModelIndex &index)
+{
+    QStyleOptionViewItem roomy = option;
+    roomy.rect = QRect(0, 0, QWIDGETSIZE_MAX, rowHeight(option.font));
+    const CellLayout layout = of(roomy, index);
+    const QString text = index.data().toString();
+    const QString warning = index.data(WarningRole).toString();
+    int buttons = 0;
+    for (const QRect &button : layout.buttons)
+        buttons += button.width() + gap;
+    int width = option.fontMetrics.horizontalAdvance(
+        text.isEmpty() ? index.data(PlaceholderRole).toString() : text);
+    width += layout.mark.isNull() ? 0 : symbolSide + gap;
+    width += layout.frame.isNull() ? 0 : framePadding + pickerArrow;
+    return qMax(width + buttons,
+                QFontMetrics(warningFont(option.font)).horizontalAdvance(warning)) +
+           2 * margin;
+}
+
 int CellLayout::rowHeight(const QFont &font)
 {
-    return QFontMetrics(font).height() +
-           warningLines * QFontMetrics(warningFont(font)).lineSpacing() + rowPadding;
+    const QFontMetrics metrics(font);
+    return qMax(controlHeight(metrics) + rowPadding,
+                metrics.height() + QFontMetrics(warningFont(font)).height() + 2);
 }
 
 QFont CellLayout::warningFont(const QFont &font)

@@ -27,7 +27,10 @@ struct CellLayout {
     /// Whether a click at the point is meant for the check box, which is small.
     bool checkReaches(QPoint point) const;
 
-    /// Height of a row whose cells may hold two lines of warning under their text.
+    /// The width that shows everything in the cell.
+    static int fittingWidth(const QStyleOptionViewItem &option, const QModelIndex &index);
+
+    /// Height of a row: a control with some air, or a text with a line of warning under it.
     static int rowHeight(const QFont &font);
 
     /// The smaller font of a warning.

@@ -3,6 +3,7 @@
 #include "ui/kit/symbol.h"
 #include "ui/table/cell_roles.h"
 
+#include <QMouseEvent>
 #include <QPainter>
 #include <QStyleOptionButton>
 
@@ -30,8 +31,36 @@ QRect takeLeft(QRect &room, int side)
 
 } // namespace
 
+/// Lies over the sections that are scrolled by under it.
+class ContactHeader::PinnedSection : public QWidget {
+public:
+    explicit PinnedSection(ContactHeader &header) : QWidget(header.viewport()), m_header(header)
+    {
+        hide();
+    }
+
+    int section = 0;
+
+protected:
+    void paintEvent(QPaintEvent *) override
+    {
+        QPainter painter(this);
+        m_header.paintSection(&painter, rect(), section);
+    }
+    void mousePressEvent(QMouseEvent *) override {}
+    void mouseReleaseEvent(QMouseEvent *event) override
+    {
+        if (event->button() == Qt::LeftButton && rect().contains(event->pos()))
+            Q_EMIT m_header.sectionClicked(section);
+    }
+
+private:
+    ContactHeader &m_header;
+};
+
 ContactHeader::ContactHeader(QWidget *parent)
-    : QHeaderView(Qt::Horizontal, parent), m_ascending(symbol(u"chevron.up"_s, Tint::accent)),
+    : QHeaderView(Qt::Horizontal, parent), m_pinned(new PinnedSection(*this)),
+      m_ascending(symbol(u"chevron.up"_s, Tint::accent)),
       m_descending(symbol(u"chevron.down"_s, Tint::accent))
 {
     setSectionsClickable(true);
@@ -46,6 +75,29 @@ ContactHeader::ContactHeader(QWidget *parent)
 QSize ContactHeader::sizeHint() const
 {
     return {QHeaderView::sizeHint().width(), lines * fontMetrics().lineSpacing() + padding};
+}
+
+void ContactHeader::pin(int section, int width)
+{
+    m_pinned->section = section;
+    m_pinned->setGeometry(0, 0, width, viewport()->height());
+    m_pinned->setVisible(width > 0);
+    m_pinned->update();
+}
+
+/// The text may be broken between its words, and keeps its room when its column starts to sort.
+QSize ContactHeader::sectionSizeFromContents(int section) const
+{
+    if (!model()) // the table outlives it for a moment
+        return {};
+    const auto header = [this, section](int role) {
+        return model()->headerData(section, Qt::Horizontal, role);
+    };
+    int text = 0;
+    for (const QString &word : header(Qt::DisplayRole).toString().split(u' '))
+        text = qMax(text, fontMetrics().horizontalAdvance(word));
+    const int side = header(Qt::CheckStateRole).isValid() ? checkSide + gap + 1 : 0;
+    return {margin + side + text + gap, lines * fontMetrics().lineSpacing() + padding};
 }
 
 void ContactHeader::paintSection(QPainter *painter, const QRect &rect, int section) const

@@ -10,13 +10,16 @@ namespace quenoria {
 namespace {
 
 const int contactColumn = columnsThat(&ContactColumn::namesContact).front();
+const int departmentColumn = columnOf(SortColumn::department);
+constexpr int narrowestContact = 260;
 constexpr QChar widthSeparator(u',');
+
+int documentedWidth(int column) { return contactColumns()[std::size_t(column)].width; }
 
 } // namespace
 
 ContactTableView::ContactTableView(ContactTableModel &model, QWidget *parent)
-    : QTableView(parent), m_model(model),
-      m_contactWidth(contactColumns()[std::size_t(contactColumn)].width)
+    : QTableView(parent), m_model(model)
 {
     setModel(&model);
     setItemDelegate(new CellDelegate(m_hot, this));
@@ -86,7 +89,18 @@ void ContactTableView::returnToPlace()
                                               QItemSelectionModel::Rows);
 }
 
-// The contact's column takes the room that the others leave, and never less than its own width.
+// The contact's column takes the room that the others leave. Where there is none to spare it is as
+// wide as the user made it; else narrow enough to leave the department in sight.
+
+int ContactTableView::leastContactWidth() const
+{
+    if (m_contactWidth)
+        return *m_contactWidth;
+    int others = 0;
+    for (int column = 0; column <= departmentColumn; ++column)
+        others += column == contactColumn ? 0 : columnWidth(column);
+    return qBound(narrowestContact, viewport()->width() - others, documentedWidth(contactColumn));
+}
 
 void ContactTableView::fitContactColumn()
 {
@@ -94,7 +108,7 @@ void ContactTableView::fitContactColumn()
         return;
     const int others = horizontalHeader()->length() - columnWidth(contactColumn);
     m_isFitting = true;
-    setColumnWidth(contactColumn, qMax(m_contactWidth, viewport()->width() - others));
+    setColumnWidth(contactColumn, qMax(leastContactWidth(), viewport()->width() - others));
     m_isFitting = false;
 }
 
@@ -111,7 +125,8 @@ QString ContactTableView::columnWidths() const
 {
     QStringList widths;
     for (int column = 0; column < m_model.columnCount(); ++column)
-        widths << QString::number(column == contactColumn ? m_contactWidth : columnWidth(column));
+        widths << QString::number(column == contactColumn ? m_contactWidth.value_or(0)
+                                                          : columnWidth(column));
     return widths.join(widthSeparator);
 }
 
@@ -129,7 +144,10 @@ void ContactTableView::setColumnWidths(const QString &widths)
 void ContactTableView::resetColumnWidths()
 {
     for (int column = 0; column < m_model.columnCount(); ++column)
-        setColumnWidth(column, contactColumns()[std::size_t(column)].width);
+        setColumnWidth(column,
+                       qMax(documentedWidth(column), horizontalHeader()->sectionSizeHint(column)));
+    m_contactWidth.reset();
+    fitContactColumn();
 }
 
 void ContactTableView::resizeEvent(QResizeEvent *event)

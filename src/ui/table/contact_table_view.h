@@ -10,6 +10,7 @@ class ContactTableModel;
 struct Prospect;
 
 /// The table on the screen: arrows move by cell, Space uses the cell, Enter edits the contact.
+/// While it is scrolled sideways past its beginning, the contact's column stays pinned at the left.
 class ContactTableView : public QTableView {
     Q_OBJECT
 
@@ -25,6 +26,10 @@ public:
     void setColumnWidths(const QString &widths);
     void resetColumnWidths();
 
+    QModelIndex indexAt(const QPoint &point) const override;
+    QRect visualRect(const QModelIndex &index) const override;
+    void scrollTo(const QModelIndex &index, ScrollHint hint = EnsureVisible) override;
+
 Q_SIGNALS:
     void editRequested(const QString &contactId);
     void actionRequested(quenoria::RowAction action, const QString &contactId);
@@ -39,6 +44,9 @@ protected:
     void contextMenuEvent(QContextMenuEvent *event) override;
     bool viewportEvent(QEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
+    void paintEvent(QPaintEvent *event) override;
+    void scrollContentsBy(int dx, int dy) override;
+    void updateGeometries() override;
 
 private:
     void followHeader();
@@ -47,6 +55,12 @@ private:
     void returnToPlace();
     void fitContactColumn();
     void columnResized(int column, int size);
+    int leastContactWidth() const;
+
+    int pinnedWidth() const; ///< 0 while the contact's column is where it belongs
+    void showPinnedHeader();
+    void paintPinned(const QRegion &region);
+    QStyleOptionViewItem optionFor(const QModelIndex &index, const QRect &rect) const;
 
     void useCell(const QModelIndex &index);
     void clickCell(const QModelIndex &index, QPoint point);
@@ -65,7 +79,7 @@ private:
     QPersistentModelIndex m_clicked; ///< cell of the last whole click
     QString m_keptContact;           ///< current one, while the rows are replaced
     int m_keptColumn = 0;
-    int m_contactWidth; ///< of the contact's column when there is no room to spare
+    std::optional<int> m_contactWidth; ///< that the user gave the contact's column
     bool m_isFitting = false;
 };
 

@@ -43,16 +43,15 @@ constexpr std::array commands{
             &ContentView::deleteTickedContacts, &HeaderTexts::deletion},
     Command{u"Réduire", u"", u"Ctrl+M", window, none, &ContentView::showMinimized},
     Command{u"Plein écran", u"", u"F11", window, none, &ContentView::toggleFullScreen},
-    Command{u"Largeurs de colonnes d’origine", u"", u"", window, none,
-            &ContentView::resetColumnWidths, nullptr, true},
+    Command{u"Rétablir les largeurs", u"", u"", view, none, &ContentView::resetColumnWidths},
     Command{u"À propos", u"info.circle", u"", help, header, &ContentView::showAbout, nullptr, true},
     Command{u"Quitter l’application", u"power", u"Ctrl+Q", file, header, &ContentView::quit,
             nullptr, true},
 };
 
 constexpr std::array menus{
-    MenuTitle{file, u"&Fichier"},   MenuTitle{edit, u"É&dition"}, MenuTitle{send, u"En&vois"},
-    MenuTitle{window, u"Fe&nêtre"}, MenuTitle{help, u"&Aide"},
+    MenuTitle{file, u"&Fichier"}, MenuTitle{edit, u"É&dition"},   MenuTitle{view, u"Affic&hage"},
+    MenuTitle{send, u"En&vois"},  MenuTitle{window, u"Fe&nêtre"}, MenuTitle{help, u"&Aide"},
 };
 
 } // namespace

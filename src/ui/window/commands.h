@@ -8,8 +8,8 @@ namespace quenoria {
 
 class ContentView;
 
-/// The menus of the menu bar.
-enum class MenuPlace { file, edit, send, window, help };
+/// The menus of the menu bar, in its order.
+enum class MenuPlace { file, edit, view, send, window, help };
 
 /// Where a command has a button of its own.
 enum class ButtonPlace { none, commands, queues, deletion };

@@ -9,7 +9,6 @@
 #include "ui/window/doubt_alerts.h"
 #include "ui/window/farewell.h"
 #include "ui/window/file_alerts.h"
-#include "ui/window/header_area.h"
 #include "ui/window/row_actions.h"
 #include "ui/window/table_pages.h"
 #include "ui/window/window_header.h"
@@ -55,9 +54,8 @@ ContentView::ContentView(SendDesk &desk, Switches &switches, const Platform &pla
       m_files(new FileAlerts(m_store, switches, this)),
       m_farewell(new Farewell(desk, *m_files, this)),
       m_doubts(new DoubtAlerts(desk, platform.clock.zone(), this)),
-      m_header(new WindowHeader(m_commands)), m_headerArea(new HeaderArea(m_header)),
-      m_table(new ContactTableView(m_model)), m_pages(new TablePages(m_table)),
-      m_column(new QVBoxLayout)
+      m_header(new WindowHeader(m_commands)), m_table(new ContactTableView(m_model)),
+      m_pages(new TablePages(m_table)), m_column(new QVBoxLayout)
 {
     build();
     m_commands.fillMenuBar(*menuBar());
@@ -75,7 +73,7 @@ void ContentView::build()
     setAcceptDrops(true);
     m_column->setContentsMargins({});
     m_column->setSpacing(0);
-    m_column->addWidget(m_headerArea);
+    m_column->addWidget(m_header);
     m_column->addWidget(m_pages, 1);
     auto *centre = new QWidget;
     centre->setLayout(m_column);
@@ -184,13 +182,6 @@ void ContentView::changeEvent(QEvent *event)
     QMainWindow::changeEvent(event);
     if (event->type() == QEvent::ActivationChange && isActiveWindow())
         m_model.lookForAttachments();
-}
-
-/// However small the window, some rows of the table stay in sight.
-void ContentView::resizeEvent(QResizeEvent *event)
-{
-    QMainWindow::resizeEvent(event);
-    m_headerArea->setMostHeight(event->size().height() / 2);
 }
 
 void ContentView::dragEnterEvent(QDragEnterEvent *event)

@@ -14,7 +14,6 @@ class ContactTableView;
 class DoubtAlerts;
 class Farewell;
 class FileAlerts;
-class HeaderArea;
 class RowActions;
 class SendDesk;
 class TablePages;
@@ -66,7 +65,6 @@ Q_SIGNALS:
 
 protected:
     void changeEvent(QEvent *event) override;
-    void resizeEvent(QResizeEvent *event) override;
     void closeEvent(QCloseEvent *event) override;
     void dragEnterEvent(QDragEnterEvent *event) override;
     void dropEvent(QDropEvent *event) override;
@@ -98,7 +96,6 @@ private:
     Farewell *m_farewell;
     DoubtAlerts *m_doubts;
     WindowHeader *m_header;
-    HeaderArea *m_headerArea;
     ContactTableView *m_table;
     TablePages *m_pages;
     QVBoxLayout *m_column;

@@ -3,9 +3,11 @@
 #include <QStyle>
 #include <QWidget>
 
+#include <utility>
+
 namespace quenoria {
 
-FlowLayout::FlowLayout(int gap, int overhang) : m_overhang(overhang)
+FlowLayout::FlowLayout(int gap, QWidget *parent) : QLayout(parent)
 {
     setSpacing(gap);
     setContentsMargins({});
@@ -37,31 +39,29 @@ int FlowLayout::tallest() const
     return height;
 }
 
-template <typename Place>
-int FlowLayout::arrange(const QRect &rect, Place &&place) const
+QList<FlowLayout::Line> FlowLayout::linesWithin(int width) const
 {
-    // One height for all, so that buttons and checkboxes stand on one line.
-    const int lineHeight = tallest();
-    const int start = rect.left() - m_overhang;
-    int x = start;
-    int y = rect.top();
+    QList<Line> lines;
+    int end = width;
     for (const auto &item : m_items) {
         if (item->isEmpty())
             continue;
-        const int width = item->sizeHint().width();
-        if (x > start && x + width > rect.right() + 1) {
-            x = start;
-            y += lineHeight + spacing();
+        const int itemWidth = item->sizeHint().width();
+        if (lines.isEmpty() || end + spacing() + itemWidth > width) {
+            lines << Line();
+            end = -spacing();
         }
-        place(*item, QRect(x, y, width, lineHeight));
-        x += width + spacing();
+        lines.last() << item.get();
+        end += spacing() + itemWidth;
     }
-    return y + lineHeight - rect.top();
+    return lines;
 }
 
+// One height for all, so that buttons and checkboxes stand on one line.
 int FlowLayout::heightForWidth(int width) const
 {
-    return arrange(QRect(0, 0, width, 0), [](QLayoutItem &, const QRect &) {});
+    const int lines = int(linesWithin(width).size());
+    return lines * (tallest() + spacing()) - spacing();
 }
 
 QSize FlowLayout::minimumSize() const
@@ -75,10 +75,27 @@ QSize FlowLayout::minimumSize() const
 void FlowLayout::setGeometry(const QRect &rect)
 {
     QLayout::setGeometry(rect);
-    const Qt::LayoutDirection direction = parentWidget()->layoutDirection();
-    arrange(rect, [&rect, direction](QLayoutItem &item, const QRect &place) {
-        item.setGeometry(QStyle::visualRect(direction, rect, place));
-    });
+    QRect line(rect.left(), rect.top(), rect.width(), tallest());
+    for (const Line &items : linesWithin(rect.width())) {
+        placeLine(items, line);
+        line.translate(0, tallest() + spacing());
+    }
+}
+
+void FlowLayout::placeLine(const Line &line, const QRect &rect) const
+{
+    int spare = rect.width() - spacing() * int(line.size() - 1);
+    for (const QLayoutItem *item : line)
+        spare -= item->sizeHint().width();
+    int x = rect.left();
+    for (QLayoutItem *item : line) {
+        int width = item->sizeHint().width();
+        if (item->expandingDirections() & Qt::Horizontal)
+            width += std::exchange(spare, 0);
+        const QRect place(x, rect.top(), width, rect.height());
+        item->setGeometry(QStyle::visualRect(parentWidget()->layoutDirection(), rect, place));
+        x += width + spacing();
+    }
 }
 
 } // namespace quenoria

@@ -7,13 +7,13 @@
 
 namespace quenoria {
 
-/// Places its items side by side like words, and goes on in a new line where the width ends.
+/// Places its items side by side like words, and goes on in a new line where the width ends. An
+/// item that expands takes what its line leaves.
 class FlowLayout : public QLayout {
     Q_OBJECT
 
 public:
-    /// Items whose visible part begins further right may hang over at the left.
-    explicit FlowLayout(int gap, int overhang = 0);
+    explicit FlowLayout(int gap, QWidget *parent = nullptr);
     ~FlowLayout() override;
 
     void addItem(QLayoutItem *item) override;
@@ -29,13 +29,12 @@ public:
     void setGeometry(const QRect &rect) override;
 
 private:
+    using Line = QList<QLayoutItem *>;
+
+    QList<Line> linesWithin(int width) const;
     int tallest() const;
+    void placeLine(const Line &line, const QRect &rect) const;
 
-    /// Calls place(item, rectangle) for each item within the width; gives the whole height.
-    template <typename Place>
-    int arrange(const QRect &rect, Place &&place) const;
-
-    int m_overhang;
     std::vector<std::unique_ptr<QLayoutItem>> m_items;
 };
 

@@ -5,7 +5,9 @@
 #include "ui/kit/symbol.h"
 #include "ui/window/action_button.h"
 #include "ui/window/command_actions.h"
+#include "ui/window/command_bar.h"
 #include "ui/window/flow_layout.h"
+#include "ui/window/folding_line.h"
 
 #include <QAction>
 #include <QBoxLayout>
@@ -21,12 +23,15 @@ namespace quenoria {
 namespace {
 
 constexpr int margin = 20;
-constexpr int rowGap = 12;
+constexpr int outerGap = 6;
+constexpr int rowGap = 4;
+constexpr int titleGap = 16;
+constexpr int symbolGap = 8;
+constexpr int emblemSide = 22;
+constexpr int hintSymbolSide = 14;
 constexpr int buttonGap = 8;
-constexpr int quietGap = 2;
-constexpr int quietInset = 6; ///< of the symbol in a button without a box
-constexpr int queueGap = 12;
-constexpr int smallestSearch = 240;
+constexpr int switchGap = 16;
+constexpr int smallestSearch = 260;
 
 QString nameAndVersion()
 {
@@ -42,28 +47,28 @@ QLabel *makeLine(const QString &text, TextStyle style, Tint tint = Tint::text)
     return line;
 }
 
-QLayout *makeCommandRow(const QList<QAction *> &commands)
+/// A symbol and the text that belongs to it.
+QWidget *makeSigned(const QString &symbolName, Tint tint, int side, QLabel *text)
 {
-    auto *row = new FlowLayout(quietGap, quietInset);
-    for (QAction *command : commands)
-        row->addWidget(new ActionButton(command, ActionButton::Look::quiet));
-    return row;
+    auto *pair = new QWidget;
+    auto *row = new QHBoxLayout(pair);
+    row->setContentsMargins({});
+    row->setSpacing(symbolGap);
+    row->addWidget(new SymbolView(symbol(symbolName, tint), side));
+    row->addWidget(text);
+    return pair;
 }
 
-QLayout *makeQueueRow(const CommandActions &actions)
+QLayout *makeCommandRow(const CommandActions &actions)
 {
-    auto *row = new FlowLayout(queueGap);
-    const auto add = [row](QAction *action) {
-        auto *button = new ActionButton(action, ActionButton::Look::boxed);
+    auto *row = new QHBoxLayout;
+    row->setSpacing(buttonGap);
+    row->addWidget(new CommandBar(actions.buttons(ButtonPlace::commands)), 1);
+    for (QAction *queue : actions.buttons(ButtonPlace::queues)) {
+        auto *button = new ActionButton(queue, ActionButton::Look::boxed);
+        makeProminent(button);
         row->addWidget(button);
-        return button;
-    };
-    for (QAction *queue : actions.buttons(ButtonPlace::queues))
-        makeProminent(add(queue));
-    for (QAction *deletion : actions.buttons(ButtonPlace::deletion))
-        makeDestructive(add(deletion));
-    for (QAction *entry : actions.switches())
-        row->addWidget(new ActionSwitch(entry));
+    }
     return row;
 }
 
@@ -74,38 +79,52 @@ WindowHeader::WindowHeader(const CommandActions &actions, QWidget *parent)
       m_quota(makeLine({}, TextStyle::footnote)), m_search(new QLineEdit)
 {
     auto *rows = new QVBoxLayout(this);
-    rows->setContentsMargins(margin, rowGap, margin, rowGap);
+    rows->setContentsMargins(margin, outerGap, margin, outerGap);
     rows->setSpacing(rowGap);
-    rows->addLayout(makeTitleRow());
-    rows->addLayout(makeCommandRow(actions.buttons(ButtonPlace::commands)));
-    rows->addLayout(makeQueueRow(actions));
-    rows->addLayout(makeSearchRow());
+    rows->addWidget(makeTitleLine());
+    rows->addLayout(makeCommandRow(actions));
+    rows->addLayout(makeSwitchRow(actions));
 }
 
-QLayout *WindowHeader::makeTitleRow()
+QWidget *WindowHeader::makeTitleLine()
 {
-    auto *texts = new QVBoxLayout;
-    texts->setSpacing(2);
-    texts->addWidget(makeLine(nameAndVersion(), TextStyle::title));
-    texts->addWidget(makeLabel(u"Vos messages clients et prospects, sans intermédiaire !"_s,
-                               TextStyle::body, Tint::secondary));
-    auto *figures = new QVBoxLayout;
-    figures->setSpacing(4);
-    figures->addWidget(m_counts, 0, Qt::AlignRight);
-    figures->addWidget(m_quota, 0, Qt::AlignRight);
     QFont digits = QFontDatabase::systemFont(QFontDatabase::FixedFont);
     digits.setPointSizeF(m_quota->font().pointSizeF());
     m_quota->setFont(digits);
+    QWidget *name = makeSigned(u"paperplane.circle.fill"_s, Tint::accent, emblemSide,
+                               makeLine(nameAndVersion(), TextStyle::headline));
+    QWidget *tagline = makeLine(u"Vos messages clients et prospects, sans intermédiaire !"_s,
+                                TextStyle::footnote, Tint::secondary);
+    QWidget *hint = makeSigned(u"pencil"_s, Tint::secondary, hintSymbolSide,
+                               makeLine(u"Double-cliquez sur une ligne pour modifier le contact"_s,
+                                        TextStyle::footnote, Tint::secondary));
+    auto *line = new FoldingLine(titleGap);
+    line->addWidget(name);
+    line->addWidget(tagline);
+    line->addStretch();
+    line->addWidget(hint);
+    line->addWidget(m_counts);
+    line->addWidget(m_quota);
+    line->setFoldable({name, hint, tagline});
+    return line;
+}
 
-    auto *row = new QHBoxLayout;
-    row->setSpacing(12);
-    row->addWidget(new SymbolView(symbol(u"paperplane.circle.fill"_s, Tint::accent), 40));
-    row->addLayout(texts, 1);
-    row->addLayout(figures);
+QLayout *WindowHeader::makeSwitchRow(const CommandActions &actions)
+{
+    auto *row = new FlowLayout(switchGap);
+    for (QAction *entry : actions.switches())
+        row->addWidget(new ActionSwitch(entry));
+    for (QAction *deletion : actions.buttons(ButtonPlace::deletion)) {
+        auto *button = new ActionButton(deletion, ActionButton::Look::boxed);
+        makeDestructive(button);
+        row->addWidget(button);
+    }
+    furnishSearch();
+    row->addWidget(m_search);
     return row;
 }
 
-QLayout *WindowHeader::makeSearchRow()
+void WindowHeader::furnishSearch()
 {
     m_search->setPlaceholderText(u"Rechercher un contact, un numéro ou un e-mail"_s);
     m_search->setAccessibleName(m_search->placeholderText());
@@ -115,15 +134,6 @@ QLayout *WindowHeader::makeSearchRow()
     m_search->addAction(symbol(u"magnifyingglass"_s, Tint::secondary), QLineEdit::LeadingPosition)
         ->setText(u"Rechercher"_s);
     m_search->setMinimumWidth(smallestSearch);
-
-    auto *row = new QHBoxLayout;
-    row->setSpacing(buttonGap);
-    row->addWidget(m_search, 1);
-    row->addSpacing(buttonGap);
-    row->addWidget(new SymbolView(symbol(u"pencil"_s, Tint::secondary), 14));
-    row->addWidget(makeLine(u"Double-cliquez sur une ligne pour modifier le contact"_s,
-                            TextStyle::footnote, Tint::secondary));
-    return row;
 }
 
 void WindowHeader::showTexts(const HeaderTexts &texts)

@@ -12,8 +12,8 @@ namespace quenoria {
 
 class CommandActions;
 
-/// The header of the window: name and counts, the commands, the queues and the switches, the
-/// search. It wraps where the window is narrow.
+/// The header of the window: a line of name and counts, a line of commands and queues, and the
+/// switches with the search, which wrap where the window is narrow.
 class WindowHeader : public QWidget {
     Q_OBJECT
 
@@ -25,8 +25,9 @@ public:
     void showTexts(const HeaderTexts &texts);
 
 private:
-    QLayout *makeTitleRow();
-    QLayout *makeSearchRow();
+    QWidget *makeTitleLine();
+    QLayout *makeSwitchRow(const CommandActions &actions);
+    void furnishSearch();
 
     QLabel *m_counts;
     QLabel *m_quota;

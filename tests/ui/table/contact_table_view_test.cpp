@@ -39,7 +39,12 @@ TEST_F(TableView, TheContactTakesTheRoomThatIsLeft)
     const int spare = view.viewport()->width() - tableContentWidth;
     EXPECT_EQ(view.columnWidth(column), 680 + spare);
     view.resize(900, 500);
-    EXPECT_EQ(view.columnWidth(column), 680);
+    EXPECT_EQ(view.columnWidth(column), 260);
+    view.resize(1280, 500);
+    const int department = columnOf(SortColumn::department);
+    EXPECT_EQ(view.columnViewportPosition(department) + view.columnWidth(department),
+              view.viewport()->width());
+    view.resize(2000, 500);
     EXPECT_EQ(view.horizontalHeader()->length(), tableContentWidth);
     view.setColumnWidth(0, 120);
     view.setColumnWidth(column, 300);

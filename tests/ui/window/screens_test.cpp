@@ -21,6 +21,7 @@ struct Setting {
     const char *name;
     const char16_t *screen; ///< of tests/data/screens.json: what a task bar of 48 points leaves
     double fontScale;
+    int rows; ///< of the table that are whole in sight
 };
 
 class OnScreen : public WindowTest, public testing::WithParamInterface<Setting> {
@@ -160,13 +161,26 @@ TEST_P(OnScreen, EverySheetCanBeSeenAndUsedWhole)
     }
 }
 
+TEST_P(OnScreen, TheWindowCanBeSeenAndUsedWhole)
+{
+    openWindow();
+    EXPECT_EQ(faultsOf(window()), QStringList());
+    const int rows = (table().viewport()->height() - 1) / table().rowHeight(0);
+    EXPECT_GE(rows, GetParam().rows);
+    const int department = columnOf(SortColumn::department);
+    EXPECT_TRUE(GetParam().fontScale > 1 ||
+                table().columnViewportPosition(department) + table().columnWidth(department) <=
+                    table().viewport()->width());
+}
+
 INSTANTIATE_TEST_SUITE_P(Window, OnScreen,
-                         testing::Values(Setting{"Laptop", u"1280x800", 1},
-                                         Setting{"LaptopLargeFont", u"1280x800", 1.5},
-                                         Setting{"Small", u"1366x768 at 125 %", 1},
-                                         Setting{"SmallLargeFont", u"1366x768 at 125 %", 1.5},
-                                         Setting{"Smallest", u"1920x1080 at 200 %", 1},
-                                         Setting{"SmallestLargestFont", u"1920x1080 at 200 %", 2}),
+                         testing::Values(Setting{"Laptop", u"1280x800", 1, 14},
+                                         Setting{"LaptopLargeFont", u"1280x800", 1.5, 7},
+                                         Setting{"Small", u"1366x768 at 125 %", 1, 7},
+                                         Setting{"SmallLargeFont", u"1366x768 at 125 %", 1.5, 3},
+                                         Setting{"Smallest", u"1920x1080 at 200 %", 1, 5},
+                                         Setting{"SmallestLargestFont", u"1920x1080 at 200 %", 2,
+                                                 1}),
                          [](const auto &test) { return std::string(test.param.name); });
 
 } // namespace

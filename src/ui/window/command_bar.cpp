@@ -1,0 +1,85 @@
+#include "ui/window/command_bar.h"
+
+#include "ui/window/action_button.h"
+
+#include <QAction>
+#include <QEvent>
+#include <QMenu>
+#include <QToolButton>
+
+using namespace Qt::StringLiterals;
+
+namespace quenoria {
+
+namespace {
+
+constexpr int gap = 2;
+
+} // namespace
+
+CommandBar::CommandBar(const QList<QAction *> &commands, QWidget *parent)
+    : QWidget(parent), m_commands(commands), m_more(new QToolButton(this))
+{
+    for (QAction *command : commands)
+        m_buttons << new ActionButton(command, ActionButton::Look::quiet, this);
+    m_more->setText(u"»"_s);
+    m_more->setAccessibleName(u"Autres commandes"_s);
+    m_more->setToolTip(m_more->accessibleName());
+    m_more->setFocusPolicy(Qt::StrongFocus);
+    m_more->setAutoRaise(true);
+    m_more->setPopupMode(QToolButton::InstantPopup);
+    m_more->setMenu(new QMenu(m_more));
+    connect(m_more->menu(), &QMenu::aboutToShow, this, &CommandBar::fillMenu);
+    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+}
+
+QSize CommandBar::sizeHint() const
+{
+    QSize size;
+    for (const ActionButton *button : m_buttons) {
+        const QSize each = button->sizeHint();
+        size = {size.width() + each.width() + gap, qMax(size.height(), each.height())};
+    }
+    return size;
+}
+
+QSize CommandBar::minimumSizeHint() const
+{
+    return {m_more->sizeHint().width(), sizeHint().height()};
+}
+
+bool CommandBar::event(QEvent *event)
+{
+    if (event->type() == QEvent::Resize || event->type() == QEvent::LayoutRequest)
+        arrange();
+    return QWidget::event(event);
+}
+
+void CommandBar::arrange()
+{
+    const int most = width() - (sizeHint().width() > width() ? m_more->sizeHint().width() : 0);
+    int x = 0;
+    bool holds = true;
+    for (ActionButton *button : m_buttons) {
+        const QSize size = button->sizeHint();
+        holds = holds && x + size.width() <= most;
+        button->setVisible(holds);
+        if (!holds)
+            continue;
+        button->setGeometry(x, 0, size.width(), height());
+        x += size.width() + gap;
+    }
+    m_more->setVisible(!holds);
+    m_more->setGeometry(x, 0, m_more->sizeHint().width(), height());
+}
+
+void CommandBar::fillMenu()
+{
+    m_more->menu()->clear();
+    for (qsizetype each = 0; each < m_buttons.size(); ++each) {
+        if (m_buttons[each]->isHidden())
+            m_more->menu()->addAction(m_commands[each]);
+    }
+}
+
+} // namespace quenoria

@@ -1,0 +1,37 @@
+#pragma once
+
+#include <QList>
+#include <QWidget>
+
+class QAction;
+class QHBoxLayout;
+class QToolButton;
+
+namespace quenoria {
+
+class ActionButton;
+
+/// Commands on one line, each with its symbol and its text. Those that the width does not hold go
+/// into the menu of "»", in their order.
+class CommandBar : public QWidget {
+    Q_OBJECT
+
+public:
+    explicit CommandBar(const QList<QAction *> &commands, QWidget *parent = nullptr);
+
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override;
+
+protected:
+    bool event(QEvent *event) override;
+
+private:
+    void arrange();
+    void fillMenu();
+
+    QList<QAction *> m_commands;
+    QList<ActionButton *> m_buttons; ///< one for each command
+    QToolButton *m_more;
+};
+
+} // namespace quenoria
