@@ -148,7 +148,7 @@ void setDate(GMimeMessage *message, const Clock &clock)
 /// messages with one click, which writes to the sender.
 void setIdentity(GMimeMessage *message, const MailIdentity &identity)
 {
-    const QByteArray name = oneLine(identity.name);
+    const QByteArray name = oneLine(identity.name).toUtf8();
     const QByteArray address = identity.address.trimmed().toLatin1();
     g_mime_message_add_mailbox(message, GMIME_ADDRESS_TYPE_FROM,
                                name.isEmpty() ? nullptr : name.constData(), address);

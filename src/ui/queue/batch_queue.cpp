@@ -65,6 +65,7 @@ QStringList BatchQueue::selectedIDs() const
     QStringList ids;
     for (const Prospect *prospect : selected)
         ids << prospect->id;
+    ids.removeDuplicates(); // an older folder may hold a contact twice
     return ids;
 }
 
@@ -111,7 +112,10 @@ QueueAction BatchQueue::take(const QueueEvent &event)
     const std::optional<Prospect> contact = subject(event);
     Step step = next(std::move(m_state), event, {isAutomatic(), current() != nullptr});
     m_state = std::move(step.state);
+    if (contact)
+        noteServed(event, step.action, *contact);
     perform(step.action, contact);
+    passOverServed();
     Q_EMIT changed();
     if (!wasClosed && m_state.phase == QueueState::Phase::closed) {
         deleteLater();
@@ -127,6 +131,32 @@ std::optional<Prospect> BatchQueue::subject(const QueueEvent &event) const
         return m_handedOver;
     const Prospect *contact = settled ? m_store.prospect(settled->contactId) : current();
     return contact ? std::optional(*contact) : std::nullopt;
+}
+
+/// Remembers whose message left, or may have.
+void BatchQueue::noteServed(const QueueEvent &event, QueueAction action, const Prospect &contact)
+{
+    const QString recipient = m_channel.recipient(contact);
+    const auto *answered = std::get_if<SendAnswered>(&event);
+    const auto *settled = std::get_if<DoubtSettled>(&event);
+    const bool mayHaveLeft = answered && !std::holds_alternative<Refused>(answered->outcome);
+    if (action == QueueAction::record || mayHaveLeft || (settled && settled->left))
+        m_served.insert(recipient, {contact.id, contact.label});
+    else if (settled)
+        m_served.remove(recipient);
+}
+
+/// Two contacts may have come to share a number or an address: nobody gets the message twice.
+void BatchQueue::passOverServed()
+{
+    for (const Prospect *head = current(); head; head = current()) {
+        const auto served = m_served.constFind(m_channel.recipient(*head));
+        const qsizetype before = m_state.queueIDs.size();
+        if (served != m_served.cend() && served->id != head->id)
+            m_state = next(std::move(m_state), ServedBefore{served->label}, {}).state;
+        if (m_state.queueIDs.size() == before)
+            return;
+    }
 }
 
 void BatchQueue::perform(QueueAction action, const std::optional<Prospect> &contact)

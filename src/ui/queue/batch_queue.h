@@ -56,6 +56,8 @@ private:
     QStringList selectedIDs() const;
     QueueAction take(const QueueEvent &event);
     std::optional<Prospect> subject(const QueueEvent &event) const;
+    void noteServed(const QueueEvent &event, QueueAction action, const Prospect &contact);
+    void passOverServed();
     void perform(QueueAction action, const std::optional<Prospect> &contact);
     QCoro::Task<> runAutomaticQueue();
     void stopWaiting();
@@ -68,6 +70,11 @@ private:
     Switches &m_switches;
     Clock &m_clock;
     QueueState m_state;
+    struct Served {
+        QString id;
+        QString label;
+    };
+    QHash<QString, Served> m_served; ///< by recipient
     bool m_wasAutomatic;
     std::optional<Prospect> m_handedOver; ///< kept, since it may be deleted during its send
     std::stop_source m_stopPause;         ///< ends the pause between two contacts

@@ -13,6 +13,11 @@ bool isQueued(const ProspectStore &store, const Prospect &prospect)
            !prospect.email->isEmpty();
 }
 
+QString recipient(const Prospect &prospect)
+{
+    return prospect.email.value_or(QString()).trimmed().toLower();
+}
+
 QueuedMessage message(const ProspectStore &store, const Prospect &prospect)
 {
     const EmailTemplate assigned = store.assignedEmailTemplate(prospect);
@@ -43,6 +48,7 @@ const QueueChannel &emailChannel()
         .isAutomatic = &Switches::autoValidateEmail,
         .setAutomatic = &Switches::setAutoValidateEmail,
         .isQueued = isQueued,
+        .recipient = recipient,
         .select = &ProspectStore::setSelectedForEmailSending,
         .message = message,
     };

@@ -38,6 +38,7 @@ struct QueueChannel {
     bool (Switches::*isAutomatic)() const;
     void (Switches::*setAutomatic)(bool);
     bool (*isQueued)(const ProspectStore &, const Prospect &); ///< selected, with an address
+    QString (*recipient)(const Prospect &); ///< the same for all who share a number or an address
     void (ProspectStore::*select)(bool, const Prospect &);
     QueuedMessage (*message)(const ProspectStore &, const Prospect &);
 };

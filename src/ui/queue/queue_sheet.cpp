@@ -31,8 +31,8 @@ QueueSheet::QueueSheet(const QueueChannel &channel, SendDesk &desk, Switches &sw
       m_options(new QueueOptions(*m_queue, switches)),
       m_message(new MessagePanel(channel.hasQuota ? MessagePanel::Length::told
                                                   : MessagePanel::Length::silent)),
-      m_finished(makeFinishedPanel()), m_status(new StatusLabel), m_error(new StatusLabel),
-      m_buttons(makeButtons())
+      m_finished(makeFinishedPanel()), m_status(new StatusLabel), m_passedOver(new StatusLabel),
+      m_error(new StatusLabel), m_buttons(makeButtons())
 {
     addHeader(channel.title, channel.note);
     column()->addWidget(m_progress);
@@ -40,6 +40,7 @@ QueueSheet::QueueSheet(const QueueChannel &channel, SendDesk &desk, Switches &sw
     column()->addWidget(m_message, 1);
     column()->addWidget(m_finished, 1);
     footer()->addWidget(m_status);
+    footer()->addWidget(m_passedOver);
     footer()->addWidget(m_error);
     footer()->addWidget(m_buttons);
     connectQueue();
@@ -151,6 +152,11 @@ void QueueSheet::refreshStatus()
         m_status->setStatus(m_channel.preparedNote, Tint::positive, u"checkmark.circle.fill"_s);
     else
         m_status->setStatus({}, Tint::text);
+    const QString &servedAs = m_queue->state().servedAs;
+    m_passedOver->setStatus(servedAs.isEmpty()
+                                ? QString()
+                                : u"Déjà servi dans cette file sous un autre nom : "_s + servedAs,
+                            Tint::secondary, u"info.circle"_s);
     m_error->setStatus(m_queue->state().error.value_or(QString()), Tint::negative,
                        m_channel.errorSymbol);
 }

@@ -54,6 +54,7 @@ private:
     QWidget *m_finished;
     QPushButton *m_close; ///< of the finished panel
     StatusLabel *m_status;
+    StatusLabel *m_passedOver;
     StatusLabel *m_error;
     QWidget *m_buttons;
     QPushButton *m_skip;

@@ -112,6 +112,21 @@ public:
         return does(event.left ? QueueAction::deselect : QueueAction::none);
     }
 
+    /// The contact is no longer served, nor is it recorded or deselected. The queue stays open, so
+    /// that the user reads it also of the last one.
+    Step operator()(const ServedBefore &event)
+    {
+        const bool isDue = m_state.phase == Phase::waiting || m_state.phase == Phase::running;
+        if (!isDue || m_state.queueIDs.isEmpty())
+            return unchanged();
+        m_state.queueIDs.removeFirst();
+        ++m_state.completedCount;
+        m_state.servedAs = event.name;
+        if (m_state.queueIDs.isEmpty())
+            m_state.phase = Phase::waiting;
+        return unchanged();
+    }
+
     Step operator()(const Closed &)
     {
         const bool underWay = m_state.phase == Phase::running || m_state.phase == Phase::leaving;

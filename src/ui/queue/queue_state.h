@@ -23,6 +23,7 @@ struct QueueState {
     int initialQueueCount = 0;
     Phase phase = Phase::waiting;
     Refusal error;
+    QString servedAs = {}; ///< name under which the one last passed over had been served
     bool operator==(const QueueState &) const = default;
 };
 
@@ -50,10 +51,15 @@ struct DoubtSettled {
     QString contactId;
     bool left = false; ///< it did, and is recorded
 };
+/// The head's recipient was served earlier in this queue, as another contact.
+struct ServedBefore {
+    QString name;
+};
 struct Closed {};
 
-using QueueEvent = std::variant<Opened, PrimaryPressed, PrepareAnswered, Confirmed, Skipped,
-                                SwitchedOn, TurnReached, SendAnswered, DoubtSettled, Closed>;
+using QueueEvent =
+    std::variant<Opened, PrimaryPressed, PrepareAnswered, Confirmed, Skipped, SwitchedOn,
+                 TurnReached, SendAnswered, DoubtSettled, ServedBefore, Closed>;
 
 /// What the rules ask about the world around the queue.
 struct Circumstances {

@@ -1,3 +1,4 @@
+#include "messaging/messages_script.h"
 #include "ui/kit/switches.h"
 #include "ui/queue/queue_channel.h"
 
@@ -11,6 +12,8 @@ bool isQueued(const ProspectStore &store, const Prospect &prospect)
 {
     return store.isSelectedForSending(prospect);
 }
+
+QString recipient(const Prospect &prospect) { return messagingHandle(prospect.phone); }
 
 QueuedMessage message(const ProspectStore &store, const Prospect &prospect)
 {
@@ -41,6 +44,7 @@ const QueueChannel &smsChannel()
         .isAutomatic = &Switches::autoValidateSMS,
         .setAutomatic = &Switches::setAutoValidateSMS,
         .isQueued = isQueued,
+        .recipient = recipient,
         .select = &ProspectStore::setSelectedForSending,
         .message = message,
     };

@@ -29,6 +29,12 @@ protected:
                                                       "A\t06 39 98 00 11\ta@example.org\n"
                                                       "c\t06 39 98 00 12\tc@example.org\n"
                                                       "d\t06 39 98 00 13\n";
+        start();
+    }
+
+    void start()
+    {
+        desk.reset();
         store = std::make_unique<ProspectStore>(desktop.platform());
         desk = std::make_unique<SendDesk>(*store, desktop.platform());
         for (const Prospect &prospect : store->allProspects()) {
@@ -110,6 +116,29 @@ TEST_F(QueueSheets, WorkByHandInTheOrderOfTheLabels)
     EXPECT_EQ(sent(1), 1U);
     EXPECT_EQ(sent(0), 0U);
     EXPECT_TRUE(store->sendSelection().empty());
+}
+
+/// Older folders hold contacts twice, and edits may give two contacts one number.
+TEST_F(QueueSheets, NobodyIsServedTwice)
+{
+    const QByteArray twin = R"({"id":"0639980011","label":"A","phone":"06 39 98 00 11",
+        "email":"a@example.org","department":"29","isCustom":true})";
+    desktop.writeFile(u"nouveaux-numeros.json"_s, "[" + twin + "," + twin + "]");
+    desktop.writeFile(u"contacts-modifies.json"_s, R"({
+        "0639980012":{"label":"c","phone":"+33 6 39 98 00 11","department":"29"},
+        "0639980013":{"label":"d","phone":"06 39 98 00 11","department":"29"}})");
+    start();
+    show();
+    EXPECT_TRUE(shows(u"A"_s) && shows(u"Contact 1 sur 4"_s)) << "a twin is one contact";
+    press(u"Préparer ce SMS"_s);
+    press(u"Envoyé, suivant"_s);
+    press(u"Ignorer"_s);
+    ASSERT_TRUE(sheet) << "what was passed over is to be read";
+    EXPECT_TRUE(shows(u"Sélection terminée"_s));
+    EXPECT_TRUE(shows(u"Déjà servi dans cette file sous un autre nom : A"_s));
+    EXPECT_EQ(sent(1), 1U);
+    EXPECT_EQ(sent(2) + sent(3), 0U);
+    EXPECT_EQ(store->sendSelection(), (IdSet{u"0639980012"_s, u"0639980013"_s}));
 }
 
 TEST_F(QueueSheets, EmailsGoOneAfterTheOtherAndStopOnARefusal)

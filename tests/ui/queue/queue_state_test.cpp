@@ -28,6 +28,13 @@ QueueState at(QueueState::Phase phase, int done = 0, const Refusal &error = {})
     return {both.mid(done), done, 2, phase, error};
 }
 
+QueueState passedOver(QueueState::Phase phase, int done)
+{
+    QueueState state = at(phase, done);
+    state.servedAs = u"A"_s;
+    return state;
+}
+
 struct Row {
     const char *name;
     QueueState before;
@@ -98,6 +105,16 @@ const Row rows[] = {
      {{{u"a"_s}, 1, 2, running, {}}, deselect}},
     {"DoubtAboutTheContactInARun", at(running), left, automatic, {at(running), deselect}},
     {"DoubtAboutAnother", at(prepared), DoubtSettled{u"z"_s}, byHand, {at(prepared)}},
+
+    {"ServedBefore", at(waiting), ServedBefore{u"A"_s}, byHand, {passedOver(waiting, 1)}},
+    {"ServedBeforeInARun", at(running), ServedBefore{u"A"_s}, automatic, {passedOver(running, 1)}},
+    {"ServedBeforeTheLastStaysOpen",
+     at(running, 1),
+     ServedBefore{u"A"_s},
+     automatic,
+     {passedOver(waiting, 2)}},
+    {"ServedBeforeOncePrepared", at(prepared), ServedBefore{u"A"_s}, byHand, {at(prepared)}},
+    {"ServedBeforeOnceLeaving", at(leaving), ServedBefore{u"A"_s}, automatic, {at(leaving)}},
 
     {"Close", at(prepared), Closed{}, byHand, {at(closed)}},
     {"CloseDuringARun", at(running), Closed{}, automatic, {at(leaving)}},
