@@ -1,5 +1,6 @@
 #include "ui/kit/sheet.h"
 
+#include "ui/kit/alert.h"
 #include "ui/kit/labels.h"
 #include "ui/kit/middle_area.h"
 #include "ui/kit/screen_room.h"
@@ -52,6 +53,28 @@ void Sheet::present()
 {
     setAttribute(Qt::WA_DeleteOnClose);
     open();
+}
+
+void Sheet::reject()
+{
+    settleInput([this] { QDialog::reject(); });
+}
+
+void Sheet::settleInput(const std::function<void()> &goOn)
+{
+    if (!isVisible() || !hasUnsavedInput())
+        return goOn();
+    if (m_question)
+        return;
+    const auto save = [this, goOn] {
+        saveInput();
+        if (isVisible() && !hasUnsavedInput())
+            goOn();
+    };
+    m_question = offerChoices(
+        this, u"Enregistrer ce que vous avez saisi ?"_s,
+        u"Les modifications de cette fenêtre ne sont pas encore enregistrées."_s,
+        {{u"Enregistrer"_s, save}, {u"Ne pas enregistrer"_s, goOn}, {u"Annuler"_s, [] {}}});
 }
 
 void Sheet::setVisible(bool visible)

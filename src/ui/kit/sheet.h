@@ -3,6 +3,9 @@
 #include "ui/kit/button_role.h"
 
 #include <QDialog>
+#include <QPointer>
+
+#include <functional>
 
 class QBoxLayout;
 
@@ -30,7 +33,17 @@ public:
 
     void setVisible(bool visible) override;
 
+    /// Leaves the sheet, once the user has said what becomes of unsaved input.
+    void reject() override;
+
 protected:
+    /// Goes on at once, or once the unsaved input is saved or given up, as the user chooses. It is
+    /// not when he calls it off or when the input was refused.
+    void settleInput(const std::function<void()> &goOn);
+
+    /// Saves what is typed, as the sheet's own button does.
+    virtual void saveInput() {}
+
     /// Column of the parts between the header and the footer.
     QBoxLayout *column() const { return m_column; }
 
@@ -61,6 +74,7 @@ private:
     MiddleArea *m_middle;
     QBoxLayout *m_column;
     QBoxLayout *m_footer;
+    QPointer<QWidget> m_question; ///< what becomes of the input
 };
 
 } // namespace quenoria

@@ -17,6 +17,9 @@ public:
 
     bool hasUnsavedInput() const override;
 
+protected:
+    void saveInput() override { add(); }
+
 private:
     void createDepartment();
     void add();

@@ -16,6 +16,9 @@ public:
 
     bool hasUnsavedInput() const override;
 
+protected:
+    void saveInput() override { save(); }
+
 private:
     void save();
 

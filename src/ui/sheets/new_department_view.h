@@ -22,6 +22,9 @@ Q_SIGNALS:
     /// The department exists now; the form that opened the sheet selects it.
     void created(const QString &code);
 
+protected:
+    void saveInput() override { create(); }
+
 private:
     void create();
 

@@ -67,13 +67,18 @@ void TemplateManagerView::addSelectionRow()
     row->addWidget(m_remove);
     column()->addLayout(row);
     connect(m_picker, &ChoicePicker::picked, this, [this](const QString &id) {
-        m_editor.select(id);
-        refresh();
+        settleInput([this, id] {
+            m_editor.select(id);
+            refresh();
+        });
+        refresh(); // until then the picker shows what is being edited
     });
     connect(add, &QPushButton::clicked, this, [this] {
-        m_editor.startNew();
-        refresh();
-        m_title->setFocus();
+        settleInput([this] {
+            m_editor.startNew();
+            refresh();
+            m_title->setFocus();
+        });
     });
     connect(m_remove, &QPushButton::clicked, this, [this] {
         m_editor.removeSelected();
@@ -116,14 +121,17 @@ void TemplateManagerView::addBottomRow()
     row->addStretch();
     row->addWidget(save);
     footer()->addLayout(row);
-    connect(save, &QPushButton::clicked, this, [this] {
-        m_editor.save();
-        refresh();
-    });
+    connect(save, &QPushButton::clicked, this, &TemplateManagerView::saveInput);
     for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter}) {
         auto *shortcut = new QShortcut(Qt::CTRL | key, this);
         connect(shortcut, &QShortcut::activated, save, &QPushButton::click);
     }
+}
+
+void TemplateManagerView::saveInput()
+{
+    m_editor.save();
+    refresh();
 }
 
 void TemplateManagerView::refresh()

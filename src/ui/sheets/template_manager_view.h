@@ -21,6 +21,8 @@ public:
 protected:
     TemplateManagerView(ProspectStore &store, const TemplateChannel &channel, QWidget *parent);
 
+    void saveInput() override;
+
 private:
     void addSelectionRow();
     void addFields();

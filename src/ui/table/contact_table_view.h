@@ -20,6 +20,9 @@ public:
     /// The contact of the current row, or null.
     const Prospect *currentContact() const;
 
+    /// Writes what is being typed in a cell, which would go with its editor.
+    void keepTypedText();
+
     // The widths that the user gave the columns, as a text to keep. One that fits another set of
     // columns is ignored.
     QString columnWidths() const;
@@ -50,7 +53,6 @@ protected:
 
 private:
     void followHeader();
-    void keepTypedText();
     void keepPlace();
     void returnToPlace();
     void fitContactColumn();

@@ -1,10 +1,10 @@
 #include "ui/window/content_view.h"
 
+#include "ui/kit/alert.h"
 #include "ui/kit/labels.h"
 #include "ui/kit/screen_room.h"
 #include "ui/kit/switches.h"
 #include "ui/table/contact_table_view.h"
-#include "ui/window/alert.h"
 #include "ui/window/contact_menu.h"
 #include "ui/window/doubt_alerts.h"
 #include "ui/window/farewell.h"
@@ -200,6 +200,7 @@ void ContentView::dropEvent(QDropEvent *event)
 
 void ContentView::closeEvent(QCloseEvent *event)
 {
+    m_table->keepTypedText();
     if (!m_farewell->mayLeave()) {
         event->ignore();
         return;
@@ -210,6 +211,7 @@ void ContentView::closeEvent(QCloseEvent *event)
 
 bool ContentView::settle(bool mayAsk)
 {
+    m_table->keepTypedText();
     saveLayout();
     return m_farewell->settle(mayAsk);
 }

@@ -1,6 +1,6 @@
 #include "ui/window/doubt_alerts.h"
 
-#include "ui/window/alert.h"
+#include "ui/kit/alert.h"
 
 #include <QDateTime>
 #include <QWidget>

@@ -1,9 +1,9 @@
 #include "ui/window/farewell.h"
 
 #include "messaging/send_desk.h"
+#include "ui/kit/alert.h"
 #include "ui/kit/labels.h"
 #include "ui/kit/sheet.h"
-#include "ui/window/alert.h"
 #include "ui/window/file_alerts.h"
 
 #include <QEventLoop>

@@ -1,8 +1,8 @@
 #include "ui/window/file_alerts.h"
 
 #include "store/prospect_store.h"
+#include "ui/kit/alert.h"
 #include "ui/kit/switches.h"
-#include "ui/window/alert.h"
 
 #include <QWidget>
 

@@ -1,3 +1,4 @@
+#include "ui/kit/alert.h"
 #include "ui/queue/queue_sheet.h"
 #include "ui/sheets/about_view.h"
 #include "ui/sheets/add_prospect_view.h"
@@ -10,7 +11,6 @@
 #include "ui/sheets/template_manager_view.h"
 #include "ui/sheets/test_message_view.h"
 #include "ui/table/contact_table_view.h"
-#include "ui/window/alert.h"
 #include "ui/window/content_view.h"
 #include "ui/window/window_header.h"
 #include "ui/window/workbook_import.h"

@@ -8,6 +8,7 @@
 #include <QDialog>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMessageBox>
 #include <QPushButton>
 #include <QSignalSpy>
 #include <QTest>
@@ -47,6 +48,20 @@ public:
     }
 
     void press(const QString &text) const { button(text)->click(); }
+
+    /// Answers the question that stands over the sheet; false when there is none.
+    bool answer(const QString &text) const
+    {
+        for (auto *box : m_sheet.findChildren<QMessageBox *>()) {
+            for (QAbstractButton *choice : box->buttons()) {
+                if (!box->isVisible() || choice->text() != text)
+                    continue;
+                choice->click();
+                return true;
+            }
+        }
+        return false;
+    }
 
     /// The outcome that can be seen now, or an empty text.
     QString status() const

@@ -45,12 +45,47 @@ INSTANTIATE_TEST_SUITE_P(
         Rejected{"EmailBody", emailTemplateChannel, {u"T"_s, u"O"_s, u" "_s}, incomplete}),
     [](const auto &test) { return std::string(test.param.name); });
 
+using ManagerSheet = SheetTest;
+
 class BothChannels : public SheetTest,
                      public testing::WithParamInterface<const TemplateChannel &(*)()> {
 protected:
     const TemplateChannel &channel = GetParam()();
     const QString subject = channel.subjectField.isEmpty() ? QString() : u"Objet"_s;
 };
+
+/// The draft, the second template and the sheet: whatever would lose the first asks.
+TEST_F(ManagerSheet, ADraftIsNeverLostUnasked)
+{
+    const QString other = store().createMessage(u"Relance"_s, u"Corps"_s);
+    MessageManagerView sheet(store(), nullptr);
+    const Probe probe(sheet);
+    probe.choose(u"Modèle"_s, u"Relance"_s);
+    EXPECT_FALSE(probe.answer(u"Annuler"_s)) << "nothing was typed";
+    probe.type(u"Titre du message"_s, u"Relance d’été"_s);
+    probe.choose(u"Modèle"_s, u"1er envoi"_s);
+    ASSERT_TRUE(probe.answer(u"Annuler"_s));
+    EXPECT_EQ(probe.field(u"Titre du message"_s)->text(), u"Relance d’été"_s);
+    EXPECT_EQ(probe.picker(u"Modèle"_s)->currentText(), u"Relance"_s);
+    probe.press(u"Nouveau"_s);
+    ASSERT_TRUE(probe.answer(u"Ne pas enregistrer"_s));
+    EXPECT_EQ(probe.field(u"Titre du message"_s)->text(), QString());
+    probe.type(u"Titre du message"_s, u"Sans corps"_s);
+    probe.press(u"Fermer"_s);
+    ASSERT_TRUE(probe.answer(u"Enregistrer"_s));
+    EXPECT_TRUE(sheet.isVisible()) << "it was refused";
+    EXPECT_EQ(probe.status(), u"Saisissez le contenu du message."_s);
+    sheet.findChild<TextBox *>()->setPlainText(u"Corps"_s);
+    QTest::keyClick(&sheet, Qt::Key_Escape);
+    ASSERT_TRUE(probe.answer(u"Enregistrer"_s));
+    EXPECT_FALSE(sheet.isVisible());
+    ASSERT_EQ(store().messageTemplates().size(), 3U);
+    EXPECT_EQ(store()
+                  .messageTemplates()
+                  .find([&other](const MessageTemplate &each) { return each.id == other; })
+                  ->title,
+              u"Relance"_s);
+}
 
 TEST_P(BothChannels, ANewTemplateIsSelectedAndThenUpdated)
 {

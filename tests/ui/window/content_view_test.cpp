@@ -199,6 +199,26 @@ TEST_F(Window, DeletionAsksFirst)
     EXPECT_EQ(model().rowCount(), 2);
 }
 
+TEST_F(Window, ATextBeingTypedInACellIsKeptWhateverComesOverIt)
+{
+    const auto type = [this](const QString &text) {
+        const QModelIndex cell =
+            model().index(model().contacts().rowOf(chloe().id), columnOf(SortColumn::comment));
+        table().setCurrentIndex(cell);
+        table().edit(cell);
+        QTest::keyClicks(table().indexWidget(cell), text);
+    };
+    window().activateWindow();
+    type(u"un"_s);
+    window().addContact();
+    settle();
+    EXPECT_EQ(store().status(chloe())->comment, u"un"_s);
+    delete window().findChild<QDialog *>();
+    type(u"deux"_s);
+    EXPECT_TRUE(window().close());
+    EXPECT_TRUE(store().status(chloe())->comment->contains(u"deux"_s));
+}
+
 TEST_F(Window, DeletionNamesTenContactsAndWithoutATickTheCurrentOne)
 {
     table().setCurrentIndex(model().index(0, 6));

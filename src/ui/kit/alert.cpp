@@ -1,4 +1,4 @@
-#include "ui/window/alert.h"
+#include "ui/kit/alert.h"
 
 #include "ui/kit/button_role.h"
 #include "ui/kit/labels.h"
@@ -65,7 +65,8 @@ QMessageBox *makeBox(QWidget *window, const QIcon &icon, const QString &title,
 
 void openInFront(QDialog *dialog, QWidget *window)
 {
-    if (auto *front = qobject_cast<QDialog *>(QApplication::activeModalWidget())) {
+    auto *front = qobject_cast<QDialog *>(QApplication::activeModalWidget());
+    if (front && front != window) {
         dialog->setParent(front, dialog->windowFlags());
         QObject::connect(front, &QDialog::finished, dialog, [dialog, window] {
             dialog->setParent(window, dialog->windowFlags());
