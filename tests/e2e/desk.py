@@ -106,6 +106,10 @@ class Program:
             (node for node in walk(self.front()) if node.get_role() in roles), name))
 
     def press(self, name):
+        """A button, or the entry of a command for which the window has no room."""
+        shown = [node.get_name() for node in walk(self.front())]
+        if not any(each.startswith(name) for each in shown) and "Autres commandes" in shown:
+            click(self.find("Autres commandes"))
         node = self.find(name)
         until(f"« {name} » disponible", lambda: has(node, State.ENABLED))
         click(node)

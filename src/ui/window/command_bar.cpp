@@ -5,6 +5,7 @@
 #include <QAction>
 #include <QEvent>
 #include <QMenu>
+#include <QStyleOptionToolButton>
 #include <QToolButton>
 
 using namespace Qt::StringLiterals;
@@ -15,10 +16,23 @@ namespace {
 
 constexpr int gap = 2;
 
+/// Its sign says that there is more, without an arrow beside it.
+class MoreButton : public QToolButton {
+public:
+    using QToolButton::QToolButton;
+
+protected:
+    void initStyleOption(QStyleOptionToolButton *option) const override
+    {
+        QToolButton::initStyleOption(option);
+        option->features = {};
+    }
+};
+
 } // namespace
 
 CommandBar::CommandBar(const QList<QAction *> &commands, QWidget *parent)
-    : QWidget(parent), m_commands(commands), m_more(new QToolButton(this))
+    : QWidget(parent), m_commands(commands), m_more(new MoreButton(this))
 {
     for (QAction *command : commands)
         m_buttons << new ActionButton(command, ActionButton::Look::quiet, this);

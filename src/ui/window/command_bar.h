@@ -4,7 +4,6 @@
 #include <QWidget>
 
 class QAction;
-class QHBoxLayout;
 class QToolButton;
 
 namespace quenoria {

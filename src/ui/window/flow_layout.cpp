@@ -61,7 +61,7 @@ QList<FlowLayout::Line> FlowLayout::linesWithin(int width) const
 int FlowLayout::heightForWidth(int width) const
 {
     const int lines = int(linesWithin(width).size());
-    return lines * (tallest() + spacing()) - spacing();
+    return lines * (tallest() + lineGap) - lineGap;
 }
 
 QSize FlowLayout::minimumSize() const
@@ -78,7 +78,7 @@ void FlowLayout::setGeometry(const QRect &rect)
     QRect line(rect.left(), rect.top(), rect.width(), tallest());
     for (const Line &items : linesWithin(rect.width())) {
         placeLine(items, line);
-        line.translate(0, tallest() + spacing());
+        line.translate(0, tallest() + lineGap);
     }
 }
 

@@ -30,6 +30,7 @@ public:
 
 private:
     using Line = QList<QLayoutItem *>;
+    static constexpr int lineGap = 6;
 
     QList<Line> linesWithin(int width) const;
     int tallest() const;

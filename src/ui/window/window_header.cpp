@@ -24,14 +24,14 @@ namespace {
 
 constexpr int margin = 20;
 constexpr int outerGap = 6;
-constexpr int rowGap = 4;
+constexpr int rowGap = 6;
 constexpr int titleGap = 16;
 constexpr int symbolGap = 8;
 constexpr int emblemSide = 22;
 constexpr int hintSymbolSide = 14;
 constexpr int buttonGap = 8;
 constexpr int switchGap = 16;
-constexpr int smallestSearch = 260;
+constexpr int searchPadding = 72; ///< of its two symbols
 
 QString nameAndVersion()
 {
@@ -133,7 +133,8 @@ void WindowHeader::furnishSearch()
         clear->setText(u"Effacer la recherche"_s);
     m_search->addAction(symbol(u"magnifyingglass"_s, Tint::secondary), QLineEdit::LeadingPosition)
         ->setText(u"Rechercher"_s);
-    m_search->setMinimumWidth(smallestSearch);
+    const int text = m_search->fontMetrics().horizontalAdvance(m_search->placeholderText());
+    m_search->setMinimumWidth(text + searchPadding);
 }
 
 void WindowHeader::showTexts(const HeaderTexts &texts)

@@ -261,7 +261,8 @@ TEST_F(OwnMailbox, KeepsThePasswordInTheKeyringAndForItsServerOnly)
     FakeKeyring keyring;
     SmtpTransport smtp(clock, preferences, passwords, conditions);
     DraftOpener drafts{QDBusConnection(u"no bus"_s)};
-    SendmailTransport sendmail(clock, drafts);
+    HandOverProgress progress;
+    SendmailTransport sendmail(clock, drafts, progress);
     MailCarrier carrier(smtp, sendmail, preferences);
     const auto mailbox = [&] {
         passwords = std::make_shared<KnownPasswords>();

@@ -5,6 +5,7 @@
 #include <QAccessible>
 #include <QHeaderView>
 #include <QLineEdit>
+#include <QScrollBar>
 #include <QSignalSpy>
 #include <QTest>
 
@@ -54,6 +55,29 @@ TEST_F(TableView, TheContactTakesTheRoomThatIsLeft)
     EXPECT_EQ(other.columnWidths(), view.columnWidths());
     other.setColumnWidths(u"1,2,3"_s);
     EXPECT_EQ(other.columnWidth(0), 120);
+}
+
+TEST_F(TableView, TheNameStaysInSightAsPartOfItsRow)
+{
+    view.resize(900, 500);
+    const int name = columnOf(SortColumn::name);
+    EXPECT_LT(view.indexAt({20, 10}).column(), name);
+    QSignalSpy edits(&view, &ContactTableView::editRequested);
+    view.setCurrentIndex(at(chloe(), SortColumn::comment));
+    const int sideways = view.horizontalScrollBar()->value();
+    EXPECT_GE(view.visualRect(view.currentIndex()).left(), 260) << "behind the pinned column";
+    EXPECT_EQ(view.visualRect(at(chloe(), name)).left(), 0);
+    EXPECT_EQ(view.visualRect(at(chloe(), name)).width(), 260);
+    QTest::mouseDClick(view.viewport(), Qt::LeftButton, {}, centre(at(alix(), name)));
+    EXPECT_EQ(view.currentIndex(), at(alix(), name));
+    EXPECT_EQ(edits.value(0).value(0), alix().id);
+    EXPECT_EQ(view.horizontalScrollBar()->value(), sideways) << "it is in sight already";
+    QTest::mouseClick(view.horizontalHeader()->viewport()->childAt(20, 10), Qt::LeftButton);
+    EXPECT_EQ(shown().section(u',', 0, 0), u"DORA"_s) << "its header sorts";
+    QAccessibleInterface *table = QAccessible::queryAccessibleInterface(&view);
+    EXPECT_EQ(table->tableInterface()->cellAt(0, name)->rect().width(), 260);
+    view.horizontalScrollBar()->setValue(0);
+    EXPECT_GT(view.visualRect(at(chloe(), name)).left(), 260);
 }
 
 TEST_F(TableView, SpaceAndClicksUseTheCell)

@@ -2,6 +2,7 @@
 #include "ui/kit/switches.h"
 #include "ui/window/row_actions.h"
 
+#include <QSemaphore>
 #include <QSignalSpy>
 #include <QTest>
 
@@ -71,10 +72,17 @@ TEST_F(RowButtons, ASecondClickOrdersNothing)
 {
     switches.setAutoValidateSMS(true);
     switches.setAutoValidateEmail(true);
+    QSemaphore gate;
+    desktop.scripts.answer = [&gate](const QString &) {
+        gate.acquire();
+        return ScriptDone{};
+    };
     for (const RowAction action : {RowAction::sendSMS, RowAction::sendEmail}) {
         actions->perform(action, alix().id);
-        perform(action, alix());
+        actions->perform(action, alix().id);
     }
+    gate.release(4);
+    ASSERT_TRUE(QTest::qWaitFor([this] { return !desk.isBusy(); }));
     EXPECT_EQ(desktop.scripts.sources.size(), 2);
     EXPECT_EQ(store().sendHistory(alix()).size() + store().emailHistory(alix()).size(), 2U);
     EXPECT_EQ(failure, QString()) << "no alert either";
