@@ -6,7 +6,6 @@
 
 #include <QApplication>
 #include <QEvent>
-#include <QLabel>
 #include <QMessageBox>
 #include <QPushButton>
 
@@ -50,14 +49,16 @@ QMessageBox *makeBox(QWidget *window, const QIcon &icon, const QString &title,
     auto *box = new AlertBox(icon, window);
     box->setAttribute(Qt::WA_DeleteOnClose);
     box->setWindowModality(Qt::WindowModal);
-    box->setWindowTitle(title);
+    box->setWindowTitle(oneLine(title));
     box->setTextFormat(Qt::PlainText);
-    box->setText(title);
-    box->setInformativeText(message);
+    box->setText(paragraph(title, headingRoom));
+    box->setInformativeText(paragraph(message, messageRoom));
     if (auto *heading = box->findChild<QLabel *>(u"qt_msgbox_label"_s))
         heading->setFont(styledFont(TextStyle::headline));
-    if (auto *body = box->findChild<QLabel *>(u"qt_msgbox_informativelabel"_s))
+    if (auto *body = box->findChild<QLabel *>(u"qt_msgbox_informativelabel"_s)) {
+        body->setTextFormat(Qt::PlainText);
         body->setMinimumWidth(messageWidth);
+    }
     return box;
 }
 

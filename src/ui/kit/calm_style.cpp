@@ -4,6 +4,7 @@
 
 #include <QAbstractItemView>
 #include <QCheckBox>
+#include <QLabel>
 #include <QPainter>
 #include <QPushButton>
 #include <QStyleOption>
@@ -59,6 +60,16 @@ bool isFramed(const QStyleOption *option)
 } // namespace
 
 CalmStyle::CalmStyle() : QProxyStyle(u"Fusion"_s) {}
+
+/// Tooltips are labels too, and so are the texts of message boxes: whatever a text is shown in, a
+/// user's "<" is one.
+void CalmStyle::polish(QWidget *widget)
+{
+    auto *label = qobject_cast<QLabel *>(widget);
+    if (label && label->textFormat() == Qt::AutoText)
+        label->setTextFormat(Qt::PlainText);
+    QProxyStyle::polish(widget);
+}
 
 int CalmStyle::pixelMetric(PixelMetric metric, const QStyleOption *option,
                            const QWidget *widget) const

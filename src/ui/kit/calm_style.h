@@ -12,6 +12,10 @@ class CalmStyle : public QProxyStyle {
 public:
     CalmStyle();
 
+    /// Also makes plain what a label or a tooltip would take for markup.
+    void polish(QWidget *widget) override;
+    using QProxyStyle::polish;
+
     int pixelMetric(PixelMetric metric, const QStyleOption *option,
                     const QWidget *widget) const override;
     int styleHint(StyleHint hint, const QStyleOption *option, const QWidget *widget,

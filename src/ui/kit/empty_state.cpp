@@ -3,7 +3,6 @@
 #include "ui/kit/labels.h"
 #include "ui/kit/symbol.h"
 
-#include <QLabel>
 #include <QVBoxLayout>
 
 namespace quenoria {
@@ -16,8 +15,8 @@ EmptyState::EmptyState(const QString &symbolName, const QString &title, const QS
     column->setSpacing(8);
     column->addStretch();
     column->addWidget(new SymbolView(symbol(symbolName, Tint::secondary), 48), 0, Qt::AlignHCenter);
-    for (QLabel *label : {makeLabel(title, TextStyle::headline),
-                          makeLabel(description, TextStyle::body, Tint::secondary)}) {
+    for (TextLabel *label : {makeLabel(title, TextStyle::headline),
+                             makeLabel(description, TextStyle::body, Tint::secondary)}) {
         label->setAlignment(Qt::AlignHCenter);
         column->addWidget(label);
     }

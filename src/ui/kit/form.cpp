@@ -1,7 +1,8 @@
 #include "ui/kit/form.h"
 
+#include "ui/kit/labels.h"
+
 #include <QFormLayout>
-#include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 
@@ -31,8 +32,7 @@ QLineEdit *Form::addField(const QString &label)
 
 void Form::addRow(const QString &label, QWidget *control)
 {
-    auto *caption = new QLabel(label);
-    caption->setBuddy(control);
+    QLabel *caption = makeCaption(label, control);
     caption->setMinimumHeight(control->sizeHint().height()); // centres it on the control
     control->setAccessibleName(label);
     m_rows->addRow(caption, control);

@@ -5,7 +5,6 @@
 #include "ui/kit/middle_area.h"
 #include "ui/kit/screen_room.h"
 
-#include <QLabel>
 #include <QPushButton>
 #include <QVBoxLayout>
 

@@ -4,7 +4,6 @@
 #include "ui/kit/symbol.h"
 
 #include <QHBoxLayout>
-#include <QLabel>
 
 namespace quenoria {
 

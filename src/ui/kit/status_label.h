@@ -4,11 +4,10 @@
 
 #include <QWidget>
 
-class QLabel;
-
 namespace quenoria {
 
 class SymbolView;
+class TextLabel;
 
 /// One line of outcome under a form: a symbol and a text in the colour of what happened. It takes
 /// no room while it has nothing to say.
@@ -25,7 +24,7 @@ public:
 
 private:
     SymbolView *m_symbol;
-    QLabel *m_text;
+    TextLabel *m_text;
 };
 
 } // namespace quenoria

@@ -5,7 +5,6 @@
 #include "ui/kit/status_label.h"
 #include "ui/kit/text_boxes.h"
 
-#include <QLabel>
 #include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
@@ -36,7 +35,9 @@ MessagePanel::MessagePanel(Length length, QWidget *parent)
     column->addWidget(m_preview, 1);
     column->addWidget(m_length);
     m_length->setVisible(length == Length::told);
-    for (QLabel *label : {m_name, m_address})
+    for (TextLabel *label : {m_address, m_heading})
+        label->setRoom(headingRoom);
+    for (TextLabel *label : {m_name, m_address})
         label->setTextInteractionFlags(Qt::TextSelectableByMouse);
 }
 

@@ -4,13 +4,12 @@
 
 #include <QWidget>
 
-class QLabel;
-
 namespace quenoria {
 
 class LengthLine;
 class PreviewBox;
 class StatusLabel;
+class TextLabel;
 
 /// One contact of the queue, with the message and the file that it is about to get.
 class MessagePanel : public QWidget {
@@ -26,9 +25,9 @@ public:
                     const std::optional<QString> &attachment);
 
 private:
-    QLabel *m_name;
-    QLabel *m_address;
-    QLabel *m_heading;
+    TextLabel *m_name;
+    TextLabel *m_address;
+    TextLabel *m_heading;
     StatusLabel *m_attachment;
     PreviewBox *m_preview;
     LengthLine *m_length;

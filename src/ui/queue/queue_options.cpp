@@ -6,7 +6,6 @@
 #include "ui/queue/batch_queue.h"
 
 #include <QCheckBox>
-#include <QLabel>
 #include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
@@ -42,8 +41,8 @@ QueueOptions::QueueOptions(const BatchQueue &queue, Switches &switches, QWidget 
 void QueueOptions::addQuota(QBoxLayout *row)
 {
     m_freePro = new QCheckBox(u"Forfait Free Pro"_s);
-    m_freePro->setToolTip(u"Coché : envois non limités par l’application. Décoché : 250 "
-                          "destinataires distincts par mois."_s);
+    m_freePro->setToolTip(tipText(u"Coché : envois non limités par l’application. Décoché : 250 "
+                                  "destinataires distincts par mois."_s));
     connect(m_freePro, &QCheckBox::toggled, &m_switches, &Switches::setFreeProPlan);
     m_quota = makeLabel({}, TextStyle::footnote);
     m_quota->setWordWrap(false);

@@ -4,13 +4,13 @@
 
 class QBoxLayout;
 class QCheckBox;
-class QLabel;
 
 namespace quenoria {
 
 class BatchQueue;
 class StatusLabel;
 class Switches;
+class TextLabel;
 
 /// The switches that a queue obeys, with what the month still allows.
 class QueueOptions : public QWidget {
@@ -28,7 +28,7 @@ private:
     Switches &m_switches;
     QCheckBox *m_automatic;
     QCheckBox *m_freePro = nullptr; ///< null, like the quota, on a channel without one
-    QLabel *m_quota = nullptr;
+    TextLabel *m_quota = nullptr;
     StatusLabel *m_note;
 };
 

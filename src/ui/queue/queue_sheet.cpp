@@ -8,7 +8,6 @@
 #include "ui/queue/queue_options.h"
 #include "ui/queue/slim_progress_bar.h"
 
-#include <QLabel>
 #include <QPushButton>
 #include <QShortcut>
 #include <QVBoxLayout>
@@ -100,7 +99,7 @@ QWidget *QueueSheet::makeButtons()
     row->addWidget(m_confirm);
     auto *skip = new QShortcut(Qt::CTRL | Qt::Key_I, this);
     connect(skip, &QShortcut::activated, m_skip, &QPushButton::click);
-    m_skip->setToolTip(skip->key().toString(QKeySequence::NativeText));
+    m_skip->setToolTip(tipText(skip->key().toString(QKeySequence::NativeText)));
     return buttons;
 }
 

@@ -5,7 +5,6 @@
 
 #include <QPointer>
 
-class QLabel;
 class QProgressBar;
 
 namespace quenoria {
@@ -16,6 +15,7 @@ class MessagePanel;
 class QueueOptions;
 class SendDesk;
 class StatusLabel;
+class TextLabel;
 
 /// Walks through the contacts selected on a channel, one at a time: shows a BatchQueue and passes
 /// on what the user does. Closing it leaves the queue to end a send that is under way.
@@ -47,7 +47,7 @@ private:
     bool m_opened = false;
 
     QWidget *m_progress;
-    QLabel *m_progressText;
+    TextLabel *m_progressText;
     QProgressBar *m_progressBar;
     QueueOptions *m_options;
     MessagePanel *m_message;

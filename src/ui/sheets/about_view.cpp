@@ -5,8 +5,6 @@
 
 #include <QBoxLayout>
 #include <QCoreApplication>
-#include <QEvent>
-#include <QLabel>
 #include <QPushButton>
 
 using namespace Qt::StringLiterals;
@@ -16,7 +14,6 @@ namespace quenoria {
 namespace {
 
 const QString webSite = u"https://www.example.com"_s;
-const QString linkText = u"Visiter le site de Quenoria"_s;
 
 constexpr int emblemSide = 68;
 constexpr int sectionSpacing = 24;
@@ -57,8 +54,7 @@ QLayout *makePoint(const QString &text)
 
 } // namespace
 
-AboutView::AboutView(QWidget *parent)
-    : Sheet(u"À propos de l’application"_s, {780, 680}, parent), m_link(new QLabel)
+AboutView::AboutView(QWidget *parent) : Sheet(u"À propos de l’application"_s, {780, 680}, parent)
 {
     column()->setSpacing(sectionSpacing);
     addEmblem();
@@ -94,7 +90,7 @@ void AboutView::addEmblem()
 
 void AboutView::addCompatibility()
 {
-    QLabel *value = makeLabel(u"macOS 14 ou version ultérieure"_s);
+    TextLabel *value = makeLabel(u"macOS 14 ou version ultérieure"_s);
     auto *row = new QHBoxLayout;
     row->addWidget(makeLabel(u"Compatibilité"_s, TextStyle::headline));
     row->addWidget(value, 1);
@@ -111,26 +107,9 @@ void AboutView::addPrivacy()
 
 void AboutView::addFooter()
 {
-    m_link->setFont(styledFont(TextStyle::footnote));
-    m_link->setAccessibleName(linkText);
-    m_link->setTextInteractionFlags(Qt::LinksAccessibleByMouse | Qt::LinksAccessibleByKeyboard);
-    m_link->setOpenExternalLinks(true);
-    showLink();
-    footer()->addWidget(m_link);
-}
-
-void AboutView::showLink()
-{
-    m_link->setText(u"<a style=\"color: %1\" href=\"%2\"><b>%3</b></a>"_s.arg(
-        tintColor(Tint::accent, palette()).name(), webSite, linkText));
-}
-
-/// A rich text keeps the colour that it was made with.
-void AboutView::changeEvent(QEvent *event)
-{
-    if (event->type() == QEvent::PaletteChange)
-        showLink();
-    Sheet::changeEvent(event);
+    auto *link = new WebLink(u"Visiter le site de Quenoria"_s, webSite);
+    link->setFont(styledFont(TextStyle::footnote));
+    footer()->addWidget(link);
 }
 
 } // namespace quenoria

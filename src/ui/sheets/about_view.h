@@ -2,8 +2,6 @@
 
 #include "ui/kit/sheet.h"
 
-class QLabel;
-
 namespace quenoria {
 
 /// Property of the application object that holds its build number, a text.
@@ -16,17 +14,11 @@ class AboutView : public Sheet {
 public:
     explicit AboutView(QWidget *parent);
 
-protected:
-    void changeEvent(QEvent *event) override;
-
 private:
     void addEmblem();
     void addCompatibility();
     void addPrivacy();
     void addFooter();
-    void showLink();
-
-    QLabel *m_link;
 };
 
 } // namespace quenoria

@@ -1,5 +1,7 @@
 #include "ui/sheets/choice_picker.h"
 
+#include "ui/kit/plain_text.h"
+
 namespace quenoria {
 
 ChoicePicker::ChoicePicker(const QString &accessibleName, QWidget *parent) : QComboBox(parent)
@@ -16,7 +18,7 @@ void ChoicePicker::setChoices(const std::vector<Choice> &choices, const QString 
 {
     clear();
     for (const Choice &choice : choices)
-        addItem(choice.text, choice.id);
+        addItem(oneLine(choice.text), choice.id);
     if (last == LastRow::setApart)
         insertSeparator(count() - 1);
     setCurrentIndex(findData(selected));

@@ -2,6 +2,7 @@
 
 #include "store/prospect_store.h"
 #include "ui/kit/form.h"
+#include "ui/kit/plain_text.h"
 #include "ui/kit/status_label.h"
 
 #include <QBoxLayout>
@@ -100,7 +101,8 @@ void DepartmentManagerView::fillList()
 {
     m_list->clear();
     for (const DepartmentInfo &department : m_store.sortedDepartments()) {
-        auto *row = new QTreeWidgetItem(m_list, {department.code, department.name});
+        auto *row =
+            new QTreeWidgetItem(m_list, {oneLine(department.code), oneLine(department.name)});
         row->setFont(0, codeFont());
         row->setSizeHint(0, codeSize());
     }

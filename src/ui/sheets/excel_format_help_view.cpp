@@ -7,7 +7,6 @@
 
 #include <QBoxLayout>
 #include <QHeaderView>
-#include <QLabel>
 #include <QPushButton>
 #include <QTableWidget>
 

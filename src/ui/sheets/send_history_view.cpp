@@ -6,7 +6,6 @@
 #include "ui/sheets/history_rows.h"
 
 #include <QBoxLayout>
-#include <QLabel>
 #include <QScrollArea>
 
 using namespace Qt::StringLiterals;
@@ -27,10 +26,10 @@ QLayout *makeRow(const HistoryRow &row, bool newest)
 {
     const QIcon icon = newest ? symbol(u"checkmark.circle.fill"_s, Tint::positive)
                               : symbol(u"clock.fill"_s, Tint::secondary);
-    QLabel *label = makeLabel(row.label);
+    TextLabel *label = makeLabel(row.label);
     label->setFixedWidth(labelWidth(label->fontMetrics()));
     label->setTextInteractionFlags(Qt::TextSelectableByMouse); // laid out as the date is
-    QLabel *date = makeLabel(row.date);
+    TextLabel *date = makeLabel(row.date);
     date->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     auto *line = new QHBoxLayout;
     line->setSpacing(8);

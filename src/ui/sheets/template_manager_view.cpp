@@ -8,7 +8,6 @@
 #include "ui/kit/text_boxes.h"
 
 #include <QBoxLayout>
-#include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QShortcut>
@@ -58,10 +57,8 @@ void TemplateManagerView::addSelectionRow()
 {
     auto *add = new QPushButton(symbol(u"plus"_s), u"Nouveau"_s);
     makeDestructive(m_remove);
-    auto *caption = new QLabel(u"Modèle"_s);
-    caption->setBuddy(m_picker);
     auto *row = new QHBoxLayout;
-    row->addWidget(caption);
+    row->addWidget(makeCaption(u"Modèle"_s, m_picker));
     row->addWidget(m_picker, 1);
     row->addWidget(add);
     row->addWidget(m_remove);
@@ -114,7 +111,7 @@ void TemplateManagerView::addBottomRow()
     auto *save = new QPushButton(m_channel.saveButton);
     makeProminent(save);
     save->setDefault(true);
-    save->setToolTip(u"Ctrl+Entrée"_s);
+    save->setToolTip(tipText(u"Ctrl+Entrée"_s));
     auto *row = new QHBoxLayout;
     row->setSpacing(16);
     row->addWidget(m_message, 1);

@@ -10,6 +10,7 @@ namespace quenoria {
 class LengthLine;
 class StatusLabel;
 class TextBox;
+class TextLabel;
 
 /// Creates, edits and deletes the templates of one channel.
 class TemplateManagerView : public Sheet {

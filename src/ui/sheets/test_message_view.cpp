@@ -9,7 +9,6 @@
 #include "ui/sheets/choice_picker.h"
 
 #include <QBoxLayout>
-#include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 
@@ -25,10 +24,8 @@ TestMessageView::TestMessageView(ProspectStore &store, QWidget *parent)
       m_length(new LengthLine(LengthLine::Use::reading)), m_error(new StatusLabel)
 {
     addHeader(windowTitle());
-    auto *caption = new QLabel(u"Modèle à tester"_s);
-    caption->setBuddy(m_picker);
     auto *row = new QHBoxLayout;
-    row->addWidget(caption);
+    row->addWidget(makeCaption(u"Modèle à tester"_s, m_picker));
     row->addWidget(m_picker, 1);
     column()->addLayout(row);
     connect(m_picker, &ChoicePicker::picked, this, [this](const QString &id) {

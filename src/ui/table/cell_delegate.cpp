@@ -1,5 +1,6 @@
 #include "ui/table/cell_delegate.h"
 
+#include "ui/kit/plain_text.h"
 #include "ui/kit/symbol.h"
 #include "ui/kit/theme.h"
 
@@ -18,6 +19,7 @@ namespace {
 constexpr float selectionStrength = 0.12F;
 constexpr int focusRing = 2;
 constexpr int iconSide = 16;
+constexpr qsizetype mostCharacters = 500; ///< that the widest column could show
 
 const QStyle *styleOf(const QStyleOptionViewItem &option)
 {
@@ -26,7 +28,7 @@ const QStyle *styleOf(const QStyleOptionViewItem &option)
 
 QString elided(const QFont &font, const QString &text, int width)
 {
-    return QFontMetrics(font).elidedText(text, Qt::ElideRight, width);
+    return QFontMetrics(font).elidedText(oneLine(text, mostCharacters), Qt::ElideRight, width);
 }
 
 CellKind kindOf(const QModelIndex &index) { return CellKind(index.data(KindRole).toInt()); }
@@ -185,9 +187,9 @@ bool CellDelegate::helpEvent(QHelpEvent *event, QAbstractItemView *view,
     else if (!layout.warning.isNull())
         text = index.data().toString() + u'\n' + index.data(WarningRole).toString();
     else if (const QString whole = index.data().toString();
-             option.fontMetrics.horizontalAdvance(whole) > layout.text.width())
+             elided(option.font, whole, layout.text.width()) != whole)
         text = whole;
-    QToolTip::showText(event->globalPos(), text, view);
+    QToolTip::showText(event->globalPos(), tipText(text), view);
     return true;
 }
 

@@ -1,3 +1,4 @@
+#include "ui/kit/plain_text.h"
 #include "ui/table/contact_table_model.h"
 #include "ui/table/contact_table_view.h"
 
@@ -91,7 +92,7 @@ void ContactTableView::pick(const QModelIndex &index)
     const QPersistentModelIndex cell = index;
     const QString current = index.data(Qt::EditRole).toString();
     for (const CellChoice &choice : index.data(ChoicesRole).value<CellChoices>()) {
-        QAction *entry = menu->addAction(QString(choice.title).replace(u'&', u"&&"_s));
+        QAction *entry = menu->addAction(menuText(choice.title));
         entry->setCheckable(true);
         entry->setChecked(choice.id == current);
         if (entry->isChecked())

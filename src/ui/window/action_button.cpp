@@ -1,5 +1,7 @@
 #include "ui/window/action_button.h"
 
+#include "ui/kit/plain_text.h"
+
 #include <QAction>
 #include <QStyleOptionButton>
 #include <QStylePainter>
@@ -45,12 +47,12 @@ void ActionButton::follow(const QAction &action)
     setText(action.text());
     setEnabled(action.isEnabled());
     const QString shortcut = action.shortcut().toString(QKeySequence::NativeText);
-    setToolTip(shortcut.isEmpty() ? QString() : u"%1 (%2)"_s.arg(action.text(), shortcut));
+    setToolTip(tipText(shortcut.isEmpty() ? QString() : u"%1 (%2)"_s.arg(action.text(), shortcut)));
 }
 
 ActionSwitch::ActionSwitch(QAction *action, QWidget *parent) : QCheckBox(action->text(), parent)
 {
-    setToolTip(action->toolTip());
+    setToolTip(tipText(action->toolTip()));
     setAccessibleDescription(action->toolTip());
     setMinimumHeight(switchHeight);
     setChecked(action->isChecked());

@@ -1,5 +1,6 @@
 #include "ui/window/command_actions.h"
 
+#include "ui/kit/plain_text.h"
 #include "ui/kit/switches.h"
 #include "ui/kit/symbol.h"
 #include "ui/window/content_view.h"
@@ -63,7 +64,7 @@ void CommandActions::makeSwitches(ContentView &window, Switches &switches)
 {
     for (const SwitchDescriptor &descriptor : switchDescriptors) {
         auto *action = new QAction(QString::fromUtf16(descriptor.text), &window);
-        action->setToolTip(QString::fromUtf16(descriptor.help));
+        action->setToolTip(tipText(QString::fromUtf16(descriptor.help)));
         action->setCheckable(true);
         const auto show = [action, &switches, descriptor] {
             action->setChecked((switches.*descriptor.isOn)());

@@ -16,7 +16,6 @@
 
 #include <QCloseEvent>
 #include <QDragEnterEvent>
-#include <QLabel>
 #include <QLineEdit>
 #include <QMenuBar>
 #include <QMimeData>
@@ -146,10 +145,12 @@ void ContentView::followRowActions()
     connect(m_rows, &RowActions::failed, this, alert);
     connect(m_rows, &RowActions::notSent, statusBar(), &QStatusBar::clearMessage);
     connect(m_rows, &RowActions::historyRequested, this, &ContentView::showHistory);
-    connect(m_rows, &RowActions::sendStarted, this,
-            [tell](const QString &label) { tell(u"Envoi en cours : %1…"_s.arg(label), 0); });
-    connect(m_rows, &RowActions::sent, this,
-            [tell](const QString &label) { tell(u"Envoyé : %1"_s.arg(label), outcomeDuration); });
+    connect(m_rows, &RowActions::sendStarted, this, [tell](const QString &label) {
+        tell(u"Envoi en cours : %1…"_s.arg(oneLine(label)), 0);
+    });
+    connect(m_rows, &RowActions::sent, this, [tell](const QString &label) {
+        tell(u"Envoyé : %1"_s.arg(oneLine(label)), outcomeDuration);
+    });
     connect(statusBar(), &QStatusBar::messageChanged, this,
             [this](const QString &text) { statusBar()->setVisible(!text.isEmpty()); });
     connect(&m_platform.carriers, &Carriers::composeRequested, this, &ContentView::composeMessage);
@@ -169,7 +170,7 @@ void ContentView::refresh()
 
 void ContentView::showBanner(const QString &text)
 {
-    QLabel *banner = makeLabel(text, TextStyle::footnote, Tint::onAccent);
+    TextLabel *banner = makeLabel(text, TextStyle::footnote, Tint::onAccent);
     banner->setBackgroundRole(QPalette::Highlight);
     banner->setAutoFillBackground(true);
     banner->setAlignment(Qt::AlignCenter);

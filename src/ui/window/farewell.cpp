@@ -6,8 +6,8 @@
 #include "ui/kit/sheet.h"
 #include "ui/window/file_alerts.h"
 
+#include <QDialog>
 #include <QEventLoop>
-#include <QLabel>
 #include <QProgressBar>
 #include <QVBoxLayout>
 

@@ -3,13 +3,18 @@
 #include "ui/kit/labels.h"
 
 #include <QBoxLayout>
-#include <QLabel>
 #include <QProgressBar>
 #include <QPushButton>
 
 using namespace Qt::StringLiterals;
 
 namespace quenoria {
+
+namespace {
+
+constexpr qsizetype longestName = 100;
+
+} // namespace
 
 ImportProgress::ImportProgress(const QString &fileName, QWidget *parent)
     : Sheet(u"Importer Excel"_s, {440, 150}, parent), m_bar(new QProgressBar)
@@ -19,7 +24,8 @@ ImportProgress::ImportProgress(const QString &fileName, QWidget *parent)
     m_bar->setAccessibleName(u"Lecture du classeur"_s);
     auto *stop = new QPushButton(u"Arrêter"_s);
     connect(stop, &QPushButton::clicked, this, &Sheet::reject);
-    column()->addWidget(makeLabel(u"Lecture de « %1 »…"_s.arg(fileName), TextStyle::headline));
+    column()->addWidget(makeLabel(u"Lecture de « %1 »…"_s.arg(oneLine(fileName, longestName)),
+                                  TextStyle::headline));
     column()->addWidget(m_bar);
     column()->addWidget(stop, 0, Qt::AlignRight);
 }

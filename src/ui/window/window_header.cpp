@@ -13,7 +13,6 @@
 #include <QBoxLayout>
 #include <QCoreApplication>
 #include <QFontDatabase>
-#include <QLabel>
 #include <QLineEdit>
 
 using namespace Qt::StringLiterals;
@@ -40,9 +39,9 @@ QString nameAndVersion()
 }
 
 /// A line of text as wide as it is.
-QLabel *makeLine(const QString &text, TextStyle style, Tint tint = Tint::text)
+TextLabel *makeLine(const QString &text, TextStyle style, Tint tint = Tint::text)
 {
-    QLabel *line = makeLabel(text, style, tint);
+    TextLabel *line = makeLabel(text, style, tint);
     line->setWordWrap(false);
     return line;
 }

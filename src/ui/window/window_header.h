@@ -4,13 +4,13 @@
 
 #include <QWidget>
 
-class QLabel;
 class QLayout;
 class QLineEdit;
 
 namespace quenoria {
 
 class CommandActions;
+class TextLabel;
 
 /// The header of the window: a line of name and counts, a line of commands and queues, and the
 /// switches with the search, which wrap where the window is narrow.
@@ -29,8 +29,8 @@ private:
     QLayout *makeSwitchRow(const CommandActions &actions);
     void furnishSearch();
 
-    QLabel *m_counts;
-    QLabel *m_quota;
+    TextLabel *m_counts;
+    TextLabel *m_quota;
     QLineEdit *m_search;
 };
 
