@@ -4,6 +4,7 @@
 
 #include <QCommandLineParser>
 #include <QCoreApplication>
+#include <QDir>
 
 using namespace Qt::StringLiterals;
 
@@ -18,9 +19,12 @@ Answer refuse(const QString &reason)
     return {reason + u"\nEssayez « quenoria --help ».\n"_s, misuse};
 }
 
-std::optional<QString> valueOf(const QCommandLineParser &parser, const QCommandLineOption &option)
+/// A relative folder is meant from where the program was started, once and for all.
+std::optional<QString> folderOf(const QCommandLineParser &parser, const QCommandLineOption &option)
 {
-    return parser.isSet(option) ? std::optional(parser.value(option)) : std::nullopt;
+    if (!parser.isSet(option))
+        return std::nullopt;
+    return QDir::cleanPath(QDir::current().absoluteFilePath(parser.value(option)));
 }
 
 } // namespace
@@ -57,13 +61,17 @@ std::variant<StartOptions, Answer> parseCommandLine(const QStringList &arguments
         return refuse(u"La répétition n’existe qu’en démonstration : ajoutez --demo."_s);
     if (parser.isSet(rehearsal) && !rehearsalNames().contains(parser.value(rehearsal)))
         return refuse(u"Répétition inconnue : %1"_s.arg(parser.value(rehearsal)));
+    for (const QCommandLineOption &folder : {data, tour}) {
+        if (parser.isSet(folder) && parser.value(folder).isEmpty())
+            return refuse(u"Le dossier de --%1 est vide."_s.arg(folder.names().constFirst()));
+    }
     const QString look = parser.value(appearance);
     if (look != u"auto"_s && look != u"light"_s && look != u"dark"_s)
         return refuse(u"Apparence inconnue : %1"_s.arg(look));
 
     StartOptions options{parser.isSet(demo),
-                         valueOf(parser, data),
-                         valueOf(parser, tour),
+                         folderOf(parser, data),
+                         folderOf(parser, tour),
                          valueOf(parser, rehearsal),
                          {}};
     if (look != u"auto"_s)

@@ -1,6 +1,8 @@
 #include "app/appearance.h"
 #include "app/command_line.h"
+#include "app/data_folder.h"
 #include "app/olvak_sms_manual_app.h"
+#include "app/screen.h"
 #include "model/text_order.h"
 #include "platform/demo/demo_desktop.h"
 #include "platform/linux/linux_desktop.h"
@@ -22,6 +24,7 @@
 #include <QSessionManager>
 #include <QTranslator>
 
+#include <csignal>
 #include <iostream>
 
 using namespace Qt::StringLiterals;
@@ -52,19 +55,10 @@ std::variant<StartOptions, Answer> readCommandLine(int argc, char **argv)
     return parseCommandLine(QCoreApplication::arguments());
 }
 
-int print(const Answer &answer)
+int print(const Answer &answer, std::ostream &out)
 {
-    (answer.status == 0 ? std::cout : std::cerr) << answer.text.toStdString() << std::flush;
+    out << answer.text.toStdString() << std::flush;
     return answer.status;
-}
-
-bool hasDisplay()
-{
-    for (const char *name : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"}) {
-        if (!qEnvironmentVariableIsEmpty(name))
-            return true;
-    }
-    return false;
 }
 
 std::unique_ptr<Desktop> makeDesktop(const StartOptions &options)
@@ -113,13 +107,10 @@ int run(const StartOptions &options)
     TerminationSignals termination;
     const std::unique_ptr<Desktop> desktop = makeDesktop(options);
     OlvakSMSManualApp application(*desktop);
-    const QString folder = application.platform().folders.data();
-    SingleInstance instance(folder, bringMainWindowToFront);
-    if (!instance.own()) {
-        std::cerr << "Quenoria est déjà ouvert avec ce dossier de données : sa fenêtre passe au "
-                     "premier plan.\n";
-        return 0;
-    }
+    const Platform &platform = application.platform();
+    SingleInstance instance(platform.folders.data(), bringMainWindowToFront);
+    if (const auto answer = enterDataFolder(platform, instance))
+        return print(*answer, std::cerr);
     const AppearanceKeeper appearance(options.darkAppearance);
     ContentView window(application.desk(), application.switches(), application.platform());
     if (const QString notice = desktop->notice(); !notice.isEmpty())
@@ -142,19 +133,22 @@ int main(int argc, char **argv)
     nameApplication();
     const auto parsed = readCommandLine(argc, argv);
     if (const auto *answer = std::get_if<Answer>(&parsed))
-        return print(*answer);
+        return print(*answer, answer->status == 0 ? std::cout : std::cerr);
     const StartOptions &options = std::get<StartOptions>(parsed);
-    if (!hasDisplay()) {
+    if (const auto answer = missingScreen()) {
         if (!options.tourFolder)
-            return print({u"Aucun écran n’est disponible. Essayez « quenoria --demo --tour "
-                          "DOSSIER ».\n"_s,
-                          1});
+            return print(*answer, std::cerr);
         qputenv("QT_QPA_PLATFORM", "offscreen");
         // Without a window manager every sheet would be a warning about what cannot be asked of it.
         QLoggingCategory::setFilterRules(u"default.warning=false"_s);
     }
     QGuiApplication::setDesktopFileName(u"com.example.Quenoria"_s);
+    std::signal(SIGXFSZ, SIG_IGN); // a file that may not grow is a failed write like others
+    std::optional<ScreenWatch> watch(std::in_place);
     QApplication application(argc, argv);
+    watch.reset();
+    if (const auto answer = missingFonts())
+        return print(*answer, std::cerr);
     const DeliberateInput input(application);
     application.setProperty(buildNumberProperty, QStringLiteral(QUENORIA_BUILD));
     QLocale::setDefault(displayLocale());

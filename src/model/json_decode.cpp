@@ -4,7 +4,9 @@
 
 #include <simdjson.h>
 
+#include <algorithm>
 #include <array>
+#include <charconv>
 #include <iterator>
 #include <set>
 #include <utility>
@@ -13,11 +15,14 @@ namespace quenoria {
 
 namespace {
 
-using Node = simdjson::dom::element;
+using Node = simdjson::ondemand::value;
 
+/// A mark of byte order at the head of a value is part of it.
 QString qString(std::string_view text)
 {
-    return QString::fromUtf8(text.data(), qsizetype(text.size()));
+    constexpr std::string_view mark = "\xEF\xBB\xBF";
+    const QString read = QString::fromUtf8(text.data(), qsizetype(text.size()));
+    return text.starts_with(mark) ? QChar(QChar::ByteOrderMark) + read : read;
 }
 
 bool read(Node node, QString &out)
@@ -60,6 +65,24 @@ constexpr bool isOptional = false;
 template <typename T>
 constexpr bool isOptional<std::optional<T>> = true;
 
+/// Gives each member of an object to the function, until one is refused. A value that the function
+/// does not look at is passed over, whatever it holds.
+template <typename TakeMember>
+bool readMembers(Node node, const TakeMember &take)
+{
+    simdjson::ondemand::object object;
+    if (node.get_object().get(object) != simdjson::SUCCESS)
+        return false;
+    for (auto member : object) {
+        simdjson::ondemand::field field;
+        std::string_view name;
+        if (std::move(member).get(field) != simdjson::SUCCESS ||
+            field.unescaped_key().get(name) != simdjson::SUCCESS || !take(name, field.value()))
+            return false;
+    }
+    return true;
+}
+
 /// Reads the one field that has the name, if any, and marks it as seen.
 template <HasFields Record, std::size_t... I>
 bool readMember(std::string_view name, Node value, Record &out,
@@ -87,27 +110,23 @@ template <HasFields Record>
 bool read(Node node, Record &out)
 {
     constexpr auto positions = std::make_index_sequence<fieldCount<Record>>{};
-    simdjson::dom::object object;
-    if (node.get_object().get(object) != simdjson::SUCCESS)
-        return false;
     std::array<bool, fieldCount<Record>> seen{};
-    for (const auto &[name, value] : object) {
-        if (!readMember(name, value, out, seen, positions))
-            return false;
-    }
-    return hasEveryRequired<Record>(seen, positions);
+    const auto take = [&](std::string_view name, Node value) {
+        return readMember(name, value, out, seen, positions);
+    };
+    return readMembers(node, take) && hasEveryRequired<Record>(seen, positions);
 }
 
 template <typename T>
 bool read(Node node, std::vector<T> &out)
 {
-    simdjson::dom::array array;
+    simdjson::ondemand::array array;
     if (node.get_array().get(array) != simdjson::SUCCESS)
         return false;
     out.clear();
-    out.reserve(array.size());
-    for (const Node element : array) {
-        if (!read(element, out.emplace_back()))
+    for (auto element : array) {
+        Node value;
+        if (std::move(element).get(value) != simdjson::SUCCESS || !read(value, out.emplace_back()))
             return false;
     }
     return true;
@@ -126,17 +145,41 @@ bool read(Node node, std::set<QString> &out)
 template <typename T>
 bool read(Node node, JsonMembers<T> &out)
 {
-    simdjson::dom::object object;
-    if (node.get_object().get(object) != simdjson::SUCCESS)
-        return false;
-    out.reserve(object.size());
-    for (const auto &[name, value] : object) {
+    return readMembers(node, [&out](std::string_view name, Node value) {
         auto &member = out.emplace_back();
         member.first = qString(name);
-        if (!read(value, member.second))
-            return false;
+        return read(value, member.second);
+    });
+}
+
+/// The code unit of "\\uXXXX" at the position, if that is what stands there.
+std::optional<char16_t> escapedUnit(std::string_view text, std::size_t at)
+{
+    constexpr std::size_t digits = 4;
+    if (text.substr(at, 2) != "\\u" || text.size() < at + 2 + digits)
+        return std::nullopt;
+    unsigned unit = 0;
+    const char *first = text.data() + at + 2;
+    const auto [end, error] = std::from_chars(first, first + digits, unit, 16);
+    return error == std::errc() && end == first + digits ? std::optional(char16_t(unit)) : std::nullopt;
+}
+
+/// Half a character that was escaped alone stands for no character: it becomes the sign for that.
+void replaceLoneSurrogates(simdjson::padded_string &json)
+{
+    constexpr std::size_t length = 6; ///< of an escape
+    const std::string_view text(json.data(), json.size());
+    for (std::size_t at = text.find('\\'); at < text.size(); at = text.find('\\', at)) {
+        const auto unit = escapedUnit(text, at);
+        const auto next = unit ? escapedUnit(text, at + length) : std::nullopt;
+        if (unit && QChar::isHighSurrogate(*unit) && next && QChar::isLowSurrogate(*next)) {
+            at += 2 * length;
+            continue;
+        }
+        if (unit && QChar::isSurrogate(*unit))
+            std::ranges::copy(std::string_view("\\ufffd"), json.data() + at);
+        at += unit ? length : 2;
     }
-    return true;
 }
 
 } // namespace
@@ -148,13 +191,15 @@ std::optional<Shape> decodeJson(const QByteArray &bytes)
     QByteArrayView content(bytes);
     if (content.startsWith("\xEF\xBB\xBF"))
         content = content.sliced(3);
-    simdjson::dom::parser parser;
+    simdjson::padded_string padded(content.data(), std::size_t(content.size()));
+    replaceLoneSurrogates(padded);
+    simdjson::ondemand::parser parser;
+    simdjson::ondemand::document document;
     Node root;
-    const simdjson::padded_string padded(content.data(), std::size_t(content.size()));
-    if (parser.parse(padded).get(root) != simdjson::SUCCESS)
-        return std::nullopt;
     Shape shape;
-    if (!read(root, shape))
+    if (parser.iterate(padded).get(document) != simdjson::SUCCESS ||
+        document.get_value().get(root) != simdjson::SUCCESS || !read(root, shape) ||
+        document.current_location().error() != simdjson::OUT_OF_BOUNDS) // and nothing after it
         return std::nullopt;
     return shape;
 }

@@ -38,14 +38,14 @@ public:
 protected:
     Desktop(const QString &dataFolder, const QString &preferencesFile);
 
+    Journal m_log;
     WholeFileWriter m_files;
-    SystemClock m_clock;
+    SystemClock m_clock{m_log};
     SettingsPreferences m_preferences;
     DataFolder m_folders;
     Clipboard m_pasteboard;
     DialogPanels m_panels;
     BuiltInResources m_resources;
-    Journal m_log;
     HandOverProgress m_handOver;
 };
 

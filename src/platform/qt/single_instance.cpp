@@ -1,34 +1,31 @@
 #include "platform/qt/single_instance.h"
 
-#include "platform/qt/private_folder.h"
-
 #include <QCryptographicHash>
+#include <QDeadlineTimer>
+#include <QDir>
+#include <QFileInfo>
 #include <QLocalSocket>
 #include <QStandardPaths>
+#include <QThread>
 
+#include <algorithm>
+#include <chrono>
+
+using namespace std::chrono_literals;
 using namespace Qt::StringLiterals;
 
 namespace quenoria {
 
 namespace {
 
-constexpr int answerLimit = 2000; ///< milliseconds that a living owner gets to accept the call
-
-/// A socket that only this user can reach, the same for every spelling of the folder.
-QString socketAddress(const QString &folder)
-{
-    const QByteArray hash = QCryptographicHash::hash(QFileInfo(folder).canonicalFilePath().toUtf8(),
-                                                     QCryptographicHash::Sha1);
-    const QDir runtime(QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation));
-    return runtime.filePath(u"quenoria-"_s + QString::fromLatin1(hash.toHex().first(16)));
-}
+constexpr auto answerLimit = 5s;           ///< that a living owner gets to take the call
+constexpr unsigned long betweenCalls = 20; ///< milliseconds
 
 } // namespace
 
-SingleInstance::SingleInstance(const QString &folder, std::function<void()> startedAgain)
-    : m_folder(QFileInfo(folder).absoluteFilePath()), m_lock(m_folder + u"/.quenoria.lock"_s)
+SingleInstance::SingleInstance(QString folder, std::function<void()> startedAgain, FolderLock lock)
+    : m_folder(std::move(folder)), m_lock(std::move(lock))
 {
-    m_lock.setStaleLockTime(0); // age proves nothing: only the owner's death frees the folder
     QObject::connect(&m_server, &QLocalServer::newConnection, &m_server,
                      [this, startedAgain = std::move(startedAgain)] {
                          m_server.nextPendingConnection()->deleteLater();
@@ -36,38 +33,53 @@ SingleInstance::SingleInstance(const QString &folder, std::function<void()> star
                      });
 }
 
-bool SingleInstance::own()
+/// Until the owner listens, or is gone: it may just be starting, or ending.
+SingleInstance::Ownership SingleInstance::own()
 {
-    makePrivateFolder(m_folder);
-    m_address = socketAddress(m_folder);
-    if (lock())
-        listen();
-    else if (m_lock.error() == QLockFile::LockFailedError) {
-        callOwner();
-        return false;
+    for (const QDeadlineTimer limit(answerLimit); !limit.hasExpired();
+         QThread::msleep(betweenCalls)) {
+        const FolderLock::Outcome outcome = m_lock.take(m_folder);
+        if (const auto *failed = std::get_if<FolderLock::Failed>(&outcome))
+            return Refused{failed->reason};
+        if (std::holds_alternative<FolderLock::NoLocks>(outcome))
+            return callOwner() ? Ownership(OwnedByAnother{true}) : Unguarded{};
+        if (std::holds_alternative<FolderLock::Held>(outcome)) {
+            listen();
+            return Owner{};
+        }
+        if (callOwner())
+            return OwnedByAnother{true};
     }
-    return true;
+    return OwnedByAnother{false};
 }
 
-/// A power cut can leave a lock file that names nobody; only a file that no living process holds
-/// open can be removed.
-bool SingleInstance::lock()
+/// Sockets that only this user can reach: beside the lock, or where the session keeps such things
+/// when the folder's path is too long for a socket or its file system has none.
+QStringList SingleInstance::addresses() const
 {
-    return m_lock.tryLock(0) || (m_lock.removeStaleLockFile() && m_lock.tryLock(0));
+    const QString folder = QFileInfo(m_folder).canonicalFilePath();
+    const QByteArray hash = QCryptographicHash::hash(folder.toUtf8(), QCryptographicHash::Sha1);
+    const QDir runtime(QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation));
+    return {folder + u"/.quenoria.socket"_s,
+            runtime.filePath(u"quenoria-"_s + QString::fromLatin1(hash.toHex().first(16)))};
 }
 
 void SingleInstance::listen()
 {
-    QLocalServer::removeServer(m_address); // left by an owner that was killed
-    m_server.setSocketOptions(QLocalServer::UserAccessOption);
-    m_server.listen(m_address);
+    for (const QString &address : addresses()) {
+        QLocalServer::removeServer(address); // left by an owner that was killed
+        if (m_server.listen(address))
+            return;
+    }
 }
 
-void SingleInstance::callOwner() const
+bool SingleInstance::callOwner() const
 {
-    QLocalSocket call;
-    call.connectToServer(m_address);
-    call.waitForConnected(answerLimit);
+    return std::ranges::any_of(addresses(), [](const QString &address) {
+        QLocalSocket call;
+        call.connectToServer(address);
+        return call.waitForConnected(int(std::chrono::milliseconds(answerLimit).count()));
+    });
 }
 
 } // namespace quenoria

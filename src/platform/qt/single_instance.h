@@ -1,33 +1,44 @@
 #pragma once
 
+#include "platform/posix/folder_lock.h"
+
 #include <QLocalServer>
-#include <QLockFile>
 #include <QString>
 
 #include <functional>
+#include <variant>
 
 namespace quenoria {
 
-/// Ownership of a data folder: one living process at a time writes its files. The lock of a
-/// process that died is taken over.
+/// Ownership of a data folder: one living process at a time writes its files. The folder of a
+/// process that died is free at once.
 class SingleInstance {
 public:
-    /// The callback runs in the owner, in its event loop, when somebody starts the program again.
-    SingleInstance(const QString &folder, std::function<void()> startedAgain);
+    struct Owner {};
+    struct OwnedByAnother {
+        bool cameToFront; ///< it took the call
+    };
+    struct Unguarded {}; ///< on a file system without locks, nobody can say whether another has it
+    struct Refused {
+        QString reason; ///< the system's
+    };
+    using Ownership = std::variant<Owner, OwnedByAnother, Unguarded, Refused>;
 
-    /// True when this process may use the folder, which then exists for the user alone; it may
-    /// too when the folder cannot be written, since nobody can damage its files. False when
-    /// another process has it: that one was asked to come to the front.
-    [[nodiscard]] bool own();
+    /// The callback runs in the owner, in its event loop, when somebody starts the program again.
+    SingleInstance(QString folder, std::function<void()> startedAgain, FolderLock lock = {});
+
+    /// Tries to own the folder, which must be there; another owner is asked to come to the front.
+    [[nodiscard]] Ownership own();
+
+    /// Listens to further starts all the same, on a file system without locks.
+    void listen();
 
 private:
-    bool lock();
-    void listen();
-    void callOwner() const;
+    QStringList addresses() const;
+    bool callOwner() const;
 
     QString m_folder;
-    QString m_address; ///< of the local socket; short, whatever the length of the folder's path
-    QLockFile m_lock;
+    FolderLock m_lock;
     QLocalServer m_server;
 };
 

@@ -74,21 +74,53 @@ TEST_F(Session, PreferencesThatCannotBeStoredSayWhyAndAreKept)
     EXPECT_NE(unreadable.unsaved(), std::nullopt) << "and what stands there is left as it is";
 }
 
+template <typename Kind>
+bool owns(SingleInstance &instance)
+{
+    return std::holds_alternative<Kind>(instance.own());
+}
+
 TEST_F(Session, SecondStartCallsTheFirstAndEnds)
 {
+    ASSERT_TRUE(QDir(folder.path()).mkpath(u"a/data"_s));
     const QString data = folder.filePath(u"a/data"_s);
     int calls = 0;
     std::optional<SingleInstance> first(std::in_place, data, [&calls] { ++calls; });
-    ASSERT_TRUE(first->own());
-    EXPECT_EQ(QFileInfo(data).permissions() & 0x0077, 0);
+    ASSERT_TRUE(owns<SingleInstance::Owner>(*first));
     SingleInstance second(folder.filePath(u"a/../a/data"_s), [] {});
-    EXPECT_FALSE(second.own());
+    EXPECT_TRUE(std::get<SingleInstance::OwnedByAnother>(second.own()).cameToFront);
     settle();
     EXPECT_EQ(calls, 1);
-    EXPECT_TRUE(SingleInstance(folder.filePath(u"b"_s), [] {}).own()) << "another folder";
+    SingleInstance elsewhere(folder.path(), [] {});
+    EXPECT_TRUE(owns<SingleInstance::Owner>(elsewhere));
     first.reset();
-    EXPECT_TRUE(second.own());
-    EXPECT_TRUE(SingleInstance(u"/proc/none/data"_s, [] {}).own()) << "nobody could harm it";
+    EXPECT_TRUE(owns<SingleInstance::Owner>(second));
+}
+
+TEST_F(Session, AFolderThatCannotBeLockedIsNotOwned)
+{
+    SingleInstance nowhere(folder.filePath(u"absent"_s), [] {});
+    EXPECT_EQ(std::get<SingleInstance::Refused>(nowhere.own()).reason, qt_error_string(ENOENT));
+    const auto failing = [](int error) {
+        return FolderLock([error](int, int) {
+            errno = error;
+            return -1;
+        });
+    };
+    SingleInstance network(
+        folder.path(), [] {}, failing(ENOLCK));
+    EXPECT_TRUE(owns<SingleInstance::Unguarded>(network));
+    SingleInstance broken(
+        folder.path(), [] {}, failing(EIO));
+    EXPECT_EQ(std::get<SingleInstance::Refused>(broken.own()).reason, qt_error_string(EIO));
+
+    int calls = 0;
+    SingleInstance first(
+        folder.path(), [&calls] { ++calls; }, failing(ENOLCK));
+    first.listen();
+    EXPECT_TRUE(owns<SingleInstance::OwnedByAnother>(network)) << "somebody listens";
+    settle();
+    EXPECT_EQ(calls, 1);
 }
 
 class StaleLock : public Session, public testing::WithParamInterface<const char *> {};
@@ -96,17 +128,19 @@ class StaleLock : public Session, public testing::WithParamInterface<const char 
 TEST_P(StaleLock, IsTakenOver)
 {
     write(u".quenoria.lock"_s, GetParam());
-    EXPECT_TRUE(SingleInstance(folder.path(), [] {}).own());
+    write(u".quenoria.socket"_s, "");
+    SingleInstance instance(folder.path(), [] {});
+    EXPECT_TRUE(owns<SingleInstance::Owner>(instance));
 }
 
 INSTANTIATE_TEST_SUITE_P(Contents, StaleLock,
-                         testing::Values("4194305\nquenoria\n\n", // no such process
-                                         "1\nquenoria\n\n",       // another program's number now
-                                         "", "\0\0\0"));          // after a power cut
+                         testing::Values("1\nquenoria\n\n", // of the time when it held a number
+                                         ""));
 
 TEST_F(Session, SleepEndsWithItsTimeOrWithAStop)
 {
-    SystemClock clock;
+    RecordingLog log;
+    SystemClock clock(log);
     std::stop_source stop;
     QFuture<void> stopped = clock.sleep(1h, stop.get_token());
     EXPECT_FALSE(stopped.isFinished());
@@ -114,6 +148,37 @@ TEST_F(Session, SleepEndsWithItsTimeOrWithAStop)
     EXPECT_TRUE(stopped.isFinished());
     EXPECT_TRUE(clock.sleep(1h, stop.get_token()).isFinished()) << "asked before it began";
 }
+
+struct Zone {
+    const char *name;
+    QByteArray wanted; ///< value of TZ
+    QByteArray zone;   ///< empty: the system's own
+};
+
+class ZoneOfTheUser : public testing::TestWithParam<Zone> {};
+
+TEST_P(ZoneOfTheUser, GivesARealMonth)
+{
+    const QByteArray before = qgetenv("TZ");
+    qputenv("TZ", GetParam().wanted);
+    RecordingLog log;
+    const QTimeZone zone = SystemClock(log).zone();
+    qputenv("TZ", before);
+    EXPECT_TRUE(zone.isValid());
+    if (!GetParam().zone.isEmpty()) {
+        EXPECT_EQ(zone.id(), GetParam().zone);
+    }
+    EXPECT_EQ(log.lines.size(), GetParam().zone.isEmpty() ? 1 : 0);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Values, ZoneOfTheUser,
+    testing::Values(Zone{"rule", "CET-1CEST", ""}, Zone{"unknown", "Nulle/Part", ""},
+                    Zone{"notAZone", "/etc/passwd", ""}, Zone{"folder", "/usr/share/zoneinfo", ""},
+                    Zone{"name", "Asia/Tokyo", "Asia/Tokyo"},
+                    Zone{"path", "/usr/share/zoneinfo/Asia/Tokyo", "Asia/Tokyo"},
+                    Zone{"pathAfterColon", ":/usr/share/zoneinfo/Asia/Tokyo", "Asia/Tokyo"}),
+    [](const auto &zone) { return zone.param.name; });
 
 /// Acts in the next panel as its user, who then accepts unless the panel is gone.
 void whenShown(std::function<void(QFileDialog &)> act)

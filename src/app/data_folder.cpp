@@ -1,0 +1,136 @@
+#include "app/data_folder.h"
+
+#include "platform/posix/private_folder.h"
+#include "platform/posix/whole_file_writer.h"
+#include "platform/qt/single_instance.h"
+#include "store/collection.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QMessageBox>
+#include <QPushButton>
+
+using namespace Qt::StringLiterals;
+
+namespace quenoria {
+
+namespace {
+
+constexpr int refused = 1;
+
+/// What the program writes there, under whatever name.
+const QStringList ownFiles{u"*.json"_s, u".quenoria*"_s, u"preferences.ini"_s,
+                           u".envoi-en-cours"_s};
+
+/// The data files that cannot be read, each with the system's reason.
+QStringList unreadableFiles(const QString &folder)
+{
+    QStringList found;
+    for (const CollectionDescriptor &each : collections) {
+        const QString path = QDir(folder).filePath(QString::fromUtf16(each.fileName));
+        if (const auto reason = unreadable(path))
+            found << u"%1 : %2"_s.arg(path, *reason);
+    }
+    return found;
+}
+
+/// A question before the window is there; true when the user takes the first answer.
+bool ask(const QString &title, const QString &message, const QString &yes)
+{
+    QMessageBox box(QMessageBox::Warning, title, title);
+    box.setTextFormat(Qt::PlainText);
+    box.setInformativeText(message);
+    box.addButton(yes, QMessageBox::AcceptRole);
+    QPushButton *leave = box.addButton(u"Quitter"_s, QMessageBox::RejectRole);
+    box.setEscapeButton(leave);
+    box.setDefaultButton(leave);
+    box.exec();
+    return box.clickedButton() != leave;
+}
+
+std::optional<Answer> prepareFolder(const Platform &platform)
+{
+    const QString folder = platform.folders.data();
+    if (const auto reason = platform.files.makeFolder(folder))
+        return Answer{
+            u"Le dossier de données « %1 » ne peut pas être créé : %2\n"_s.arg(folder, *reason),
+            refused};
+    if (belongsToAnother(folder))
+        return Answer{
+            u"Le dossier de données « %1 » appartient à un autre utilisateur. Indiquez-en "
+            "un autre avec --data-dir.\n"_s.arg(folder),
+            refused};
+    if (closeToOthers(folder, ownFiles))
+        platform.log.write(
+            u"Le dossier de données « %1 » était ouvert à d’autres utilisateurs : il "
+            "est désormais réservé au vôtre."_s.arg(folder));
+    return {};
+}
+
+bool goesOnUnguarded(const QString &folder)
+{
+    return ask(u"Dossier sans verrou"_s,
+               u"Le dossier de données « %1 » est sur un système de fichiers sans verrous, comme "
+               "certains partages de réseau. Rien n’empêche de l’ouvrir deux fois : des "
+               "changements seraient alors perdus. Continuez seulement si Quenoria n’est ouvert "
+               "nulle part ailleurs avec ce dossier."_s.arg(folder),
+               u"Continuer"_s);
+}
+
+std::optional<Answer> own(const QString &folder, SingleInstance &instance)
+{
+    const SingleInstance::Ownership ownership = instance.own();
+    if (const auto *lock = std::get_if<SingleInstance::Refused>(&ownership))
+        return Answer{u"Le dossier de données « %1 » ne peut pas être verrouillé : %2\n"_s.arg(
+                          folder, lock->reason),
+                      refused};
+    if (const auto *other = std::get_if<SingleInstance::OwnedByAnother>(&ownership))
+        return other->cameToFront
+                   ? Answer{u"Quenoria est déjà ouvert avec ce dossier de données : sa fenêtre "
+                            "passe au premier plan.\n"_s}
+                   : Answer{u"Quenoria est déjà ouvert avec ce dossier de données, mais ne répond "
+                            "pas.\n"_s,
+                            refused};
+    if (std::holds_alternative<SingleInstance::Unguarded>(ownership)) {
+        if (!goesOnUnguarded(folder))
+            return Answer{{}, refused};
+        instance.listen();
+    }
+    return {};
+}
+
+/// Whatever cannot be read is left where it is: it may be whole.
+bool waitForReadableFiles(const Platform &platform)
+{
+    for (;;) {
+        const QStringList files = unreadableFiles(platform.folders.data());
+        if (files.isEmpty())
+            return true;
+        for (const QString &file : files)
+            platform.log.write(u"Fichier inaccessible : "_s + file);
+        if (!ask(u"Données inaccessibles"_s,
+                 u"Ces fichiers ne peuvent pas être lus. Ils restent tels quels, et l’application "
+                 "ne peut pas commencer sans eux :\n%1"_s.arg(files.join(u'\n')),
+                 u"Réessayer"_s))
+            return false;
+    }
+}
+
+} // namespace
+
+std::optional<Answer> enterDataFolder(const Platform &platform, SingleInstance &instance)
+{
+    const QString folder = platform.folders.data();
+    if (auto answer = prepareFolder(platform))
+        return answer;
+    if (auto answer = own(folder, instance))
+        return answer;
+    platform.log.write(u"Quenoria %1, dossier de données « %2 »"_s.arg(
+        QCoreApplication::applicationVersion(), folder));
+    WholeFileWriter::removeLeftovers(folder);
+    if (!waitForReadableFiles(platform))
+        return Answer{{}, refused};
+    return {};
+}
+
+} // namespace quenoria

@@ -1,0 +1,15 @@
+#pragma once
+
+#include "app/command_line.h"
+#include "platform/platform.h"
+
+namespace quenoria {
+
+class SingleInstance;
+
+/// Makes the data folder, or takes the one that is there and closes it to other users; then owns
+/// it, and asks the user until every data file can be read. Gives what to say instead of starting.
+[[nodiscard]] std::optional<Answer> enterDataFolder(const Platform &platform,
+                                                    SingleInstance &instance);
+
+} // namespace quenoria
