@@ -1,6 +1,7 @@
 #include "app/screen.h"
 
-#include <QFontDatabase>
+#include <QFont>
+#include <QFontMetrics>
 
 #include <unistd.h>
 
@@ -62,7 +63,8 @@ ScreenWatch::~ScreenWatch()
 
 std::optional<Answer> missingFonts()
 {
-    if (!QFontDatabase::families().isEmpty())
+    // Without any font the toolkit still names families, but none of them draws a letter.
+    if (QFontMetrics(QFont()).inFont(u'a'))
         return std::nullopt;
     return Answer{u"Aucune police de caractères n’est installée : aucun texte ne pourrait être "
                   "affiché.\n"_s,

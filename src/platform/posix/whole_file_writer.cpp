@@ -125,7 +125,7 @@ std::optional<QString> WholeFileWriter::makeFolder(const QString &path)
     if (m_devices.contains(folder))
         return {}; // the writing says whether it still is there
     QDir().mkpath(QFileInfo(path).absolutePath());
-    if (::mkdir(folder.constData(), S_IRWXU) != 0 && !QFileInfo(path).isDir())
+    if (!QFileInfo(path).isDir() && ::mkdir(folder.constData(), S_IRWXU) != 0)
         return reason();
     m_devices[folder] = deviceOf(folder).value_or(0);
     return {};
