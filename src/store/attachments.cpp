@@ -1,5 +1,6 @@
 #include "store/prospect_store.h"
 
+#include <QDir>
 #include <QFileInfo>
 
 using namespace Qt::StringLiterals;
@@ -11,7 +12,7 @@ std::optional<QString> ProspectStore::attachmentName(const Prospect &prospect) c
     const QString *path = m_attachmentPaths.find(prospect.id);
     if (!path || path->isEmpty())
         return std::nullopt;
-    return QFileInfo(*path).fileName();
+    return QFileInfo(QDir::cleanPath(*path)).fileName();
 }
 
 bool ProspectStore::attachmentExists(const Prospect &prospect) const

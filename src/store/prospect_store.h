@@ -127,14 +127,14 @@ public:
     void assignMessage(const QString &id, const Prospect &prospect);
     QString createMessage(const QString &title, const QString &body); ///< the new id
     void updateMessage(const QString &id, const QString &title, const QString &body);
-    void deleteMessage(const QString &id);
+    void deleteMessage(const QString &templateId);
     QString assignedEmailTemplateID(const Prospect &prospect) const;
     EmailTemplate assignedEmailTemplate(const Prospect &prospect) const;
     void assignEmailTemplate(const QString &id, const Prospect &prospect);
     QString createEmailTemplate(const QString &title, const QString &subject, const QString &body);
     void updateEmailTemplate(const QString &id, const QString &title, const QString &subject,
                              const QString &body);
-    void deleteEmailTemplate(const QString &id);
+    void deleteEmailTemplate(const QString &templateId);
 
     // Attachments: one path per contact; the file itself stays where it is.
     std::optional<QString> attachmentName(const Prospect &prospect) const;

@@ -97,8 +97,9 @@ void ProspectStore::updateMessage(const QString &id, const QString &title, const
     publish(Collection::messageTemplates);
 }
 
-void ProspectStore::deleteMessage(const QString &id)
+void ProspectStore::deleteMessage(const QString &templateId)
 {
+    const QString id = templateId; // it may be the template's own
     if (id == defaultMessageID)
         return;
     m_messageTemplates.removeIf([&id](const MessageTemplate &entry) { return entry.id == id; });
@@ -151,8 +152,9 @@ void ProspectStore::updateEmailTemplate(const QString &id, const QString &title,
     publish(Collection::emailTemplates);
 }
 
-void ProspectStore::deleteEmailTemplate(const QString &id)
+void ProspectStore::deleteEmailTemplate(const QString &templateId)
 {
+    const QString id = templateId; // it may be the template's own
     if (id == defaultEmailTemplateID)
         return;
     m_emailTemplates.removeIf([&id](const EmailTemplate &entry) { return entry.id == id; });

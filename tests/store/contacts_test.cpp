@@ -129,6 +129,29 @@ TEST_F(Contacts, DeletionTakesEverythingAttached)
     EXPECT_FALSE(QDir(desktop.folders.data()).exists()) << "nothing to delete, nothing to write";
 }
 
+TEST_F(Contacts, DeletionForgetsInEveryFileThatKnowsTheContact)
+{
+    const QStringList names{u"associations-messages"_s, u"associations-mails"_s,
+                            u"adresses-mails-completees"_s, u"fichiers-joints"_s};
+    for (const QString &name : names)
+        desktop.writeFile(name + u".json"_s, R"({"0639980010":"x","0639980012":"x"})");
+    const QByteArray sent = R"({"sent":true,"sentAt":"2026-02-01T10:00:00Z"})";
+    for (const QString &name : {u"suivi-envois.json"_s, u"suivi-envois-mails.json"_s})
+        desktop.writeFile(name, R"({"0639980010":)" + sent + R"(,"0639980012":)" + sent + '}');
+    const QByteArray edited = R"({"label":"E","phone":"","department":"29"})";
+    desktop.writeFile(u"contacts-modifies.json"_s,
+                      R"({"0639980010":)" + edited + R"(,"0639980012":)" + edited + '}');
+    EXPECT_EQ(store().assignedMessageID(alix()), u"olvak-premier-envoi"_s) << "\"x\" is none";
+    EXPECT_EQ(store().assignedEmailTemplateID(alix()), u"email-premier-envoi"_s);
+    EXPECT_EQ(store().messageAssignments().size() + store().emailAssignments().size(), 4U);
+    EXPECT_EQ(store().deleteProspects({u"0639980010"_s}), 1);
+    for (const QString &name :
+         names + QStringList{u"suivi-envois"_s, u"suivi-envois-mails"_s, u"contacts-modifies"_s}) {
+        EXPECT_FALSE(desktop.file(name + u".json"_s).contains("0639980010")) << name.toStdString();
+        EXPECT_TRUE(desktop.file(name + u".json"_s).contains("0639980012")) << name.toStdString();
+    }
+}
+
 TEST_F(Contacts, DepartmentsAreCheckedNamedAndSorted)
 {
     const QString needs = u"Saisissez le code et le nom du département."_s;

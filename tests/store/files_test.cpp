@@ -113,6 +113,64 @@ TEST_F(Files, FailedWriteIsLoggedAndMemoryKeepsTheChange)
         desktop.log.lines.front().startsWith(u"Impossible d’enregistrer le suivi SMS : "_s));
 }
 
+TEST_F(Files, EachFailureIsLoggedInTheWordsOfItsCollection)
+{
+    store();
+    const std::map<Collection, QString> wordings{
+        {Collection::customProspects, u"les nouveaux numéros"_s},
+        {Collection::statuses, u"le suivi SMS"_s},
+        {Collection::messageTemplates, u"les modèles de messages"_s},
+        {Collection::messageAssignments, u"les associations de messages"_s},
+        {Collection::emailStatuses, u"le suivi des e-mails"_s},
+        {Collection::emailTemplates, u"les modèles d’e-mails"_s},
+        {Collection::emailAssignments, u"les associations d’e-mails"_s},
+        {Collection::emailOverrides, u"les adresses e-mail complétées"_s},
+        {Collection::contactOverrides, u"les contacts modifiés"_s},
+        {Collection::attachmentPaths, u"les fichiers joints"_s},
+        {Collection::deletedProspectIDs, u"les contacts supprimés"_s},
+        {Collection::departments, u"les départements"_s},
+        {Collection::smsMonthlyRecipientsByMonth, u"le quota mensuel SMS"_s}};
+    desktop.files.refusal = u"plein"_s;
+    for (const auto &[collection, wording] : wordings) {
+        store().save(collection);
+        EXPECT_EQ(desktop.log.lines.takeLast(),
+                  u"Impossible d’enregistrer %1 : plein"_s.arg(wording));
+    }
+    EXPECT_EQ(store().unsaved().size(), wordings.size());
+    EXPECT_TRUE(desktop.log.lines.isEmpty());
+}
+
+TEST_F(Files, EmptyCollectionsAreWrittenAsEmptyBrackets)
+{
+    store().save(Collection::customProspects);
+    EXPECT_EQ(desktop.file(u"nouveaux-numeros.json"_s), "[]\n");
+    EXPECT_EQ(desktop.file(u"contacts-supprimes.json"_s), "[]\n");
+    EXPECT_EQ(desktop.file(u"fichiers-joints.json"_s), "{}\n");
+    for (const auto &[name, other] : {std::pair{u"nouveaux-numeros.json"_s, "{}"},
+                                      std::pair{u"contacts-supprimes.json"_s, "{}"},
+                                      std::pair{u"fichiers-joints.json"_s, "[]"}}) {
+        desktop.writeFile(name, other);
+        restart();
+        EXPECT_EQ(store().filesSetAside().size(), 1) << name.toStdString();
+    }
+}
+
+TEST_F(Files, AFolderThatWasTakenAwayIsNotMadeAnewAndLosesNothing)
+{
+    store();
+    const QString folder = desktop.folders.data();
+    ASSERT_TRUE(QDir().rename(folder, folder + u".parti"_s));
+    store().setComment(u"gardé"_s, alix());
+    EXPECT_FALSE(QDir(folder).exists());
+    EXPECT_EQ(store().unsaved().size(), 13U) << "every file went with it";
+    ASSERT_TRUE(QDir().mkpath(folder));
+    const auto unsaved = store().unsaved();
+    for (const auto &[collection, failure] : unsaved)
+        store().save(collection);
+    EXPECT_EQ(folderContent().size(), 13);
+    EXPECT_TRUE(desktop.file(u"suivi-envois.json"_s).contains("gardé"));
+}
+
 TEST_F(Files, StartUpSurvivesAFolderThatCannotBeCreated)
 {
     ASSERT_TRUE(QDir().mkpath(QFileInfo(desktop.folders.data()).path()));

@@ -22,7 +22,7 @@ TEST_F(Templates, ADeletedTemplateGivesItsContactsTheDefault)
     store().assignMessage(id, alix());
     store().assignMessage(twin, chloe());
     EXPECT_EQ(store().assignedMessage(alix()).body, u"Corps"_s);
-    store().deleteMessage(id);
+    store().deleteMessage(store().messageTemplates()[1].id); // which goes with the template
     store().deleteMessage(ProspectStore::defaultMessageID);
     EXPECT_EQ(store().assignedMessageID(alix()), ProspectStore::defaultMessageID);
     EXPECT_EQ(store().messageTemplates().size(), 2U);
@@ -81,6 +81,9 @@ TEST_F(Attachments, FollowTheFileWhereItWas)
     EXPECT_EQ(store().attachmentName(alix()), u"devis.pdf"_s);
     EXPECT_FALSE(store().attachmentExists(alix()));
     EXPECT_EQ(store().attachmentURL(alix()), std::nullopt);
+    desktop.panels.answer = desktop.folders.root.path() + u"/dossier é/"_s;
+    store().chooseAttachment(alix());
+    EXPECT_EQ(store().attachmentName(alix()), u"dossier é"_s);
     store().removeAttachment(alix());
     EXPECT_EQ(store().attachmentName(alix()), std::nullopt);
     EXPECT_TRUE(object(u"fichiers-joints.json"_s).isEmpty());
