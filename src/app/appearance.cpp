@@ -10,26 +10,21 @@ namespace {
 
 constexpr int middleGrey = 128;
 
-Appearance appearance(bool dark) { return dark ? Appearance::dark : Appearance::light; }
+void show(bool dark) { applyTheme(dark ? Appearance::dark : Appearance::light); }
 
 } // namespace
 
-AppearanceKeeper::AppearanceKeeper(std::optional<bool> dark)
-    : m_startedDark(QApplication::palette().window().color().lightness() < middleGrey)
+void keepAppearance(std::optional<bool> dark, ColorSchemeSource &desktop)
 {
-    if (dark) {
-        applyTheme(appearance(*dark));
-        return;
-    }
-    m_desktop.emplace(QDBusConnection::sessionBus());
-    connect(&*m_desktop, &ColorSchemeSetting::changed, this, &AppearanceKeeper::follow);
-    follow(m_desktop->value());
-}
-
-void AppearanceKeeper::follow(ColorScheme scheme) const
-{
-    const bool dark = scheme == ColorScheme::Unknown ? m_startedDark : scheme == ColorScheme::Dark;
-    applyTheme(appearance(dark));
+    if (dark)
+        return show(*dark);
+    // How the toolkit found the desktop counts when that does not say.
+    const bool startedDark = QApplication::palette().window().color().lightness() < middleGrey;
+    const auto follow = [startedDark](ColorScheme scheme) {
+        show(scheme == ColorScheme::Unknown ? startedDark : scheme == ColorScheme::Dark);
+    };
+    desktop.follow(follow);
+    follow(desktop.value());
 }
 
 } // namespace quenoria

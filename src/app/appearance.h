@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/linux/color_scheme.h"
+#include "platform/color_scheme.h"
 
 #include <optional>
 
@@ -8,17 +8,6 @@ namespace quenoria {
 
 /// Keeps the application light or dark: as it was asked for at the start, else as the desktop is,
 /// from one moment to the next.
-class AppearanceKeeper : public QObject {
-    Q_OBJECT
-
-public:
-    explicit AppearanceKeeper(std::optional<bool> dark);
-
-private:
-    void follow(ColorScheme scheme) const;
-
-    bool m_startedDark; ///< how the toolkit found the desktop, when the portal does not say
-    std::optional<ColorSchemeSetting> m_desktop;
-};
+void keepAppearance(std::optional<bool> dark, ColorSchemeSource &desktop);
 
 } // namespace quenoria

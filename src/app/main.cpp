@@ -5,6 +5,7 @@
 #include "app/screen.h"
 #include "model/text_order.h"
 #include "platform/demo/demo_desktop.h"
+#include "platform/linux/color_scheme_setting.h"
 #include "platform/linux/linux_desktop.h"
 #include "platform/qt/main_window.h"
 #include "platform/qt/single_instance.h"
@@ -111,7 +112,8 @@ int run(const StartOptions &options)
     SingleInstance instance(platform.folders.data(), bringMainWindowToFront);
     if (const auto answer = enterDataFolder(platform, instance))
         return print(*answer, std::cerr);
-    const AppearanceKeeper appearance(options.darkAppearance);
+    ColorSchemeSetting colorScheme(QDBusConnection::sessionBus());
+    keepAppearance(options.darkAppearance, colorScheme);
     ContentView window(application.desk(), application.switches(), application.platform());
     if (const QString notice = desktop->notice(); !notice.isEmpty())
         window.showBanner(notice);

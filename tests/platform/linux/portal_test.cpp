@@ -1,4 +1,4 @@
-#include "platform/linux/color_scheme.h"
+#include "platform/linux/color_scheme_setting.h"
 #include "platform/linux/email_portal.h"
 #include "platform/linux/fake_portal.h"
 
@@ -35,8 +35,7 @@ TEST_F(Portal, TellsTheColourSchemeAndItsChanges)
     ColorSchemeSetting setting(application());
     EXPECT_EQ(setting.value(), ColorScheme::Unknown) << "nobody waits for the answer";
     std::vector<ColorScheme> heard;
-    QObject::connect(&setting, &ColorSchemeSetting::changed,
-                     [&heard](ColorScheme value) { heard.push_back(value); });
+    setting.follow([&heard](ColorScheme value) { heard.push_back(value); });
     while (heard.empty())
         QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
     for (const auto &[key, value] : {std::pair(u"accent-color"_s, 2U),

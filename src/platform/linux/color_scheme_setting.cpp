@@ -1,4 +1,4 @@
-#include "platform/linux/color_scheme.h"
+#include "platform/linux/color_scheme_setting.h"
 
 #include <QDBusMessage>
 #include <QDBusPendingCallWatcher>
@@ -31,24 +31,25 @@ ColorScheme fromPortal(uint number)
 
 } // namespace
 
-ColorSchemeSetting::ColorSchemeSetting(QDBusConnection bus, QObject *parent) : QObject(parent)
+void ColorSchemeSetting::follow(std::function<void(ColorScheme)> changed)
 {
-    if (!bus.isConnected())
+    m_changed = std::move(changed);
+    if (!m_bus.isConnected())
         return;
     qRegisterMetaType<QDBusVariant>("QDBusVariant"); // by the name that the slot's text gives it
-    if (!bus.connect(portal, portalPath, settingsInterface, u"SettingChanged"_s, this,
+    if (!m_bus.connect(portal, portalPath, settingsInterface, u"SettingChanged"_s, this,
                      SLOT(settingChanged(QString, QString, QDBusVariant))))
         qWarning() << "The desktop's changes between light and dark cannot be heard";
-    ask(bus);
+    ask();
 }
 
 /// Asks without waiting: a portal that is slow to start must not hold up the window.
-void ColorSchemeSetting::ask(QDBusConnection &bus)
+void ColorSchemeSetting::ask()
 {
     QDBusMessage question =
         QDBusMessage::createMethodCall(portal, portalPath, settingsInterface, u"Read"_s);
     question << appearance << colorScheme;
-    auto *watcher = new QDBusPendingCallWatcher(bus.asyncCall(question), this);
+    auto *watcher = new QDBusPendingCallWatcher(m_bus.asyncCall(question), this);
     connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, watcher] {
         const QDBusPendingReply<QDBusVariant> answer = *watcher;
         if (answer.isValid())
@@ -75,7 +76,7 @@ void ColorSchemeSetting::set(const QVariant &value)
     if (scheme == m_value)
         return;
     m_value = scheme;
-    Q_EMIT changed(scheme);
+    m_changed(scheme);
 }
 
 } // namespace quenoria
