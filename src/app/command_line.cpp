@@ -72,7 +72,8 @@ std::variant<StartOptions, Answer> parseCommandLine(const QStringList &arguments
     StartOptions options{parser.isSet(demo),
                          folderOf(parser, data),
                          folderOf(parser, tour),
-                         valueOf(parser, rehearsal),
+                         parser.isSet(rehearsal) ? std::optional(parser.value(rehearsal))
+                                                 : std::nullopt,
                          {}};
     if (look != u"auto"_s)
         options.darkAppearance = look == u"dark"_s;

@@ -26,7 +26,7 @@ const QStringList ownFiles{u"*.json"_s, u".quenoria*"_s, u"preferences.ini"_s,
 QStringList unreadableFiles(const QString &folder)
 {
     QStringList found;
-    for (const CollectionDescriptor &each : collections) {
+    for (const CollectionDescriptor &each : collections()) {
         const QString path = QDir(folder).filePath(QString::fromUtf16(each.fileName));
         if (const auto reason = unreadable(path))
             found << u"%1 : %2"_s.arg(path, *reason);

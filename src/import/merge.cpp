@@ -81,21 +81,21 @@ ImportReport ProspectStore::merge(ProspectImportAnalysis analysis)
         m_customProspects.append(std::move(analysis.prospects));
         publish(Collection::customProspects);
     }
-    std::set<Collection> changed;
+    std::map<Collection, IdSet> changed;
     for (const auto &[key, address] : analysis.emailUpdates) {
         const QString id = knownIds.value(key, key);
         if (const ContactOverride *edited = m_contactOverrides.find(id)) {
             ContactOverride updated = *edited;
             updated.email = address;
             m_contactOverrides.set(id, std::move(updated));
-            changed.insert(Collection::contactOverrides);
+            changed[Collection::contactOverrides].insert(id);
         } else {
             m_emailOverrides.set(id, address);
-            changed.insert(Collection::emailOverrides);
+            changed[Collection::emailOverrides].insert(id);
         }
     }
-    for (const Collection collection : changed) // once each: a workbook may bring thousands
-        publish(collection);
+    for (auto &[collection, ids] : changed) // once each: a workbook may bring thousands
+        publish(collection, std::move(ids));
     for (const DepartmentInfo &department : analysis.departments) {
         const auto sameCode = [&department](const DepartmentInfo &known) {
             return known.code == department.code;
