@@ -53,7 +53,7 @@ const Announcement announcements[] = {
      [](auto &store, const auto &alix) {
          EXPECT_EQ(store.update(alix, {u"A"_s, {}, alix.phone, {}, u"29"_s, {}}), std::nullopt);
      },
-     {u"list"_s, u"list"_s}},
+     {u"contacts-modifies.json "_s + alixID, u"adresses-mails-completees.json "_s + alixID}},
     {"templateGone",
      [](auto &store, const auto &) { store.deleteEmailTemplate(other); },
      {u"templates email"_s, u"associations-mails.json "_s + chloeID}},
@@ -70,8 +70,9 @@ const Announcement announcements[] = {
          EXPECT_EQ(store.deleteProspects({alixID, other}), 1);
      },
      {u"list"_s, u"list"_s, sms + alixID, u"suivi-envois-mails.json "_s + alixID,
-      u"associations-messages.json "_s + alixID, u"associations-mails.json "_s + alixID, u"list"_s,
-      u"list"_s, u"fichiers-joints.json "_s + alixID, u"selection sms "_s + alixID,
+      u"associations-messages.json "_s + alixID, u"associations-mails.json "_s + alixID,
+      u"adresses-mails-completees.json "_s + alixID, u"contacts-modifies.json "_s + alixID,
+      u"fichiers-joints.json "_s + alixID, u"selection sms "_s + alixID,
       u"selection email "_s + alixID}},
     {"manyAtOnce",
      [](auto &store, const auto &alix) {
