@@ -63,7 +63,7 @@ void Sheet::settleInput(const std::function<void()> &goOn)
 {
     if (!isVisible() || !hasUnsavedInput())
         return goOn();
-    if (m_question)
+    if (m_question && m_question->isVisible())
         return;
     const auto save = [this, goOn] {
         saveInput();

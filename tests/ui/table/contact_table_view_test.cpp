@@ -68,12 +68,13 @@ TEST_F(TableView, TheNameStaysInSightAsPartOfItsRow)
     EXPECT_GE(view.visualRect(view.currentIndex()).left(), 260) << "behind the pinned column";
     EXPECT_EQ(view.visualRect(at(chloe(), name)).left(), 0);
     EXPECT_EQ(view.visualRect(at(chloe(), name)).width(), 260);
-    QTest::mouseDClick(view.viewport(), Qt::LeftButton, {}, centre(at(alix(), name)));
+    click(at(alix(), name));
     EXPECT_EQ(view.currentIndex(), at(alix(), name));
+    QTest::mouseDClick(view.viewport(), Qt::LeftButton, {}, centre(at(alix(), name)));
     EXPECT_EQ(edits.value(0).value(0), alix().id);
     EXPECT_EQ(view.horizontalScrollBar()->value(), sideways) << "it is in sight already";
     QTest::mouseClick(view.horizontalHeader()->viewport()->childAt(20, 10), Qt::LeftButton);
-    EXPECT_EQ(shown().section(u',', 0, 0), u"DORA"_s) << "its header sorts";
+    EXPECT_EQ(shown().section(u',', 0, 0), u"dora"_s) << "its header sorts";
     QAccessibleInterface *table = QAccessible::queryAccessibleInterface(&view);
     EXPECT_EQ(table->tableInterface()->cellAt(0, name)->rect().width(), 260);
     view.horizontalScrollBar()->setValue(0);
