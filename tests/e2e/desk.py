@@ -17,6 +17,7 @@ HOME = Path(os.environ["HOME"])
 PICTURES = Path(os.environ["QUENORIA_PICTURES"])
 LIMIT = 30  # seconds that one step may take, also with the sanitizers
 GLANCE = 0.03  # seconds between two looks
+DOUBLE_CLICK = 0.5  # seconds within which a second click on one place is no click of its own
 
 State, Role = Atspi.StateType, Atspi.Role
 LISTS = (Role.TABLE, Role.TREE, Role.TREE_TABLE, Role.LIST)
@@ -46,9 +47,15 @@ def key(*names):
     act("key", "--delay", "4", *names)
 
 
+last_click = {}  # by place, when
+
+
 def click(node):
     box = node.get_extents(Atspi.CoordType.SCREEN)
-    act("mousemove", box.x + box.width // 2, box.y + box.height // 2, "click", 1)
+    place = (box.x + box.width // 2, box.y + box.height // 2)
+    time.sleep(max(0, last_click.get(place, 0) + DOUBLE_CLICK - time.monotonic()))
+    act("mousemove", *place, "click", 1)
+    last_click[place] = time.monotonic()
 
 
 def has(node, state):
@@ -66,6 +73,14 @@ def walk(node):
     for child in children(node) if node.get_role() not in LISTS else ():
         if has(child, State.SHOWING):
             yield from walk(child)
+
+
+def entries(node):
+    """The entries of the menus, closed as they are."""
+    for child in children(node) if node.get_role() not in LISTS else ():
+        if child.get_role() == Role.MENU_ITEM:
+            yield child
+        yield from entries(child)
 
 
 def named(nodes, name):
@@ -106,13 +121,18 @@ class Program:
             (node for node in walk(self.front()) if node.get_role() in roles), name))
 
     def press(self, name):
-        """A button, or the entry of a command for which the window has no room."""
-        shown = [node.get_name() for node in walk(self.front())]
-        if not any(each.startswith(name) for each in shown) and "Autres commandes" in shown:
-            click(self.find("Autres commandes"))
-        node = self.find(name)
+        """A button, or the menu entry of a command for which the window has no room."""
+        def look():
+            controls = (node for node in walk(self.front()) if node.get_role() in CONTROLS)
+            found = next((node for node in controls if node.get_name().startswith(name)), None)
+            return found or named(entries(self.front()), name)
+
+        node = until(f"« {name} »", look)
         until(f"« {name} » disponible", lambda: has(node, State.ENABLED))
-        click(node)
+        if node.get_role() == Role.MENU_ITEM and not has(node, State.SHOWING):
+            node.get_action_iface().do_action(0)
+        else:
+            click(node)
 
     def read(self, text):
         return self.find(text, (Role.LABEL, Role.ALERT, Role.DIALOG))
