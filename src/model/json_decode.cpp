@@ -161,7 +161,8 @@ std::optional<char16_t> escapedUnit(std::string_view text, std::size_t at)
     unsigned unit = 0;
     const char *first = text.data() + at + 2;
     const auto [end, error] = std::from_chars(first, first + digits, unit, 16);
-    return error == std::errc() && end == first + digits ? std::optional(char16_t(unit)) : std::nullopt;
+    return error == std::errc() && end == first + digits ? std::optional(char16_t(unit))
+                                                         : std::nullopt;
 }
 
 /// Half a character that was escaped alone stands for no character: it becomes the sign for that.

@@ -79,9 +79,8 @@ QFuture<TransportResult> FakeCarriers::send(const Composition &message)
 
 Platform FakeDesktop::platform()
 {
-    return {clock,      preferences, folders,   scripts, workspace, sharing,
-            pasteboard, panels,      resources, log,     files,     handOver,
-            mailbox,    carriers};
+    return {clock,  preferences, folders, scripts, workspace, sharing, pasteboard,
+            panels, resources,   log,     files,   handOver,  mailbox, carriers};
 }
 
 QByteArray FakeDesktop::file(const QString &name) const

@@ -38,7 +38,7 @@ void ColorSchemeSetting::follow(std::function<void(ColorScheme)> changed)
         return;
     qRegisterMetaType<QDBusVariant>("QDBusVariant"); // by the name that the slot's text gives it
     if (!m_bus.connect(portal, portalPath, settingsInterface, u"SettingChanged"_s, this,
-                     SLOT(settingChanged(QString, QString, QDBusVariant))))
+                       SLOT(settingChanged(QString, QString, QDBusVariant))))
         qWarning() << "The desktop's changes between light and dark cannot be heard";
     ask();
 }

@@ -9,8 +9,7 @@ namespace quenoria {
 /// The applications that the user registered with the desktop.
 class LinuxWorkspace : public Workspace {
 public:
-    LinuxWorkspace(const MailCarrier &mail, Carriers &carriers)
-        : m_mail(mail), m_carriers(carriers)
+    LinuxWorkspace(const MailCarrier &mail, Carriers &carriers) : m_mail(mail), m_carriers(carriers)
     {
     }
 

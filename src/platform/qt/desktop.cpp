@@ -9,9 +9,8 @@ Desktop::Desktop(const QString &dataFolder, const QString &preferencesFile)
 
 Platform Desktop::platform(ScriptHost &scripts)
 {
-    return {m_clock,      m_preferences, m_folders,   scripts, workspace(), sharing(),
-            m_pasteboard, m_panels,      m_resources, m_log,   m_files,     m_handOver,
-            mailbox(),    carriers()};
+    return {m_clock,  m_preferences, m_folders, scripts, workspace(), sharing(), m_pasteboard,
+            m_panels, m_resources,   m_log,     m_files, m_handOver,  mailbox(), carriers()};
 }
 
 } // namespace quenoria

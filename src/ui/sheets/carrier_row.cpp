@@ -2,11 +2,11 @@
 
 #include "ui/kit/form.h"
 #include "ui/kit/labels.h"
+#include "ui/kit/plain_text.h"
 #include "ui/kit/status_label.h"
 
 #include <QClipboard>
 #include <QGuiApplication>
-#include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
@@ -105,7 +105,7 @@ void CarrierRow::show(const Carrier &carrier, bool isChosen, bool isFixed)
     m_state->setStatus(carrier.words, shown.tint, QString::fromUtf16(shown.symbol));
     m_pinRow->setVisible(carrier.state == CarrierState::asksForPin && !isFixed);
     m_copy->setVisible(!carrier.command.isEmpty());
-    m_copy->setToolTip(carrier.command);
+    m_copy->setToolTip(tipText(carrier.command));
 }
 
 } // namespace quenoria

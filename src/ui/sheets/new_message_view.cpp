@@ -8,7 +8,6 @@
 #include <QBoxLayout>
 #include <QFileInfo>
 #include <QFutureWatcher>
-#include <QLabel>
 #include <QPointer>
 #include <QPushButton>
 #include <QTime>

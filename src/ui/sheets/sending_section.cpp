@@ -2,7 +2,6 @@
 
 #include "ui/kit/labels.h"
 
-#include <QLabel>
 #include <QVBoxLayout>
 
 namespace quenoria {

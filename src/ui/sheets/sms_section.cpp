@@ -8,7 +8,6 @@
 
 #include <QButtonGroup>
 #include <QFutureWatcher>
-#include <QLabel>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QTime>

@@ -1,5 +1,6 @@
 #include "ui/window/command_bar.h"
 
+#include "ui/kit/plain_text.h"
 #include "ui/window/action_button.h"
 
 #include <QAction>
@@ -38,7 +39,7 @@ CommandBar::CommandBar(const QList<QAction *> &commands, QWidget *parent)
         m_buttons << new ActionButton(command, ActionButton::Look::quiet, this);
     m_more->setText(u"»"_s);
     m_more->setAccessibleName(u"Autres commandes"_s);
-    m_more->setToolTip(m_more->accessibleName());
+    m_more->setToolTip(tipText(m_more->accessibleName()));
     m_more->setFocusPolicy(Qt::StrongFocus);
     m_more->setAutoRaise(true);
     m_more->setPopupMode(QToolButton::InstantPopup);

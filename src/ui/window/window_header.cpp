@@ -47,7 +47,7 @@ TextLabel *makeLine(const QString &text, TextStyle style, Tint tint = Tint::text
 }
 
 /// A symbol and the text that belongs to it.
-QWidget *makeSigned(const QString &symbolName, Tint tint, int side, QLabel *text)
+QWidget *makeSigned(const QString &symbolName, Tint tint, int side, QWidget *text)
 {
     auto *pair = new QWidget;
     auto *row = new QHBoxLayout(pair);
