@@ -12,7 +12,7 @@ enum class PasswordPlace {
     nowhere,   ///< the user has to give it before anything can leave
     memory,    ///< until the program ends, for want of a keyring
     keyring,   ///< of the desktop
-    notNeeded, ///< the server asks nobody who he is
+    notNeeded, ///< by the chosen road, or the server asks nobody who he is
 };
 
 /// The user's own mailbox, as the window sets it up. Which one it is stands in MailSettings.

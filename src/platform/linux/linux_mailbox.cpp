@@ -26,7 +26,7 @@ std::optional<QString> LinuxMailbox::otherRoad() const { return mailProgram(); }
 QFuture<PasswordPlace> LinuxMailbox::findPassword()
 {
     const MailboxAccount account = m_settings.account();
-    if (account.user.isEmpty())
+    if (m_settings.road() != MailRoad::mailbox || account.user.isEmpty())
         return known(PasswordPlace::notNeeded);
     const QString name = KnownPasswords::name(account);
     if (m_passwords->of(account))

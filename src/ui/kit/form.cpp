@@ -40,6 +40,11 @@ void Form::addRow(const QString &label, QWidget *control)
 
 void Form::addRow(QWidget *control) { m_rows->addRow(nullptr, control); }
 
+void Form::setRowVisible(QWidget *control, bool visible)
+{
+    m_rows->setRowVisible(control, visible);
+}
+
 QLineEdit *makeField(const QString &placeholder)
 {
     auto *field = new QLineEdit;

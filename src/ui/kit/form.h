@@ -19,6 +19,7 @@ public:
     QLineEdit *addField(const QString &label);
     void addRow(const QString &label, QWidget *control);
     void addRow(QWidget *control); ///< under the controls, without a label
+    void setRowVisible(QWidget *control, bool visible);
 
 private:
     QFormLayout *m_rows;

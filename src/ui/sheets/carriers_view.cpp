@@ -1,7 +1,8 @@
 #include "ui/sheets/carriers_view.h"
 
-#include "platform/carriers.h"
+#include "platform/platform.h"
 #include "ui/kit/status_label.h"
+#include "ui/sheets/mail_section.h"
 #include "ui/sheets/sms_section.h"
 
 #include <QBoxLayout>
@@ -10,20 +11,26 @@ using namespace Qt::StringLiterals;
 
 namespace quenoria {
 
-CarriersView::CarriersView(Carriers &carriers, ProspectStore &store, QWidget *parent)
-    : Sheet(u"Moyens d’envoi"_s, {720, 620}, parent)
+CarriersView::CarriersView(const Platform &platform, ProspectStore &store, QWidget *parent)
+    : Sheet(u"Moyens d’envoi"_s, {720, 700}, parent),
+      m_mail(new MailSection(platform.mailbox, platform.preferences))
 {
     addHeader(windowTitle(), u"Choisissez par où partent les messages que l’application envoie "
                              "elle-même."_s);
-    if (carriers.isFixed()) {
+    if (platform.carriers.isFixed()) {
         auto *notice = new StatusLabel;
         notice->setStatus(u"En démonstration, les moyens d’envoi sont montrés sans pouvoir être "
                           "changés : rien ne quitte cet ordinateur."_s,
                           Tint::accent, u"info.circle"_s);
         column()->addWidget(notice);
     }
-    column()->addWidget(new SmsSection(carriers, store));
+    column()->addWidget(new SmsSection(platform.carriers, store));
+    column()->addWidget(m_mail);
     column()->addStretch();
 }
+
+bool CarriersView::hasUnsavedInput() const { return m_mail->hasUnsavedInput(); }
+
+void CarriersView::saveInput() { m_mail->save(); }
 
 } // namespace quenoria

@@ -4,8 +4,9 @@
 
 namespace quenoria {
 
-class Carriers;
+class MailSection;
 class ProspectStore;
+struct Platform;
 
 /// The ways by which messages leave this computer: what was found, what was chosen, and whether
 /// it works.
@@ -13,7 +14,16 @@ class CarriersView : public Sheet {
     Q_OBJECT
 
 public:
-    CarriersView(Carriers &carriers, ProspectStore &store, QWidget *parent);
+    /// The platform's services outlive the sheet.
+    CarriersView(const Platform &platform, ProspectStore &store, QWidget *parent);
+
+    [[nodiscard]] bool hasUnsavedInput() const override;
+
+protected:
+    void saveInput() override;
+
+private:
+    MailSection *m_mail;
 };
 
 } // namespace quenoria

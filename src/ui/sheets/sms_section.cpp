@@ -57,6 +57,7 @@ void SmsSection::addTest()
     column()->addLayout(row);
     column()->addWidget(m_outcome);
     m_test->setAutoDefault(false);
+    m_test->setAccessibleName(u"Tester le SMS"_s);
     connect(m_test, &QPushButton::clicked, this, &SmsSection::test);
 }
 

@@ -54,7 +54,7 @@ void ContentView::manageDepartments() { present<DepartmentManagerView>(m_store);
 void ContentView::manageMessages() { present<MessageManagerView>(m_store); }
 void ContentView::manageEmailMessages() { present<EmailMessageManagerView>(m_store); }
 void ContentView::testMessage() { present<TestMessageView>(m_store); }
-void ContentView::chooseCarriers() { present<CarriersView>(m_platform.carriers, m_store); }
+void ContentView::chooseCarriers() { present<CarriersView>(m_platform, m_store); }
 
 /// Over whatever asked for it, a queue most often.
 void ContentView::composeMessage(const Composition &message)

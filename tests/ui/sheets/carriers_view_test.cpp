@@ -1,5 +1,6 @@
 #include "ui/sheets/carriers_view.h"
 
+#include "platform/mail_settings.h"
 #include "ui/kit/text_boxes.h"
 #include "ui/sheets/new_message_view.h"
 #include "ui/sheets/sheet_probe.h"
@@ -16,6 +17,7 @@ class CarriersSheet : public SheetTest {
 protected:
     CarriersSheet()
     {
+        desktop.mailbox.program = u"/usr/sbin/sendmail"_s;
         carriers.carriers = {{u"modem:1"_s,
                               u"Clé <b>4G</b>"_s,
                               CarrierState::asksForPin,
@@ -45,7 +47,7 @@ protected:
 TEST_F(CarriersSheet, ChoosesUnlocksAndTestsTheCarrier)
 {
     store().setTestNumber(u"06 39 98 00 77"_s);
-    CarriersView sheet(carriers, store(), nullptr);
+    CarriersView sheet(desktop.platform(), store(), nullptr);
     const Probe probe(sheet);
     EXPECT_FALSE(probe.button(u"Tester"_s)->isEnabled()) << "nothing is chosen";
     EXPECT_TRUE(probe.shows(u"06 39 98 00 77"_s) && probe.shows(u"route"_s));
@@ -79,12 +81,56 @@ TEST_F(CarriersSheet, OnlyShowsThemInADemonstration)
 {
     carriers.fixed = true;
     carriers.choice = u"modem:1"_s;
-    CarriersView sheet(carriers, store(), nullptr);
+    CarriersView sheet(desktop.platform(), store(), nullptr);
     const Probe probe(sheet);
     EXPECT_TRUE(probe.shows(u"En démonstration"_s));
     EXPECT_FALSE(choice(sheet, u"Clé"_s)->isEnabled());
     EXPECT_TRUE(choice(sheet, u"Clé"_s)->isChecked());
     EXPECT_FALSE(probe.shows(u"Code PIN"_s));
+}
+
+/// What an address fills in: until the user names a server himself.
+TEST_F(CarriersSheet, SetsUpTheMailboxAndTestsIt)
+{
+    CarriersView sheet(desktop.platform(), store(), nullptr);
+    const Probe probe(sheet);
+    const auto test = [&sheet] {
+        for (auto *button : sheet.findChildren<QPushButton *>()) {
+            if (button->accessibleName() == u"Tester l’e-mail"_s)
+                return button;
+        }
+        qFatal("no test");
+    };
+    EXPECT_FALSE(probe.field(u"Serveur d’envoi"_s)->isVisible()) << "sendmail is the first road";
+    EXPECT_TRUE(probe.shows(u"/usr/sbin/sendmail"_s));
+    choice(sheet, u"Ma boîte"_s)->click();
+    settle();
+    QTest::keyClicks(probe.field(u"Votre adresse"_s), u"alix@orange.fr"_s);
+    EXPECT_EQ(probe.field(u"Serveur d’envoi"_s)->text(), u"smtp.orange.fr"_s);
+    QTest::keyClicks(probe.field(u"Votre adresse"_s), u".example.com"_s);
+    EXPECT_EQ(probe.field(u"Serveur d’envoi"_s)->text(), QString());
+    EXPECT_FALSE(test()->isEnabled());
+    QTest::keyClicks(probe.field(u"Serveur d’envoi"_s), u" smtp.example.com"_s);
+    probe.type(u"Votre adresse"_s, {});
+    QTest::keyClicks(probe.field(u"Votre adresse"_s), u"alix@gmail.com"_s);
+    EXPECT_TRUE(probe.shows(u"compte Google"_s));
+    probe.type(u"Mot de passe"_s, u"secret"_s);
+    EXPECT_TRUE(sheet.hasUnsavedInput());
+    desktop.mailbox.testResult = TransportFailure{u"Refusé <b>"_s};
+    desktop.mailbox.placeOfNew = PasswordPlace::memory;
+    test()->click();
+    test()->click();
+    settle();
+    EXPECT_EQ(desktop.mailbox.tests, 1);
+    EXPECT_EQ(desktop.mailbox.passwords, QStringList{u"secret"_s});
+    EXPECT_TRUE(probe.shows(u"Refusé"_s) && probe.shows(u"redemandé à chaque démarrage"_s));
+    EXPECT_FALSE(sheet.hasUnsavedInput());
+    const MailSettings settings(desktop.preferences);
+    EXPECT_EQ(settings.road(), MailRoad::mailbox);
+    EXPECT_EQ(settings.account().host, u"smtp.example.com"_s) << "the user's own, trimmed";
+    EXPECT_EQ(settings.account().senderAddress, u"alix@gmail.com"_s);
+    EXPECT_FALSE(std::ranges::any_of(
+        desktop.preferences.texts, [](const auto &entry) { return entry.second == u"secret"_s; }));
 }
 
 struct Answer {
