@@ -1,5 +1,7 @@
 #include "platform/mime/header_text.h"
 
+#include <QByteArrayList>
+
 #include <algorithm>
 
 namespace quenoria {
