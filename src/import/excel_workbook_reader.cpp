@@ -14,6 +14,20 @@ namespace {
 
 const QString unsupportedFormat = u"Choisissez un fichier Excel au format .xlsx."_s;
 
+void read(const QString &path, WorkbookSink &sink, const ImportWatch &watch)
+{
+    WorkbookPackage package(path, watch);
+    const auto strings = std::make_shared<SharedStrings>();
+    if (const auto &part = package.sharedStrings())
+        *strings = SharedStringsXMLParser::parse(package.open(*part), part->size);
+    sink.beginWorkbook({strings, package.inflatedBytes()});
+    for (const WorkbookPackage::Part &part : package.worksheets()) {
+        sink.beginSheet();
+        WorksheetXMLParser(*strings).parse(package.open(part),
+                                           [&sink](const auto &row) { sink.row(row); });
+    }
+}
+
 } // namespace
 
 void ExcelWorkbookReader::readSheets(const QString &path, WorkbookSink &sink,
@@ -21,15 +35,10 @@ void ExcelWorkbookReader::readSheets(const QString &path, WorkbookSink &sink,
 {
     if (QFileInfo(path).suffix().compare(u"xlsx", Qt::CaseInsensitive) != 0)
         throw ReaderError(unsupportedFormat);
-    WorkbookPackage package(path, watch);
-    SharedStrings sharedStrings;
-    if (const auto &part = package.sharedStrings())
-        sharedStrings = SharedStringsXMLParser::parse(package.open(*part), part->size);
-    for (const WorkbookPackage::Part &part : package.worksheets()) {
-        sink.beginSheet();
-        WorksheetXMLParser(sharedStrings).parse(package.open(part), [&sink](const auto &row) {
-            sink.row(row);
-        });
+    try {
+        read(path, sink, watch);
+    } catch (const std::bad_alloc &) {
+        throw OutOfMemory();
     }
 }
 

@@ -134,7 +134,9 @@ std::string normalizedHeader(std::string_view text)
 
 std::optional<ColumnRole> columnRole(std::string_view cell)
 {
-    if (cell.empty() || !mayStartTitle(cell.front()) || std::ranges::any_of(cell, isDigit))
+    constexpr std::size_t longestCell = 1024; // more would be nearly all signs
+    if (cell.empty() || cell.size() > longestCell || !mayStartTitle(cell.front()) ||
+        std::ranges::any_of(cell, isDigit))
         return std::nullopt; // as for nearly every cell
     const std::string normalized = normalizedHeader(cell);
     const auto *const found =

@@ -19,6 +19,26 @@ class ReaderError : public ImportFailure {
     using ImportFailure::ImportFailure;
 };
 
+/// The file is no archive that holds worksheets, or a damaged one.
+class UnreadableWorkbook : public ReaderError {
+public:
+    UnreadableWorkbook()
+        : ReaderError(QStringLiteral("Le fichier Excel n’a pas pu être lu. Vérifiez qu’il n’est "
+                                     "pas endommagé."))
+    {
+    }
+};
+
+/// The memory does not suffice, whatever the workbook.
+class OutOfMemory : public ReaderError {
+public:
+    OutOfMemory()
+        : ReaderError(QStringLiteral("La mémoire disponible ne suffit pas pour importer ce "
+                                     "fichier Excel."))
+    {
+    }
+};
+
 /// The workbook was read but holds no contact table.
 class ImportError : public ImportFailure {
     using ImportFailure::ImportFailure;

@@ -4,6 +4,8 @@
 #include "import/department_details.h"
 #include "import/excel_workbook_reader.h"
 #include "import/header_text.h"
+#include "import/import_allowance.h"
+#include "import/reader_limits.h"
 #include "import/row_relay.h"
 #include "model/contact_rules.h"
 #include "model/text_order.h"
@@ -26,9 +28,9 @@ public:
     static Columns of(const WorksheetRow &row)
     {
         Columns columns;
-        for (const auto &[column, text] : row.cells()) {
-            if (const auto role = columnRole(text); role && !columns.find(*role))
-                columns.m_positions[std::size_t(*role)] = column;
+        for (const WorksheetCell &cell : row.cells()) {
+            if (const auto role = columnRole(cell.text); role && !columns.find(*role))
+                columns.m_positions[std::size_t(*role)] = cell.column;
         }
         return columns;
     }
@@ -41,7 +43,9 @@ public:
     std::string_view cell(const WorksheetRow &row, ColumnRole role) const
     {
         const auto column = find(role);
-        return column ? row[*column] : std::string_view();
+        const std::string_view text = column ? row[*column] : std::string_view();
+        readerLimits::contactCellBytes.check(text.size());
+        return text;
     }
 
     QString text(const WorksheetRow &row, ColumnRole role) const
@@ -94,24 +98,34 @@ private:
 
 class Analysis : public WorkbookSink {
 public:
-    explicit Analysis(const IdSet &existingIDs) : m_knownIDs(existingIDs) {}
+    Analysis(const IdSet &existingIDs, std::stop_token stop)
+        : m_knownIDs(existingIDs), m_stop(std::move(stop))
+    {
+    }
 
+    void beginWorkbook(const WorkbookFrame &frame) override { m_allowance.grant(frame); }
     void beginSheet() override { m_columns.reset(); }
     void row(const WorksheetRow &row) override;
     ProspectImportAnalysis finish();
 
 private:
     void readContact(const WorksheetRow &row);
+    void noteAddress(const QString &id, const QString &address);
+    void keep(Prospect contact, const DepartmentInfo &department, const QString &profession);
 
+    ImportAllowance m_allowance;
     std::optional<Columns> m_columns;
     KnownIds m_knownIDs;
     std::map<QString, DepartmentInfo> m_departments; ///< by code
     QSet<QString> m_professions;                     ///< one text for all who share a trade
+    std::stop_token m_stop;
     ProspectImportAnalysis m_result;
 };
 
 void Analysis::row(const WorksheetRow &row)
 {
+    if (m_stop.stop_requested()) // a batch of long texts takes its time
+        throw ImportAbandoned();
     if (const Columns columns = Columns::of(row); columns.makeHeader()) {
         m_columns = columns;
         ++m_result.headerRows;
@@ -140,7 +154,7 @@ void Analysis::readContact(const WorksheetRow &row)
     const QString id = mobile ? *mobile : u"email:"_s + *email;
     if (!m_knownIDs.insert(id)) {
         if (email)
-            m_result.emailUpdates[id] = *email;
+            noteAddress(id, *email);
         ++m_result.duplicates;
         return;
     }
@@ -150,11 +164,37 @@ void Analysis::readContact(const WorksheetRow &row)
     contact.label =
         contactLabel(name, m_columns->text(row, ColumnRole::town), department->code, contact.phone);
     contact.email = email;
-    contact.department = m_departments.insert_or_assign(department->code, *department).first->first;
     contact.isCustom = true;
-    const QString profession = m_columns->text(row, ColumnRole::profession);
-    if (!profession.isEmpty())
-        contact.profession = *m_professions.insert(profession);
+    keep(std::move(contact), *department, m_columns->text(row, ColumnRole::profession));
+}
+
+void Analysis::noteAddress(const QString &id, const QString &address)
+{
+    QString &noted = m_result.emailUpdates[id];
+    if (noted.isNull())
+        m_allowance.spend(id);
+    if (address.size() > noted.size())
+        m_allowance.spend(address);
+    noted = address;
+}
+
+void Analysis::keep(Prospect contact, const DepartmentInfo &department, const QString &profession)
+{
+    m_allowance.spend(contact);
+    const auto [known, isNew] = m_departments.try_emplace(department.code);
+    if (isNew || known->second.name != department.name) {
+        m_allowance.spend(department.name);
+        known->second = department;
+    }
+    contact.department = known->first;
+    if (!profession.isEmpty()) {
+        auto shared = m_professions.constFind(profession);
+        if (shared == m_professions.cend()) {
+            m_allowance.spend(profession);
+            shared = m_professions.insert(profession);
+        }
+        contact.profession = *shared;
+    }
     m_result.prospects.push_back(std::move(contact));
 }
 
@@ -177,11 +217,15 @@ ProspectImportAnalysis ProspectExcelImporter::analyze(const QString &workbookPat
                                                       const IdSet &existingIDs,
                                                       const ImportWatch &watch)
 {
-    Analysis analysis(existingIDs);
-    RowRelay relay(analysis);
-    ExcelWorkbookReader::readSheets(workbookPath, relay, watch);
-    relay.finish();
-    return analysis.finish();
+    try {
+        Analysis analysis(existingIDs, watch.stop);
+        RowRelay relay(analysis);
+        ExcelWorkbookReader::readSheets(workbookPath, relay, watch);
+        relay.finish();
+        return analysis.finish();
+    } catch (const std::bad_alloc &) {
+        throw OutOfMemory();
+    }
 }
 
 } // namespace quenoria

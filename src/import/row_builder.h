@@ -14,7 +14,7 @@ class RowBuilder {
 public:
     void clear();
     void setShared(std::size_t column, std::string_view text); ///< the text outlives the row
-    void setOwn(std::size_t column, std::string_view text);    ///< copies the text
+    void setOwn(std::size_t column, std::string_view text);    ///< copies; may refuse the row
     [[nodiscard]] WorksheetRow row();                          ///< valid until the next change
 
 private:
@@ -28,7 +28,8 @@ private:
     Slot &use(std::size_t column);
 
     std::vector<Slot> m_slots; ///< by column
-    std::vector<std::size_t> m_columns;
+    std::vector<std::uint32_t> m_columns;
+    std::size_t m_ownBytes = 0;
     std::vector<WorksheetCell> m_cells;
 };
 

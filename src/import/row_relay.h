@@ -27,7 +27,7 @@ private:
 
     std::vector<Step> m_steps;
     std::vector<WorksheetCell> m_cells; ///< their texts point into m_texts once replayed
-    std::string m_texts;                ///< end to end
+    std::string m_texts;                ///< end to end; shared ones stay where they are
 };
 
 /// Hands rows on to another sink on a thread of its own, in order and never two at once, while the
@@ -36,6 +36,7 @@ class RowRelay : public WorkbookSink {
 public:
     explicit RowRelay(WorkbookSink &target) : m_target(target) {}
 
+    void beginWorkbook(const WorkbookFrame &frame) override;
     void beginSheet() override;
     void row(const WorksheetRow &row) override;
 
@@ -46,6 +47,7 @@ private:
     void handOver();
 
     WorkbookSink &m_target;
+    std::shared_ptr<const SharedStrings> m_sharedStrings; ///< what the batches point into
     RowBatch m_filling;
     RowBatch m_replaying;
     std::future<void> m_running; ///< waits when destroyed, so it goes before what it uses

@@ -1,5 +1,7 @@
 #include "import/shared_strings_xml_parser.h"
 
+#include "import/reader_limits.h"
+
 namespace quenoria {
 
 SharedStrings SharedStringsXMLParser::parse(const ByteSource &source, std::size_t expectedBytes)
@@ -22,8 +24,10 @@ void SharedStringsXMLParser::startElement(std::string_view name, const char ** /
 
 void SharedStringsXMLParser::characters(std::string_view text)
 {
-    if (m_insideText)
-        m_strings.appendToLast(text);
+    if (!m_insideText)
+        return;
+    readerLimits::cellBytes.check(m_strings.lastBytes() + text.size());
+    m_strings.appendToLast(text);
 }
 
 void SharedStringsXMLParser::endElement(std::string_view name)

@@ -19,6 +19,9 @@ public:
         return std::string_view(m_texts).substr(start, m_ends[index] - start);
     }
 
+    std::size_t bytes() const { return m_texts.size() + m_ends.size() * sizeof(std::uint32_t); }
+    std::size_t lastBytes() const { return m_texts.size() - (m_ends.empty() ? 0 : m_ends.back()); }
+
     void reserve(std::size_t bytes) { m_texts.reserve(bytes); }
     void appendToLast(std::string_view text) { m_texts += text; }
     void closeLast() { m_ends.push_back(std::uint32_t(m_texts.size())); }

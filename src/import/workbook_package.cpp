@@ -1,11 +1,9 @@
 #include "import/workbook_package.h"
 
-#include "import/import_error.h"
+#include "import/reader_limits.h"
 #include "model/text_order.h"
 
-#include <QFile>
-
-#include <zip.h>
+#include <QSet>
 
 #include <algorithm>
 
@@ -15,13 +13,19 @@ namespace quenoria {
 
 namespace {
 
-const QString unreadableWorkbook =
-    u"Le fichier Excel n’a pas pu être lu. Vérifiez qu’il n’est pas endommagé."_s;
-const QString tooLarge = u"Le fichier Excel est trop volumineux pour être importé."_s;
+const QString unknownCompression =
+    u"Le fichier Excel est compressé d’une façon que l’import ne sait pas lire."_s;
+const QString repeatedPart = u"Le fichier Excel contient deux parties du même nom."_s;
 
-/// Twice what the fullest worksheet of seven columns takes. An archive of a few kilobytes can
-/// declare any size, and reading is what costs.
-constexpr std::uint64_t mostBytes = 512ULL * 1024 * 1024;
+/// "\\XL\\.\\Worksheets\\sheet1.xml" -> "XL/Worksheets/sheet1.xml"; empty for a folder, or a path
+/// that leads out of one.
+QString partName(const char *member)
+{
+    const QString path = QString::fromUtf8(member).replace(u'\\', u'/');
+    QStringList names = path.split(u'/', Qt::SkipEmptyParts);
+    names.removeAll(u"."_s);
+    return path.endsWith(u'/') || names.contains(u".."_s) ? QString() : names.join(u'/');
+}
 
 bool precedes(const WorkbookPackage::Part &a, const WorkbookPackage::Part &b)
 {
@@ -32,44 +36,48 @@ bool precedes(const WorkbookPackage::Part &a, const WorkbookPackage::Part &b)
 } // namespace
 
 WorkbookPackage::WorkbookPackage(const QString &path, const ImportWatch &watch)
-    : m_archive(zip_open(QFile::encodeName(path).constData(), ZIP_RDONLY, nullptr), &zip_discard),
-      m_watch(watch)
+    : m_file(path, watch.stop), m_archive(m_file.openArchive(), &zip_discard), m_watch(watch)
 {
-    if (!m_archive)
-        throw ReaderError(unreadableWorkbook);
-    for (auto &[name, part] : members())
-        keep(name, std::move(part));
+    findParts();
     if (m_worksheets.empty())
-        throw ReaderError(unreadableWorkbook);
+        throw UnreadableWorkbook();
     std::ranges::sort(m_worksheets, &precedes);
 }
 
-/// By path. Of several members with one path the last counts, as it would on a disk.
-std::map<QString, WorkbookPackage::Part> WorkbookPackage::members() const
+void WorkbookPackage::findParts()
 {
-    std::map<QString, Part> members;
-    const zip_int64_t count = zip_get_num_entries(m_archive.get(), 0);
-    for (zip_uint64_t index = 0; index < zip_uint64_t(count); ++index) {
+    const auto count = zip_uint64_t(zip_get_num_entries(m_archive.get(), 0));
+    readerLimits::parts.check(count);
+    QSet<QString> names;
+    for (zip_uint64_t index = 0; index < count; ++index) {
         zip_stat_t entry;
         if (zip_stat_index(m_archive.get(), index, 0, &entry) != 0)
-            throw ReaderError(unreadableWorkbook);
-        const QString name = QString::fromUtf8(entry.name);
-        members[name] = Part{name, index, entry.size};
+            throw UnreadableWorkbook();
+        const QString name = partName(entry.name);
+        if (name.isEmpty())
+            continue;
+        const QString folded = name.toCaseFolded();
+        if (names.contains(folded))
+            throw ReaderError(repeatedPart);
+        names.insert(folded);
+        keep(entry, {name, index, entry.size});
     }
-    return members;
 }
 
-void WorkbookPackage::keep(const QString &name, Part part)
+void WorkbookPackage::keep(const zip_stat_t &entry, Part part)
 {
+    const QString name = part.name.toCaseFolded();
     const QString folder = u"xl/worksheets/"_s;
     const QString file = name.startsWith(folder) ? name.sliced(folder.size()) : QString();
-    const bool isWorksheet = file.endsWith(u".xml", Qt::CaseInsensitive) && !file.contains(u'/') &&
-                             !file.startsWith(u'.');
-    if (!isWorksheet && name != u"xl/sharedStrings.xml")
+    const bool isWorksheet =
+        file.endsWith(u".xml"_s) && !file.contains(u'/') && !file.startsWith(u'.');
+    if (!isWorksheet && name != u"xl/sharedstrings.xml"_s)
         return;
-    if (part.size > mostBytes - m_size)
-        throw ReaderError(tooLarge);
+    if (entry.comp_method != ZIP_CM_STORE && entry.comp_method != ZIP_CM_DEFLATE)
+        throw ReaderError(unknownCompression);
+    readerLimits::inflatedBytes.check(part.size);
     m_size += part.size;
+    readerLimits::inflatedBytes.check(m_size);
     if (isWorksheet)
         m_worksheets.push_back(std::move(part));
     else
@@ -84,11 +92,14 @@ ByteSource WorkbookPackage::open(const Part &part)
                                                    zip_fclose(opened);
                                            });
     if (!file)
-        throw ReaderError(unreadableWorkbook);
-    return [this, file](std::span<char> buffer) {
+        m_file.fail();
+    return [this, file, left = part.size](std::span<char> buffer) mutable {
         const zip_int64_t count = zip_fread(file.get(), buffer.data(), buffer.size());
         if (count < 0)
-            throw ReaderError(unreadableWorkbook);
+            m_file.fail();
+        if (std::uint64_t(count) > left) // longer than declared
+            throw UnreadableWorkbook();
+        left -= std::uint64_t(count);
         advance(std::uint64_t(count));
         return std::size_t(count);
     };
@@ -97,12 +108,10 @@ ByteSource WorkbookPackage::open(const Part &part)
 void WorkbookPackage::advance(std::uint64_t bytes)
 {
     m_read += bytes;
-    if (m_read > m_size)
-        throw ReaderError(unreadableWorkbook); // a part is longer than declared
     if (m_watch.stop.stop_requested())
         throw ImportAbandoned();
     if (m_watch.progress)
-        m_watch.progress(double(m_read) / double(m_size));
+        m_watch.progress(m_size == 0 ? 1.0 : double(m_read) / double(m_size));
 }
 
 } // namespace quenoria

@@ -1,17 +1,15 @@
 #pragma once
 
+#include "import/archive_file.h"
 #include "import/byte_source.h"
 #include "import/import_watch.h"
 
 #include <QString>
 
 #include <cstdint>
-#include <map>
 #include <memory>
 #include <optional>
 #include <vector>
-
-struct zip;
 
 namespace quenoria {
 
@@ -20,7 +18,7 @@ namespace quenoria {
 class WorkbookPackage {
 public:
     struct Part {
-        QString name; ///< path inside the archive
+        QString name; ///< path inside the archive, written the one usual way
         std::uint64_t index = 0;
         std::uint64_t size = 0; ///< inflated, as the archive declares it
     };
@@ -29,6 +27,7 @@ public:
                     const ImportWatch &watch); ///< keeps a reference to the watch
 
     const std::optional<Part> &sharedStrings() const { return m_sharedStrings; }
+    std::uint64_t inflatedBytes() const { return m_size; }
     const std::vector<Part> &worksheets() const { return m_worksheets; } ///< in reading order
 
     /// The part's inflated bytes. Its end is reached only once size and checksum have been found
@@ -36,11 +35,12 @@ public:
     ByteSource open(const Part &part);
 
 private:
-    std::map<QString, Part> members() const;
-    void keep(const QString &name, Part part);
+    void findParts();
+    void keep(const zip_stat_t &entry, Part part);
     void advance(std::uint64_t bytes);
 
-    std::unique_ptr<zip, void (*)(zip *)> m_archive;
+    ArchiveFile m_file; ///< outlives the archive
+    std::unique_ptr<zip_t, void (*)(zip_t *)> m_archive;
     const ImportWatch &m_watch;
     std::optional<Part> m_sharedStrings;
     std::vector<Part> m_worksheets;

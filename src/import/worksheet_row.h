@@ -1,6 +1,7 @@
 #pragma once
 
 #include <algorithm>
+#include <cstdint>
 #include <span>
 #include <string_view>
 
@@ -8,12 +9,13 @@ namespace quenoria {
 
 /// One cell that holds a text, in UTF-8.
 struct WorksheetCell {
-    std::size_t column = 0; ///< from 0, which is column A
+    std::uint32_t column = 0; ///< from 0, which is column A
+    bool isShared = false;    ///< the text lives as long as the workbook's shared strings
     std::string_view text;
 };
 
 /// One row as its reader is handed it: the cells that hold a text, from left to right. It and its
-/// texts live until that call returns.
+/// texts live until that call returns, shared texts longer.
 class WorksheetRow {
 public:
     explicit WorksheetRow(std::span<const WorksheetCell> cells) : m_cells(cells) {}
@@ -30,7 +32,7 @@ public:
     }
 
     /// One more than the last column that holds a text.
-    std::size_t size() const { return m_cells.empty() ? 0 : m_cells.back().column + 1; }
+    std::size_t size() const { return m_cells.empty() ? 0 : m_cells.back().column + 1UL; }
 
 private:
     std::span<const WorksheetCell> m_cells;

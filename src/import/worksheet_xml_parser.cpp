@@ -1,6 +1,6 @@
 #include "import/worksheet_xml_parser.h"
 
-#include "import/import_error.h"
+#include "import/reader_limits.h"
 
 #include <charconv>
 #include <optional>
@@ -25,6 +25,12 @@ std::optional<std::size_t> tableIndex(std::string_view text, std::size_t size)
     if (error != std::errc() || last != end || index < 0 || std::size_t(index) >= size)
         return std::nullopt;
     return std::size_t(index);
+}
+
+void append(std::string &collected, std::string_view text)
+{
+    readerLimits::cellBytes.check(collected.size() + text.size());
+    collected += text;
 }
 
 } // namespace
@@ -83,9 +89,9 @@ void WorksheetXMLParser::startCell(const char **attributes)
 void WorksheetXMLParser::characters(std::string_view text)
 {
     if (m_insideValue)
-        m_valueText += text;
+        append(m_valueText, text);
     if (m_insideInlineText)
-        m_inlineText += text;
+        append(m_inlineText, text);
 }
 
 void WorksheetXMLParser::endElement(std::string_view name)

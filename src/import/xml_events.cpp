@@ -1,6 +1,6 @@
 #include "import/xml_events.h"
 
-#include "import/import_error.h"
+#include "import/reader_limits.h"
 
 #include <expat.h>
 #include <malloc.h>
@@ -33,18 +33,17 @@ namespace {
 
 constexpr int chunkSize = 64 * 1024;
 
-/// expat scans an unfinished tag anew with each chunk, so that an endless one costs its square.
-constexpr XML_Index longestMarkup = 1024L * 1024;
-
-/// expat keeps every open element and every name it ever saw; a real workbook needs a few kB.
-constexpr std::size_t mostMemory = 32UL * 1024 * 1024;
+const QString documentType = u"Le fichier Excel contient une déclaration de type de document, "
+                             u"ce qu’un classeur n’a jamais."_s;
+const QString unknownCharset =
+    u"Le fichier Excel est écrit dans un jeu de caractères que l’import ne sait pas lire."_s;
 
 thread_local std::size_t memoryInUse = 0;
 
 void *reallocate(void *block, std::size_t size)
 {
     const std::size_t before = malloc_usable_size(block);
-    if (memoryInUse - before + size > mostMemory)
+    if (memoryInUse - before + size > readerLimits::parserBytes.most)
         return nullptr;
     void *grown = std::realloc(block, size);
     if (grown)
@@ -92,11 +91,15 @@ private:
 
     static void start(void *data, const char *name, const char **attributes)
     {
-        guarded(data, [=](XmlEvents &events) { events.startElement(localName(name), attributes); });
+        guarded(data, [=, &depth = static_cast<Parse *>(data)->m_depth](XmlEvents &events) {
+            readerLimits::depth.check(++depth);
+            events.startElement(localName(name), attributes);
+        });
     }
 
     static void end(void *data, const char *name)
     {
+        --static_cast<Parse *>(data)->m_depth;
         guarded(data, [=](XmlEvents &events) { events.endElement(localName(name)); });
     }
 
@@ -107,7 +110,7 @@ private:
 
     static void refuseDocumentType(void *data, const char *, const char *, const char *, int)
     {
-        XML_StopParser(static_cast<Parse *>(data)->parser(), XML_FALSE);
+        guarded(data, [](XmlEvents &) { throw ReaderError(documentType); });
     }
 
     [[noreturn]] void fail(const ByteSource &source) const;
@@ -116,6 +119,7 @@ private:
         XML_ParserCreate_MM(nullptr, &limitedMemory, nullptr), &XML_ParserFree};
     XmlEvents &m_events;
     std::exception_ptr m_thrown;
+    std::uint64_t m_depth = 0;
 };
 
 void Parse::run(const ByteSource &source)
@@ -128,9 +132,9 @@ void Parse::run(const ByteSource &source)
         const std::size_t size = source({buffer, chunkSize});
         atEnd = size == 0;
         fed += XML_Index(size);
-        if (XML_ParseBuffer(parser(), int(size), atEnd) != XML_STATUS_OK ||
-            fed - XML_GetCurrentByteIndex(parser()) > longestMarkup)
+        if (XML_ParseBuffer(parser(), int(size), atEnd) != XML_STATUS_OK)
             fail(source);
+        readerLimits::markupBytes.check(std::uint64_t(fed - XML_GetCurrentByteIndex(parser())));
     }
 }
 
@@ -141,6 +145,11 @@ void Parse::fail(const ByteSource &source) const
     std::array<char, chunkSize> rest; // a damaged archive only tells at the end of the part
     while (source(rest) > 0)
         continue;
+    const XML_Error error = XML_GetErrorCode(parser());
+    if (error == XML_ERROR_NO_MEMORY)
+        readerLimits::parserBytes.refuse();
+    if (error == XML_ERROR_UNKNOWN_ENCODING || error == XML_ERROR_INCORRECT_ENCODING)
+        throw ReaderError(unknownCharset);
     throw ReaderError(u"Le contenu du fichier Excel n’est pas valide (ligne %1, colonne %2)."_s
                           .arg(XML_GetCurrentLineNumber(parser()))
                           .arg(XML_GetCurrentColumnNumber(parser()) + 1));

@@ -9,6 +9,7 @@
 
 #include <gtest/gtest.h>
 
+#include <ctime>
 #include <random>
 
 using namespace quenoria;
@@ -67,6 +68,29 @@ TEST(ImportAnalysis, CanBeFollowedAndAbandoned)
     EXPECT_TRUE(std::ranges::is_sorted(shares));
     EXPECT_GT(shares.front(), 0);
     EXPECT_LT(shares.back(), 1);
+}
+
+TEST(ImportAnalysis, StopsAtOnceAmongTextsThatTakeLong)
+{
+    for (const QString &name : {u"slow_mobiles"_s, u"long_names"_s, u"shared_megabyte"_s}) {
+        std::stop_source stop;
+        std::clock_t asked = 0; // the time of our own processor: others do not count
+        const auto progress = [&](double share) {
+            if (share > 0.5 && !stop.stop_requested()) {
+                asked = std::clock();
+                stop.request_stop();
+            }
+        };
+        EXPECT_THROW((void)ProspectExcelImporter::analyze(testData(u"hostile/%1.xlsx"_s.arg(name)),
+                                                          {}, {stop.get_token(), progress}),
+                     ImportAbandoned);
+        EXPECT_LT(std::clock() - asked, CLOCKS_PER_SEC / 4) << name.toStdString();
+    }
+    std::stop_source before;
+    before.request_stop();
+    EXPECT_THROW((void)ProspectExcelImporter::analyze(testData(u"hostile/bomb_declared.xlsx"_s), {},
+                                                      {before.get_token(), {}}),
+                 ImportAbandoned);
 }
 
 TEST(ImportAnalysis, DepartmentsAreReadInAllTheirSpellings)
