@@ -6,6 +6,7 @@
 #include "import/excel_workbook_reader.h"
 #include "import/import_report.h"
 #include "import/prospect_excel_importer.h"
+#include "report.h"
 #include "store/prospect_store.h"
 #include "support/fake_desktop.h"
 
@@ -121,16 +122,22 @@ Outcomes measureAll(const QString &workbook)
     return best;
 }
 
-Outcomes report(const QString &workbook, int contacts)
+/// Measures the work on a workbook of so many contacts; the budgets are those of a large one.
+Outcomes reportOn(Report &report, const QString &workbook, int contacts)
 {
+    const bool isLarge = contacts >= 100'000;
     measureOnce([&] { return timed([&] { writeContactWorkbook(workbook, contacts); }); });
     const double inflated = double(inflateAndParse(workbook)) / mega;
     const Outcomes outcomes = measureAll(workbook);
-    std::printf("%8d %9.1f %8.3f", contacts, inflated, outcomes[0].seconds);
-    for (std::size_t i = 1; i < outcomes.size(); ++i)
-        std::printf("  %8.3f %5.2f", outcomes[i].seconds,
-                    outcomes[i].seconds / outcomes[0].seconds);
-    std::printf("  %8.1f %5.2f\n", outcomes.back().megabytes, outcomes.back().megabytes / inflated);
+    const auto ratio = [&](const char *what, std::size_t measure, double budget) {
+        report.ratio(what, contacts, outcomes[0].seconds, outcomes[measure].seconds,
+                     isLarge ? budget : 0);
+    };
+    ratio("read, s", 1, 1.2);
+    ratio("read and analysed, s", 2, 0);
+    ratio("read, analysed and merged, s", 3, 1.6);
+    report.ratio("memory of it, to inflated parts, MB", contacts, inflated,
+                 outcomes.back().megabytes, isLarge ? 2.4 : 0);
     return outcomes;
 }
 
@@ -143,18 +150,12 @@ int main(int argc, char **argv)
     QCoreApplication application(argc, argv);
     const QTemporaryDir folder;
     const QString workbook = folder.filePath(QStringLiteral("contacts.xlsx"));
-    std::puts(
-        "Seconds, each followed by its ratio to the floor. Budgets at 100,000 contacts: read 1.3,\n"
-        "import 2.2, memory 3 times the inflated parts; growth from 10,000 at most 11.\n");
-    std::puts("contacts  inflated    floor      read     +      analyse     +"
-              "      import     +      memory     +\n"
-              "               MB        s         s  ratio         s  ratio"
-              "         s  ratio        MB  ratio");
-    report(workbook, 1'000);
-    const Outcomes tenThousand = report(workbook, 10'000);
-    const Outcomes hundredThousand = report(workbook, 100'000);
-    std::printf("\nGrowth from 10,000 to 100,000: read %.1f, import %.1f\n",
-                hundredThousand[1].seconds / tenThousand[1].seconds,
-                hundredThousand[3].seconds / tenThousand[3].seconds);
-    return 0;
+    Report report;
+    report.heading("floor");
+    reportOn(report, workbook, 1'000);
+    const Outcomes tenThousand = reportOn(report, workbook, 10'000);
+    const Outcomes hundredThousand = reportOn(report, workbook, 100'000);
+    report.figure("growth of the import from 10,000", 100'000,
+                  hundredThousand[3].seconds / tenThousand[3].seconds, 11);
+    return report.exitStatus();
 }

@@ -2,6 +2,7 @@
 // reading and parsing the same files.
 
 #include "contact_files.h"
+#include "report.h"
 #include "store/prospect_store.h"
 #include "support/fake_desktop.h"
 #include "synced_file.h"
@@ -12,7 +13,6 @@
 #include <simdjson.h>
 
 #include <chrono>
-#include <cstdio>
 
 namespace quenoria::bench {
 namespace {
@@ -71,13 +71,7 @@ double measure(
     return best.count();
 }
 
-void print(const char *what, int contacts, double floor, double measured, double budget)
-{
-    std::printf("%-28s %8d %10.2f %10.2f %6.2f  (at most %.1f)\n", what, contacts, floor, measured,
-                measured / floor, budget);
-}
-
-void reportTick(int contacts)
+void reportTick(Report &report, int contacts)
 {
     test::FakeDesktop desktop;
     writeFiles(desktop, contacts);
@@ -88,7 +82,7 @@ void reportTick(int contacts)
     const double floor = measure([&](int) { writeSynced(path, bytes); });
     const double tick =
         measure([&](int run) { store.setSent(false, store.allProspects()[std::size_t(run)]); });
-    print("one tick, file written", contacts, floor, tick, 1.3);
+    report.ratio("one tick, file written", contacts, floor, tick, 1.3);
 }
 
 void parse(const QString &path)
@@ -102,7 +96,7 @@ void parse(const QString &path)
         std::fputs("the floor could not parse\n", stderr);
 }
 
-void reportStart(int contacts)
+void reportStart(Report &report, int contacts, double budget)
 {
     test::FakeDesktop desktop;
     writeFiles(desktop, contacts);
@@ -114,7 +108,7 @@ void reportStart(int contacts)
     std::optional<ProspectStore> store;
     const double start =
         measure([&](int) { store.emplace(desktop.platform()); }, [&] { store.reset(); });
-    print("start of the store", contacts, floor, start, 4.0);
+    report.ratio("start of the store", contacts, floor, start, budget);
 }
 
 } // namespace
@@ -123,10 +117,11 @@ void reportStart(int contacts)
 int main(int argc, char **argv)
 {
     const QCoreApplication application(argc, argv);
-    std::printf("%-28s %8s %10s %10s %6s\n", "", "contacts", "floor ms", "store ms", "ratio");
+    quenoria::bench::Report report;
+    report.heading("floor, ms");
     for (const int contacts : {5'000, 100'000})
-        quenoria::bench::reportTick(contacts);
-    for (const int contacts : {10'000, 100'000})
-        quenoria::bench::reportStart(contacts);
-    return 0;
+        quenoria::bench::reportTick(report, contacts);
+    quenoria::bench::reportStart(report, 10'000, 4.0);
+    quenoria::bench::reportStart(report, 100'000, 2.5);
+    return report.exitStatus();
 }

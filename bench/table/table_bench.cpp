@@ -1,7 +1,8 @@
 // What a user waits for in the table: a letter in the search field, a click on a header, a tick
-// with its file written, a page of scrolling; and the memory that the contacts take.
+// with its file written, a page of scrolling.
 
 #include "contact_files.h"
+#include "report.h"
 #include "store/prospect_store.h"
 #include "support/fake_desktop.h"
 #include "synced_file.h"
@@ -26,6 +27,8 @@ constexpr int runs = 9;
 constexpr int pages = 60;
 constexpr int sends = 6;
 constexpr double frame = 16;
+constexpr double firstLetter = 150;
+constexpr double onePage = 4;
 
 void writeFiles(const test::FakeDesktop &desktop, int contacts)
 {
@@ -78,61 +81,37 @@ double fastest(Work &&work)
     return best;
 }
 
-void print(const QString &what, double measured, double budget = 0)
-{
-    std::printf("  %-34s %10.2f", qUtf8Printable(what), measured);
-    if (budget > 0)
-        std::printf("  (at most %.0f)%s", budget, measured > budget ? "  MISSED" : "");
-    std::printf("\n");
-}
-
-double residentMegabytes()
-{
-    QFile status(u"/proc/self/statm"_s);
-    if (!status.open(QIODevice::ReadOnly))
-        return 0;
-    constexpr double pageSize = 4096;
-    return status.readAll().split(' ')[1].toDouble() * pageSize / (1 << 20);
-}
-
 /// One contact list in a table on the screen.
 class Scene {
 public:
-    explicit Scene(int contacts) : m_contacts(contacts)
+    Scene(Report &report, int contacts) : m_report(report), m_contacts(contacts)
     {
         writeFiles(m_desktop, contacts);
         m_store.emplace(m_desktop.platform());
-        const double before = residentMegabytes();
-        const double opening = milliseconds([this] {
-            m_model.emplace(*m_store, m_switches, m_desktop.clock);
-            m_view.emplace(*m_model);
-        });
+        figure("open the table, ms", milliseconds([this] {
+                   m_model.emplace(*m_store, m_switches, m_desktop.clock);
+                   m_view.emplace(*m_model);
+               }));
         m_view->resize(1280, 600);
         m_view->show();
         QApplication::processEvents();
-        std::printf("%d contacts\n", contacts);
-        print(u"open the table, ms"_s, opening);
-        print(u"memory of the table, MB"_s, residentMegabytes() - before);
     }
 
     void search()
     {
-        // 10,000 contacts within 50 ms; more of them in proportion.
-        const double budget = 50.0 * std::max(1, m_contacts / 10'000);
-        print(u"first letter ever, ms"_s, milliseconds([this] { type(u"a"_s); }), budget);
-        print(u"one letter, ms"_s, fastest([this](int run) { type(run % 2 ? u"ga"_s : u"g"_s); }),
-              budget);
-        print(u"search emptied, ms"_s, milliseconds([this] { type({}); }), budget);
-        print(u"memory with its search texts, MB"_s, residentMegabytes());
+        figure("first letter ever, ms", milliseconds([this] { type(u"a"_s); }), firstLetter);
+        figure("one letter, ms", fastest([this](int run) { type(run % 2 ? u"ga"_s : u"g"_s); }),
+               frame);
+        figure("search emptied, ms", milliseconds([this] { type({}); }));
     }
 
     void sort()
     {
         for (int column = 0; column < m_model->columnCount(); ++column) {
             if (contactColumns()[std::size_t(column)].sort)
-                print(u"header « %1 », ms"_s.arg(
-                          m_model->headerData(column, Qt::Horizontal).toString()),
-                      milliseconds([this, column] { m_model->toggleSort(column); }));
+                figure(qUtf8Printable(u"header « %1 », ms"_s.arg(
+                           m_model->headerData(column, Qt::Horizontal).toString())),
+                       milliseconds([this, column] { m_model->toggleSort(column); }));
         }
         m_model->sort(columnOf(SortColumn::name), Qt::AscendingOrder);
     }
@@ -146,8 +125,7 @@ public:
         const double ticked = fastest([this, column](int run) {
             m_model->setData(m_model->index(run, column), Qt::Checked, Qt::CheckStateRole);
         });
-        print(u"writing the same bytes, ms"_s, floor);
-        print(u"one tick, file written, ms"_s, ticked, 1.3 * floor);
+        m_report.ratio("one tick, file written, ms", m_contacts, floor, ticked, 1.3);
     }
 
     void scroll()
@@ -164,16 +142,22 @@ public:
                                    m_view->render(&image);
                                }));
         }
-        print(u"slowest of 60 pages painted, ms"_s, slowest, frame);
+        figure("slowest of 60 pages painted, ms", slowest, onePage);
     }
 
 private:
+    void figure(const char *what, double measured, double budget = 0)
+    {
+        m_report.figure(what, m_contacts, measured, budget);
+    }
+
     void type(const QString &text)
     {
         m_model->setSearchText(text);
         QApplication::processEvents();
     }
 
+    Report &m_report;
     int m_contacts;
     test::FakeDesktop m_desktop;
     Switches m_switches{m_desktop.preferences};
@@ -191,12 +175,14 @@ int main(int argc, char **argv)
         qputenv("QT_QPA_PLATFORM", "offscreen");
     const QApplication application(argc, argv);
     quenoria::applyTheme(quenoria::Appearance::light);
+    quenoria::bench::Report report;
+    report.heading("floor");
     for (const int contacts : {5'000, 10'000, 100'000}) {
-        quenoria::bench::Scene scene(contacts);
+        quenoria::bench::Scene scene(report, contacts);
         scene.scroll();
         scene.search();
         scene.sort();
         scene.tick();
     }
-    return 0;
+    return report.exitStatus();
 }

@@ -7,6 +7,7 @@
 #include "platform/demo/demo_desktop.h"
 #include "platform/linux/color_scheme_setting.h"
 #include "platform/linux/linux_desktop.h"
+#include "platform/linux/memory.h"
 #include "platform/qt/main_window.h"
 #include "platform/qt/single_instance.h"
 #include "platform/qt/termination_signals.h"
@@ -23,6 +24,7 @@
 #include <QLibraryInfo>
 #include <QLoggingCategory>
 #include <QSessionManager>
+#include <QTimer>
 #include <QTranslator>
 
 #include <csignal>
@@ -99,6 +101,7 @@ int execute(ContentView &window, TerminationSignals &termination)
         asked = 0;
         termination.rearm();
     });
+    QTimer::singleShot(0, &window, &returnFreeMemory); // of the files that were read
     const int failure = QApplication::exec();
     return failure != 0 ? failure : asked;
 }

@@ -7,8 +7,9 @@
 #include <algorithm>
 #include <array>
 #include <charconv>
-#include <iterator>
+#include <functional>
 #include <set>
+#include <string>
 #include <utility>
 
 namespace quenoria {
@@ -25,40 +26,30 @@ QString qString(std::string_view text)
     return text.starts_with(mark) ? QChar(QChar::ByteOrderMark) + read : read;
 }
 
-bool read(Node node, QString &out)
-{
-    std::string_view text;
-    if (node.get_string().get(text) != simdjson::SUCCESS)
-        return false;
-    out = qString(text);
-    return true;
-}
-
-bool read(Node node, bool &out) { return node.get_bool().get(out) == simdjson::SUCCESS; }
-
-bool read(Node node, Instant &out)
-{
-    std::string_view text;
-    if (node.get_string().get(text) != simdjson::SUCCESS)
-        return false;
-    const auto instant = instantFromText(QByteArrayView(text.data(), qsizetype(text.size())));
-    if (instant)
-        out = *instant;
-    return instant.has_value();
-}
-
-template <typename T>
-bool read(Node node, std::vector<T> &out);
-
-template <typename T>
-bool read(Node node, std::optional<T> &out)
-{
-    if (node.is_null()) {
-        out.reset();
-        return true;
+/// Gives texts that come again and again (departments, trades, comments, templates) the same
+/// memory: a hundred thousand contacts hold a few dozen of them.
+class RecentTexts {
+public:
+    QString text(std::string_view utf8)
+    {
+        if (utf8.size() > longest)
+            return qString(utf8);
+        Recent &recent = m_recent[std::hash<std::string_view>()(utf8) % m_recent.size()];
+        if (recent.utf8 != utf8 || recent.text.isNull())
+            recent = {std::string(utf8), qString(utf8)};
+        return recent.text;
     }
-    return read(node, out.emplace());
-}
+
+private:
+    static constexpr std::size_t longest = 64;
+    static constexpr std::size_t count = 256;
+
+    struct Recent {
+        std::string utf8;
+        QString text;
+    };
+    std::vector<Recent> m_recent{count};
+};
 
 template <typename T>
 constexpr bool isOptional = false;
@@ -83,18 +74,19 @@ bool readMembers(Node node, const TakeMember &take)
     return true;
 }
 
-/// Reads the one field that has the name, if any, and marks it as seen.
-template <HasFields Record, std::size_t... I>
-bool readMember(std::string_view name, Node value, Record &out,
-                std::array<bool, sizeof...(I)> &seen, std::index_sequence<I...> /*positions*/)
+/// The same for each element of an array.
+template <typename TakeElement>
+bool readElements(Node node, const TakeElement &take)
 {
-    const auto readIfNamed = [&](const auto &field, bool &fieldSeen) {
-        if (name != field.name)
-            return true;
-        fieldSeen = true;
-        return read(value, out.*field.member);
-    };
-    return (readIfNamed(std::get<I>(Record::fields), std::get<I>(seen)) && ...);
+    simdjson::ondemand::array array;
+    if (node.get_array().get(array) != simdjson::SUCCESS)
+        return false;
+    for (auto element : array) {
+        Node value;
+        if (std::move(element).get(value) != simdjson::SUCCESS || !take(value))
+            return false;
+    }
+    return true;
 }
 
 template <HasFields Record, std::size_t... I>
@@ -106,51 +98,108 @@ bool hasEveryRequired(const std::array<bool, sizeof...(I)> &seen,
                                                      std::get<I>(Record::fields).member)>>)&&...);
 }
 
-template <HasFields Record>
-bool read(Node node, Record &out)
-{
-    constexpr auto positions = std::make_index_sequence<fieldCount<Record>>{};
-    std::array<bool, fieldCount<Record>> seen{};
-    const auto take = [&](std::string_view name, Node value) {
-        return readMember(name, value, out, seen, positions);
-    };
-    return readMembers(node, take) && hasEveryRequired<Record>(seen, positions);
-}
-
-template <typename T>
-bool read(Node node, std::vector<T> &out)
-{
-    simdjson::ondemand::array array;
-    if (node.get_array().get(array) != simdjson::SUCCESS)
-        return false;
-    out.clear();
-    for (auto element : array) {
-        Node value;
-        if (std::move(element).get(value) != simdjson::SUCCESS || !read(value, out.emplace_back()))
+/// Reads one file; each read() is false where the file is not of the shape.
+class Decoder {
+public:
+    bool read(Node node, QString &out)
+    {
+        std::string_view text;
+        if (node.get_string().get(text) != simdjson::SUCCESS)
             return false;
+        out = m_texts.text(text);
+        return true;
     }
-    return true;
-}
 
-bool read(Node node, std::set<QString> &out)
-{
-    std::vector<QString> texts;
-    if (!read(node, texts))
-        return false;
-    out = std::set<QString>(std::make_move_iterator(texts.begin()),
-                            std::make_move_iterator(texts.end()));
-    return true;
-}
+    bool read(Node node, bool &out) { return node.get_bool().get(out) == simdjson::SUCCESS; }
 
-template <typename T>
-bool read(Node node, JsonMembers<T> &out)
-{
-    return readMembers(node, [&out](std::string_view name, Node value) {
-        auto &member = out.emplace_back();
-        member.first = qString(name);
-        return read(value, member.second);
-    });
-}
+    bool read(Node node, Instant &out)
+    {
+        std::string_view text;
+        if (node.get_string().get(text) != simdjson::SUCCESS)
+            return false;
+        const auto instant = instantFromText(QByteArrayView(text.data(), qsizetype(text.size())));
+        if (instant)
+            out = *instant;
+        return instant.has_value();
+    }
+
+    template <typename T>
+    bool read(Node node, std::optional<T> &out)
+    {
+        if (node.is_null()) {
+            out.reset();
+            return true;
+        }
+        return read(node, out.emplace());
+    }
+
+    template <HasFields Record>
+    bool read(Node node, Record &out)
+    {
+        constexpr auto positions = std::make_index_sequence<fieldCount<Record>>{};
+        std::array<bool, fieldCount<Record>> seen{};
+        const auto take = [&](std::string_view name, Node value) {
+            return readMember(name, value, out, seen, positions);
+        };
+        return readMembers(node, take) && hasEveryRequired<Record>(seen, positions);
+    }
+
+    template <typename T>
+    bool read(Node node, std::vector<T> &out)
+    {
+        out.clear();
+        return readElements(node, [&](Node value) { return read(value, out.emplace_back()); });
+    }
+
+    bool read(Node node, std::vector<Instant> &out)
+    {
+        m_instants.clear();
+        const auto take = [this](Node value) { return read(value, m_instants.emplace_back()); };
+        const bool isRead = readElements(node, take);
+        out = m_instants; // a history of just its size: there are two for each contact
+        return isRead;
+    }
+
+    bool read(Node node, std::set<QString> &out)
+    {
+        out.clear();
+        return readElements(node, [&out](Node value) {
+            std::string_view text;
+            const bool isText = value.get_string().get(text) == simdjson::SUCCESS;
+            if (isText)
+                out.insert(out.end(), qString(text)); // in a file they stand sorted
+            return isText;
+        });
+    }
+
+    template <typename T>
+    bool read(Node node, JsonMembers<T> &out)
+    {
+        return readMembers(node, [&](std::string_view name, Node value) {
+            auto &member = out.emplace_back();
+            member.first = qString(name);
+            return read(value, member.second);
+        });
+    }
+
+private:
+    /// Reads the one field that has the name, if any, and marks it as seen.
+    template <HasFields Record, std::size_t... I>
+    bool readMember(std::string_view name, Node value, Record &out,
+                    std::array<bool, sizeof...(I)> &seen, std::index_sequence<I...> /*positions*/)
+    {
+        const auto readIfNamed = [&](const auto &field, bool &fieldSeen) {
+            if (name != field.name)
+                return true;
+            fieldSeen = true;
+            return read(value, out.*field.member);
+        };
+        return (readIfNamed(std::get<I>(Record::fields), std::get<I>(seen)) && ...);
+    }
+
+    RecentTexts m_texts;
+    std::vector<Instant> m_instants;
+};
 
 /// The code unit of "\\uXXXX" at the position, if that is what stands there.
 std::optional<char16_t> escapedUnit(std::string_view text, std::size_t at)
@@ -165,22 +214,30 @@ std::optional<char16_t> escapedUnit(std::string_view text, std::size_t at)
                                                          : std::nullopt;
 }
 
-/// Half a character that was escaped alone stands for no character: it becomes the sign for that.
-void replaceLoneSurrogates(simdjson::padded_string &json)
+constexpr std::size_t nowhere = std::string_view::npos;
+
+/// Where the next half of a character stands that was escaped alone.
+std::size_t loneSurrogate(std::string_view text, std::size_t from = 0)
 {
     constexpr std::size_t length = 6; ///< of an escape
-    const std::string_view text(json.data(), json.size());
-    for (std::size_t at = text.find('\\'); at < text.size(); at = text.find('\\', at)) {
+    for (std::size_t at = text.find('\\', from); at != nowhere; at = text.find('\\', at)) {
         const auto unit = escapedUnit(text, at);
         const auto next = unit ? escapedUnit(text, at + length) : std::nullopt;
-        if (unit && QChar::isHighSurrogate(*unit) && next && QChar::isLowSurrogate(*next)) {
-            at += 2 * length;
-            continue;
-        }
-        if (unit && QChar::isSurrogate(*unit))
-            std::ranges::copy(std::string_view("\\ufffd"), json.data() + at);
-        at += unit ? length : 2;
+        const bool isPair =
+            unit && QChar::isHighSurrogate(*unit) && next && QChar::isLowSurrogate(*next);
+        if (unit && !isPair && QChar::isSurrogate(*unit))
+            return at;
+        at += isPair ? 2 * length : unit ? length : 2;
     }
+    return nowhere;
+}
+
+/// Such a half stands for no character: it becomes the sign for that.
+void replaceLoneSurrogates(simdjson::padded_string &json)
+{
+    const std::string_view text(json.data(), json.size());
+    for (std::size_t at = loneSurrogate(text); at != nowhere; at = loneSurrogate(text, at))
+        std::ranges::copy(std::string_view("\\ufffd"), json.data() + at);
 }
 
 } // namespace
@@ -189,17 +246,24 @@ template <typename Shape>
 std::optional<Shape> decodeJson(const QByteArray &bytes)
 {
     // A byte-order mark is not JSON, but editors leave it in files that users repair by hand.
-    QByteArrayView content(bytes);
-    if (content.startsWith("\xEF\xBB\xBF"))
-        content = content.sliced(3);
-    simdjson::padded_string padded(content.data(), std::size_t(content.size()));
-    replaceLoneSurrogates(padded);
+    std::string_view content(bytes.data(), std::size_t(bytes.size()));
+    if (content.starts_with("\xEF\xBB\xBF"))
+        content.remove_prefix(3);
+    static_assert(jsonReadAhead >= qsizetype(simdjson::SIMDJSON_PADDING));
+    const bool hasRoom = bytes.capacity() - bytes.size() >= jsonReadAhead;
+    simdjson::padded_string_view json(content, content.size() + std::size_t(jsonReadAhead));
+    simdjson::padded_string copy;
+    if (!hasRoom || loneSurrogate(content) != nowhere) {
+        copy = simdjson::padded_string(content);
+        replaceLoneSurrogates(copy);
+        json = copy;
+    }
     simdjson::ondemand::parser parser;
     simdjson::ondemand::document document;
     Node root;
     Shape shape;
-    if (parser.iterate(padded).get(document) != simdjson::SUCCESS ||
-        document.get_value().get(root) != simdjson::SUCCESS || !read(root, shape) ||
+    if (parser.iterate(json).get(document) != simdjson::SUCCESS ||
+        document.get_value().get(root) != simdjson::SUCCESS || !Decoder().read(root, shape) ||
         document.current_location().error() != simdjson::OUT_OF_BOUNDS) // and nothing after it
         return std::nullopt;
     return shape;

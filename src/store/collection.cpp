@@ -26,6 +26,18 @@ Change contactsEdited(Collection collection, IdSet ids)
 Change departmentsChanged(Collection, IdSet) { return DepartmentsChanged{}; }
 Change quotaChanged(Collection, IdSet) { return QuotaChanged{}; }
 
+template <typename Shape>
+bool isEncodedAs(const Shape &shape, QByteArrayView bytes)
+{
+    bool same = true;
+    const auto compare = [&](std::string_view piece) {
+        same = same && bytes.startsWith(QByteArrayView(piece.data(), qsizetype(piece.size())));
+        bytes = same ? bytes.sliced(qsizetype(piece.size())) : bytes;
+    };
+    writeJson(shape, compare, Texts::dropped);
+    return same && bytes.isEmpty();
+}
+
 template <Channel channel>
 Change templatesChanged(Collection, IdSet)
 {
@@ -49,24 +61,23 @@ struct CollectionTable {
     }
 
     template <auto member>
-    static Adopt decode(const QByteArray &bytes)
+    static std::optional<DecodedFile> decode(const QByteArray &bytes)
     {
         using Shape = std::remove_cvref_t<decltype(std::declval<ProspectStore &>().*member)>;
         auto decoded = decodeCollection<Shape>(bytes);
         if (!decoded)
             return {};
+        const bool same = isEncodedAs(*decoded, bytes);
         const auto shape = std::make_shared<Shape>(std::move(*decoded)); // a function is copyable
-        return [shape](ProspectStore &store) { store.*member = std::move(*shape); };
+        return DecodedFile{[shape](ProspectStore &store) { store.*member = std::move(*shape); },
+                           same};
     }
 
     template <auto member>
     static void forget(ProspectStore &store, const IdSet &ids)
     {
-        auto &collection = store.*member;
-        if constexpr (requires { collection.remove(*ids.begin()); }) {
-            for (const QString &id : ids)
-                collection.remove(id);
-        }
+        if constexpr (requires { (store.*member).removeEach(ids); })
+            (store.*member).removeEach(ids);
     }
 
     static const std::array<CollectionDescriptor, 13> rows;

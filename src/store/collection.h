@@ -28,8 +28,11 @@ enum class Collection {
     smsMonthlyRecipientsByMonth,
 };
 
-/// Puts what a file held in the place of a store's collection.
-using Adopt = std::function<void(ProspectStore &store)>;
+/// What a file held.
+struct DecodedFile {
+    std::function<void(ProspectStore &store)> adopt; ///< puts it in the place of the collection
+    bool isAsWritten;                                ///< writing it gives the same bytes
+};
 
 /// Everything about one collection. The store loads, saves, announces and forgets by these rows,
 /// and knows a collection by nothing else.
@@ -48,7 +51,7 @@ struct CollectionDescriptor {
 
     // The way to its member.
     void (*write)(const ProspectStore &store, const TakePiece &take) = nullptr;
-    Adopt (*decode)(const QByteArray &bytes) = nullptr; ///< none when undecodable; on any thread
+    std::optional<DecodedFile> (*decode)(const QByteArray &bytes) = nullptr; ///< on any thread
     void (*forget)(ProspectStore &store, const IdSet &ids) = nullptr; ///< with a deletionTurn
 };
 

@@ -3,20 +3,11 @@
 #include <QDir>
 #include <QFileInfo>
 
-#include <future>
-
 using namespace Qt::StringLiterals;
 
 namespace quenoria {
 
 namespace {
-
-bool isPrivate(const QFile &file)
-{
-    constexpr QFile::Permissions others = QFile::ReadGroup | QFile::WriteGroup | QFile::ExeGroup |
-                                          QFile::ReadOther | QFile::WriteOther | QFile::ExeOther;
-    return !(file.permissions() & others);
-}
 
 QString failureText(Collection collection, const QString &error)
 {
@@ -44,21 +35,6 @@ Refusal ProspectStore::writeFile(Collection collection) const
         file(collection), [&](const TakePiece &take) { writeJson(collection, take); });
 }
 
-bool ProspectStore::isWritten(Collection collection) const
-{
-    QFile source(file(collection));
-    bool same = source.open(QIODevice::ReadOnly | QIODevice::Unbuffered) && isPrivate(source);
-    if (!same)
-        return false;
-    std::string read;
-    writeJson(collection, [&](std::string_view piece) {
-        read.resize(piece.size());
-        same = same && source.read(read.data(), qsizetype(read.size())) == qsizetype(read.size()) &&
-               read == piece;
-    });
-    return same && source.pos() == source.size();
-}
-
 void ProspectStore::save(Collection collection)
 {
     const Refusal error = writeFile(collection);
@@ -74,20 +50,6 @@ void ProspectStore::save(Collection collection)
             m_unsaved.emplace(lost.collection, failureText(lost.collection, *error));
     }
     Q_EMIT saveFailed();
-}
-
-void ProspectStore::writeBack()
-{
-    // Compared side by side: a collection and its file are nobody else's.
-    std::map<Collection, std::future<bool>> written;
-    for (const CollectionDescriptor &row : collections()) {
-        if (row.startUpWrites)
-            written[row.collection] = std::async(&ProspectStore::isWritten, this, row.collection);
-    }
-    for (auto &[collection, same] : written) {
-        if (!same.get())
-            save(collection);
-    }
 }
 
 void ProspectStore::publish(Collection collection, IdSet ids)

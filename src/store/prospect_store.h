@@ -184,14 +184,15 @@ Q_SIGNALS:
 private:
     // Start-up, in the order in which it happens.
     void loadFiles();
+    template <typename Record>
+    void replaceIfEmpty(Collection collection, Sequence<Record> &records,
+                        Sequence<Record> defaults);
     void setAside(const QString &path);
     void completeTemplates();
     void completeDepartments();
     void seedStatus();
     void writeJson(Collection collection, const TakePiece &take) const;
     [[nodiscard]] Refusal writeFile(Collection collection) const;
-    bool isWritten(Collection collection) const;
-    void writeBack(); ///< every collection whose file is not what would be written
 
     /// Announces that the collection changed, for these contacts where it holds records of theirs,
     /// then writes its file once the store is ready.

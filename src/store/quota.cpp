@@ -69,6 +69,7 @@ void ProspectStore::mergeExistingSMSHistoryIntoMonthlyRecipients()
     }
     for (auto &[month, recipients] : months)
         m_smsMonthlyRecipientsByMonth.set(month, std::move(recipients));
+    publish(Collection::smsMonthlyRecipientsByMonth);
 }
 
 } // namespace quenoria

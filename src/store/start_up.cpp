@@ -14,10 +14,26 @@ namespace {
 
 const QString testNumberKey = u"OlvakSMSManualTestNumber"_s;
 
-Adopt decodeFile(const CollectionDescriptor &row, const QString &path)
+bool isPrivate(const QFile &file)
+{
+    constexpr QFile::Permissions others = QFile::ReadGroup | QFile::WriteGroup | QFile::ExeGroup |
+                                          QFile::ReadOther | QFile::WriteOther | QFile::ExeOther;
+    return !(file.permissions() & others);
+}
+
+std::optional<DecodedFile> decodeFile(const CollectionDescriptor &row, const QString &path)
 {
     QFile source(path);
-    return source.open(QIODevice::ReadOnly) ? row.decode(source.readAll()) : Adopt();
+    if (!source.open(QIODevice::ReadOnly | QIODevice::Unbuffered))
+        return std::nullopt;
+    QByteArray bytes;
+    bytes.reserve(source.size() + jsonReadAhead);
+    bytes.resize(source.size());
+    bytes.resize(std::max(source.read(bytes.data(), bytes.size()), qint64(0)));
+    std::optional<DecodedFile> decoded = row.decode(bytes);
+    if (decoded)
+        decoded->isAsWritten = decoded->isAsWritten && isPrivate(source);
+    return decoded;
 }
 
 } // namespace
@@ -26,6 +42,7 @@ ProspectStore::ProspectStore(const Platform &platform, QObject *parent)
     : QObject(parent), m_platform(platform), m_testNumber(defaultTestNumber()),
       m_prospects(loadProspects(platform.resources))
 {
+    m_gathered.emplace(); // what differs from its file
     loadFiles();
     m_testNumber = m_platform.preferences.text(testNumberKey).value_or(m_testNumber);
     completeTemplates();
@@ -33,8 +50,12 @@ ProspectStore::ProspectStore(const Platform &platform, QObject *parent)
     seedStatus();
     if (m_smsMonthlyRecipientsByMonth.empty())
         mergeExistingSMSHistoryIntoMonthlyRecipients();
+    const auto differing = *std::exchange(m_gathered, std::nullopt);
     m_isReady = true;
-    writeBack();
+    for (const auto &[collection, ids] : differing) {
+        if (descriptor(collection).startUpWrites)
+            save(collection);
+    }
 }
 
 ProspectStore::~ProspectStore() = default;
@@ -52,22 +73,33 @@ void ProspectStore::setTestNumber(const QString &phone)
 
 void ProspectStore::loadFiles()
 {
-    // Histories grow for years: the files are decoded side by side.
-    std::vector<std::future<Adopt>> decoded;
+    // Histories grow for years: the files are decoded and compared side by side.
+    std::vector<std::future<std::optional<DecodedFile>>> files;
     for (const CollectionDescriptor &row : collections())
-        decoded.push_back(std::async(&decodeFile, std::cref(row), file(row.collection)));
+        files.push_back(std::async(&decodeFile, std::cref(row), file(row.collection)));
     for (const CollectionDescriptor &row : collections()) {
-        if (const Adopt adopt = decoded[std::size_t(row.collection)].get())
-            adopt(*this);
+        const std::optional<DecodedFile> decoded = files[std::size_t(row.collection)].get();
+        if (decoded)
+            decoded->adopt(*this);
         else if (const QString path = file(row.collection); QFile::exists(path))
             setAside(path);
+        if (!decoded || !decoded->isAsWritten)
+            publish(row.collection);
     }
-    if (m_messageTemplates.empty())
-        m_messageTemplates = {defaultMessage()};
-    if (m_emailTemplates.empty())
-        m_emailTemplates = {defaultEmailTemplate()};
-    if (m_departments.empty())
-        m_departments = Sequence<DepartmentInfo>(defaultDepartments());
+    replaceIfEmpty(Collection::messageTemplates, m_messageTemplates, {defaultMessage()});
+    replaceIfEmpty(Collection::emailTemplates, m_emailTemplates, {defaultEmailTemplate()});
+    replaceIfEmpty(Collection::departments, m_departments,
+                   Sequence<DepartmentInfo>(defaultDepartments()));
+}
+
+template <typename Record>
+void ProspectStore::replaceIfEmpty(Collection collection, Sequence<Record> &records,
+                                   Sequence<Record> defaults)
+{
+    if (!records.empty())
+        return;
+    records = std::move(defaults);
+    publish(collection);
 }
 
 void ProspectStore::setAside(const QString &path)
@@ -99,16 +131,22 @@ void ProspectStore::completeTemplates()
             migrated.title = defaultMessage().title;
         if (migrated.body.contains(legacyBusinessName()))
             migrated.body = defaultMessage().body;
-        m_messageTemplates.replaceFirst(isDefault, migrated);
+        if (migrated != *stored) {
+            m_messageTemplates.replaceFirst(isDefault, migrated);
+            publish(Collection::messageTemplates);
+        }
     } else {
         m_messageTemplates.prepend(defaultMessage());
+        publish(Collection::messageTemplates);
     }
 
     const auto isDefaultEmail = [](const EmailTemplate &email) {
         return email.id == defaultEmailTemplateID;
     };
-    if (!m_emailTemplates.find(isDefaultEmail))
+    if (!m_emailTemplates.find(isDefaultEmail)) {
         m_emailTemplates.prepend(defaultEmailTemplate());
+        publish(Collection::emailTemplates);
+    }
 }
 
 void ProspectStore::completeDepartments()
@@ -124,6 +162,7 @@ void ProspectStore::completeDepartments()
         m_departments.append({code, legacy != legacyDepartmentNames.end()
                                         ? legacy->second
                                         : u"Département "_s + code});
+        publish(Collection::departments);
     };
     std::ranges::for_each(m_prospects, complete);
     m_customProspects.forEach(complete);
@@ -137,6 +176,7 @@ void ProspectStore::seedStatus()
     status.sent = true;
     status.sentAt = seededSendDate().value_or(m_platform.clock.now());
     m_statuses.set(seededContactID(), status);
+    publish(Collection::statuses, {seededContactID()});
 }
 
 } // namespace quenoria

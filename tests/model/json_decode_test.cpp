@@ -18,6 +18,13 @@ QByteArray fileWith(const QByteArray &name, const QByteArray &value)
            R"(, "id" : "b", "body" : "c" } ])";
 }
 
+/// The same text with room behind it: it is decoded where it lies.
+QByteArray withRoom(QByteArray text)
+{
+    text.reserve(text.size() + jsonReadAhead);
+    return text;
+}
+
 struct Skipped {
     const char *name;
     QByteArray value;
@@ -50,6 +57,7 @@ class BrokenFile : public testing::TestWithParam<Broken> {};
 TEST_P(BrokenFile, IsRefusedWhole)
 {
     EXPECT_EQ(decodeJson<Templates>(GetParam().file), std::nullopt);
+    EXPECT_EQ(decodeJson<Templates>(withRoom(GetParam().file)), std::nullopt);
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -81,7 +89,11 @@ TEST_P(JsonText, IsReadAndWrittenToTheByte)
 {
     const auto &[name, json, text, isAsWritten] = GetParam();
     const JsonMembers<QString> expected{{text, text}};
-    EXPECT_EQ(decodeJson<JsonMembers<QString>>('{' + json + ':' + json + '}'), expected);
+    const QByteArray file = '{' + json + ':' + json + '}';
+    const QByteArray spacious = withRoom(file);
+    EXPECT_EQ(decodeJson<JsonMembers<QString>>(file), expected);
+    EXPECT_EQ(decodeJson<JsonMembers<QString>>(spacious), expected);
+    EXPECT_EQ(spacious, file);
     std::string written;
     appendJsonString(written, text);
     EXPECT_EQ(written == json.toStdString(), isAsWritten) << written;

@@ -2,8 +2,6 @@
 
 #include "model/text_order.h"
 
-#include <QLocale>
-
 #include <algorithm>
 #include <numeric>
 
@@ -12,14 +10,6 @@ namespace quenoria {
 namespace {
 
 constexpr std::size_t nowhere = std::size_t(-1);
-constexpr int usualTextLength = 256;
-
-/// Two texts that differ by case only, in the user's language, fold to the same.
-QString folded(const QString &text)
-{
-    static const QLocale locale = displayLocale();
-    return locale.toLower(text.normalized(QString::NormalizationForm_C));
-}
 
 } // namespace
 
@@ -43,10 +33,10 @@ int ContactList::rowOfEntry(std::uint32_t entry) const
 void ContactList::setSearchText(const QString &text)
 {
     m_searchText = text;
-    m_needle = text.trimmed().isEmpty() ? QString() : folded(text);
-    if (!m_needle.isNull()) {
-        for (const Entry &entry : m_entries) // in the store's order, in which its records lie
-            textsOf(entry);
+    m_needle = text.trimmed().isEmpty() ? std::nullopt : std::optional(foldedForSearch(text));
+    if (m_needle) {
+        for (std::size_t entry = 0; entry < m_entries.size(); ++entry) // as their records lie
+            readTexts(entry);
     }
     settle();
     filter();
@@ -70,6 +60,7 @@ void ContactList::rebuild()
     for (const Entry &entry : m_entries)
         idsBefore.push_back(entry.contact.id);
     m_entries.clear();
+    m_texts.reset(m_store.allProspects().size());
     m_entriesById.clear();
     m_smsSent = 0;
     m_emailsSent = 0;
@@ -114,6 +105,7 @@ int ContactList::reload(std::uint32_t entry)
     const bool isThere = entry < all.size() && all[entry].id == kept.contact.id;
     tally(kept, -1);
     kept = fresh(Prospect(isThere ? all[entry] : kept.contact));
+    m_texts.forget(entry);
     tally(kept, 1);
     m_displaced.insert(entry);
     return rowOfEntry(entry);
@@ -143,18 +135,17 @@ ContactList::OrderKey ContactList::orderKey(const Prospect &contact) const
     return std::get<Instant>(value);
 }
 
-const QString &ContactList::textsOf(const Entry &entry) const
+void ContactList::readTexts(std::size_t entry) const
 {
-    if (!entry.texts.isNull())
-        return entry.texts;
-    const Cell cell{m_store, m_state, entry.contact};
+    if (m_texts.has(entry))
+        return;
+    const Cell cell{m_store, m_state, m_entries[entry].contact};
     QString texts;
-    texts.reserve(usualTextLength);
     for (const ContactColumn &column : contactColumns()) {
         if (column.searched)
             texts += column.searched(cell) + textSeparator;
     }
-    return entry.texts = folded(texts);
+    m_texts.set(entry, texts);
 }
 
 /// A total order: what is equal in every respect stays in the store's order.
@@ -177,11 +168,12 @@ const QCollatorSortKey &ContactList::labelKey(const Entry &entry)
     return *entry.label;
 }
 
-bool ContactList::matches(const Entry &entry) const
+bool ContactList::matches(std::size_t entry) const
 {
-    if (m_needle.isNull())
+    if (!m_needle)
         return true;
-    return textsOf(entry).contains(m_needle);
+    readTexts(entry);
+    return m_texts.contains(entry, *m_needle);
 }
 
 std::size_t ContactList::placeOf(const Order &order, std::uint32_t entry)
@@ -215,7 +207,7 @@ void ContactList::filter()
 {
     m_shown.clear();
     std::ranges::copy_if(m_order, std::back_inserter(m_shown),
-                         [this](std::uint32_t entry) { return matches(m_entries[entry]); });
+                         [this](std::uint32_t entry) { return matches(entry); });
 }
 
 } // namespace quenoria

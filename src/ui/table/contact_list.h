@@ -1,6 +1,7 @@
 #pragma once
 
 #include "ui/table/contact_columns.h"
+#include "ui/table/search_texts.h"
 
 #include <QCollator>
 
@@ -56,16 +57,15 @@ private:
         bool smsSent;
         bool emailSent;
         mutable std::optional<QCollatorSortKey> label = {}; ///< made once a comparison needs it
-        mutable QString texts = {};                         ///< folded, made once a search reads it
     };
 
     Entry fresh(const Prospect &contact) const;
     void tally(const Entry &entry, int by);
     OrderKey orderKey(const Prospect &contact) const;
     static const QCollatorSortKey &labelKey(const Entry &entry);
-    const QString &textsOf(const Entry &entry) const;
+    void readTexts(std::size_t entry) const;
     bool precedes(std::uint32_t a, std::uint32_t b) const;
-    bool matches(const Entry &entry) const;
+    bool matches(std::size_t entry) const;
     static std::size_t placeOf(const Order &order, std::uint32_t entry);
     bool keepOrder(const std::vector<QString> &idsBefore);
     void settle();
@@ -81,7 +81,8 @@ private:
     std::set<std::uint32_t> m_displaced; ///< entries that would sort elsewhere by now
     bool m_isDisplaced = false;          ///< any entry might
     QString m_searchText;
-    QString m_needle; ///< folded; null when everything is shown
+    std::optional<std::string> m_needle; ///< folded; none when everything is shown
+    mutable SearchTexts m_texts;         ///< read once a search looks for them
     SortColumn m_sortColumn = SortColumn::name;
     Qt::SortOrder m_sortOrder = Qt::AscendingOrder;
     int m_smsSent = 0;

@@ -1,0 +1,103 @@
+#include "ui/table/search_texts.h"
+
+#include "model/text_order.h"
+#include "ui/table/contact_columns.h"
+
+#include <QLocale>
+
+namespace quenoria {
+
+namespace {
+
+constexpr std::size_t usualTextLength = 128;
+constexpr char separatorByte = '\xFF'; // in no UTF-8
+
+/// Whether the locale lowers every letter of Latin-1 as Unicode's own table does.
+bool lowersAsUnicode(const QLocale &locale)
+{
+    const QLocale::Language language = locale.language();
+    return language != QLocale::Turkish && language != QLocale::Azerbaijani &&
+           language != QLocale::Lithuanian;
+}
+
+/// Appends nearly every character of a French text; false for one that the locale must fold.
+bool appendSimple(std::string &out, char16_t c)
+{
+    const bool isUpper = (c >= u'A' && c <= u'Z') || (c >= u'À' && c <= u'Þ' && c != u'×');
+    const char16_t lower = isUpper ? char16_t(c + 0x20) : c == u'Œ' ? u'œ' : c;
+    if (lower < 0x80) {
+        out += char(lower);
+    } else if (lower < 0x100 || lower == u'œ') {
+        out += char(0xC0U | (lower >> 6U));
+        out += char(0x80U | (lower & 0x3FU));
+    } else if (lower >= u'‐' && lower <= u'…') { // dashes, quotation marks, bullet
+        out += '\xE2';
+        out += '\x80';
+        out += char(0x80U | (lower & 0x3FU));
+    } else if (c == textSeparator) {
+        out += separatorByte;
+    } else {
+        return false;
+    }
+    return true;
+}
+
+std::string foldedByLocale(const QString &text, const QLocale &locale)
+{
+    std::string folded;
+    const QString lower = locale.toLower(text.normalized(QString::NormalizationForm_C));
+    for (qsizetype part = 0, end = 0; end >= 0; part = end + 1) {
+        end = lower.indexOf(textSeparator, part);
+        folded += QStringView(lower).sliced(part, (end < 0 ? lower.size() : end) - part).toUtf8();
+        if (end >= 0)
+            folded += separatorByte;
+    }
+    return folded;
+}
+
+/// Appends the folded text; a general way would take most of the time of the first letter.
+void appendFolded(std::string &out, const QString &text)
+{
+    static const QLocale locale = displayLocale();
+    static const bool isSimple = lowersAsUnicode(locale);
+    const std::size_t start = out.size();
+    for (const QChar c : text) {
+        if (!isSimple || !appendSimple(out, c.unicode())) {
+            out.resize(start);
+            out += foldedByLocale(text, locale);
+            return;
+        }
+    }
+}
+
+} // namespace
+
+std::string foldedForSearch(const QString &text)
+{
+    std::string folded;
+    appendFolded(folded, text);
+    return folded;
+}
+
+void SearchTexts::reset(std::size_t contacts)
+{
+    m_parts.assign(contacts, {});
+    m_buffer.clear();
+}
+
+void SearchTexts::set(std::size_t contact, const QString &text)
+{
+    if (m_buffer.empty())
+        m_buffer.reserve(m_parts.size() * usualTextLength);
+    const std::size_t start = m_buffer.size();
+    appendFolded(m_buffer, text);
+    m_parts[contact] = {start, quint32(m_buffer.size() - start)};
+}
+
+bool SearchTexts::contains(std::size_t contact, std::string_view folded) const
+{
+    const auto &[start, size] = m_parts[contact];
+    return std::string_view(m_buffer).substr(start, size).find(folded) != std::string_view::npos;
+}
+
+} // namespace quenoria
