@@ -60,7 +60,8 @@ QString Outbox::freeName()
     const QString time = now().toUTC().toString(u"yyyyMMdd'T'HHmmss'Z'"_s);
     QString name;
     do
-        name = u"%1/%2-%3"_s.arg(m_folder, time).arg(++m_count, 4, 10, QChar(u'0'));
+        name =
+            u"%1/%2-%3"_s.arg(m_folder, time, QString::number(++m_count).rightJustified(4, u'0'));
     while (QFileInfo::exists(name + u".txt"_s) || QFileInfo::exists(name + u".eml"_s));
     return name;
 }

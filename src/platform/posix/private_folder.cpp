@@ -8,6 +8,7 @@
 #include <fcntl.h>
 #include <sys/stat.h>
 
+#include <array>
 #include <cerrno>
 
 namespace quenoria {
@@ -54,12 +55,16 @@ std::optional<QString> unreadable(const QString &path)
     if (!file.isOpen())
         return errno == ENOENT ? std::nullopt : std::optional(qt_error_string(errno));
     struct ::stat found {};
-    char first = 0;
-    if (::fstat(file.number(), &found) != 0 || ::read(file.number(), &first, 1) < 0)
+    if (::fstat(file.number(), &found) != 0)
         return qt_error_string(errno);
-    if (!S_ISREG(found.st_mode))
+    if (!S_ISREG(found.st_mode) && !S_ISDIR(found.st_mode))
         return QStringLiteral("ce n’est pas un fichier");
-    return {};
+    std::array<char, 64 * 1024> piece{}; // a damaged disk may fail far from the beginning
+    ssize_t size = 0;
+    do
+        size = ::read(file.number(), piece.data(), piece.size());
+    while (size > 0 || (size < 0 && errno == EINTR));
+    return size == 0 ? std::nullopt : std::optional(qt_error_string(errno));
 }
 
 } // namespace quenoria

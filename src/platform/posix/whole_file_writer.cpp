@@ -125,8 +125,11 @@ std::optional<QString> WholeFileWriter::makeFolder(const QString &path)
     if (m_devices.contains(folder))
         return {}; // the writing says whether it still is there
     QDir().mkpath(QFileInfo(path).absolutePath());
-    if (!QFileInfo(path).isDir() && ::mkdir(folder.constData(), S_IRWXU) != 0)
-        return reason();
+    if (!QFileInfo(path).isDir() && ::mkdir(folder.constData(), S_IRWXU) != 0) {
+        const int failure = errno;
+        if (failure != EEXIST || !QFileInfo(path).isDir()) // another start may have made it
+            return qt_error_string(failure);
+    }
     m_devices[folder] = deviceOf(folder).value_or(0);
     return {};
 }

@@ -22,7 +22,7 @@ protected:
     FakeClock clock;
     RecordingLog log;
     Disk files;
-    Outbox outbox{home.filePath(u"envois"_s), clock, files};
+    Outbox outbox{home.filePath(u"%1 %2 50%3"_s), clock, files};
 
     QStringList names() const { return QDir(outbox.folder()).entryList(QDir::Files, QDir::Name); }
 

@@ -10,6 +10,7 @@
 #include <sys/stat.h>
 
 #include <csignal>
+#include <future>
 
 using namespace quenoria;
 using namespace Qt::StringLiterals;
@@ -139,6 +140,19 @@ TEST_F(WholeFile, BehindALinkIsReplacedWhereItStands)
     EXPECT_EQ(files.write(target, "nouveau"), std::nullopt);
     EXPECT_TRUE(QFileInfo(target).isSymLink());
     EXPECT_EQ(content(real), "nouveau");
+}
+
+TEST_F(WholeFile, ManyMayMakeTheFolderAtOnce)
+{
+    for (int round = 0; round < 50; ++round) {
+        const QString made = folder.filePath(u"a%1/données"_s.arg(round));
+        std::vector<std::future<std::optional<QString>>> outcomes;
+        for (int start = 0; start < 8; ++start)
+            outcomes.push_back(std::async(std::launch::async,
+                                          [made] { return WholeFileWriter().makeFolder(made); }));
+        for (auto &outcome : outcomes)
+            EXPECT_EQ(outcome.get(), std::nullopt);
+    }
 }
 
 TEST_F(WholeFile, LeftByAKilledWriterGoesAtTheNextStart)
