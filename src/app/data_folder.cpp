@@ -4,6 +4,7 @@
 #include "platform/posix/whole_file_writer.h"
 #include "platform/qt/single_instance.h"
 #include "store/collection.h"
+#include "store/intent_file.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -20,14 +21,17 @@ constexpr int refused = 1;
 
 /// What the program writes there, under whatever name.
 const QStringList ownFiles{u"*.json"_s, u".quenoria*"_s, u"preferences.ini"_s,
-                           u".envoi-en-cours"_s};
+                           u".envoi-en-cours*"_s};
 
 /// The data files that cannot be read, each with the system's reason.
 QStringList unreadableFiles(const QString &folder)
 {
+    QStringList names{IntentFile::fileName()};
+    for (const CollectionDescriptor &each : collections())
+        names << QString::fromUtf16(each.fileName);
     QStringList found;
-    for (const CollectionDescriptor &each : collections()) {
-        const QString path = QDir(folder).filePath(QString::fromUtf16(each.fileName));
+    for (const QString &name : names) {
+        const QString path = QDir(folder).filePath(name);
         if (const auto reason = unreadable(path))
             found << u"%1 : %2"_s.arg(path, *reason);
     }

@@ -2,6 +2,7 @@
 
 #include <QString>
 
+#include <functional>
 #include <optional>
 
 namespace quenoria {
@@ -25,6 +26,9 @@ public:
 
     /// Tries again to store what was set.
     virtual void save() = 0;
+
+    /// Calls the one function after each try to store, on the thread that tried; none when empty.
+    virtual void watch(std::function<void()> tried) = 0;
 };
 
 } // namespace quenoria

@@ -2,6 +2,7 @@
 
 #include "model/json_decode.h"
 #include "model/json_text.h"
+#include "store/set_aside.h"
 
 #include <QDir>
 #include <QFile>
@@ -10,14 +11,8 @@ using namespace Qt::StringLiterals;
 
 namespace quenoria {
 
-namespace {
-
-const QString fileName = u".envoi-en-cours"_s;
-
-} // namespace
-
 IntentFile::IntentFile(const Platform &platform)
-    : m_platform(platform), m_path(QDir(platform.folders.data()).filePath(fileName))
+    : m_platform(platform), m_path(QDir(platform.folders.data()).filePath(fileName()))
 {
     QFile source(m_path);
     if (!source.exists())
@@ -29,14 +24,10 @@ IntentFile::IntentFile(const Platform &platform)
         m_intents = std::move(*read);
         return;
     }
-    const QString stamp =
-        QString::fromLatin1(instantText(m_platform.clock.now())).replace(u':', u'-');
-    const QString aside = u"%1.illisible-%2"_s.arg(m_path, stamp);
-    const bool moved = QFile::rename(m_path, aside);
-    m_platform.log.write((moved ? u"Fichier illisible mis de côté : "_s
-                                : u"Fichier illisible, impossible à mettre de côté : "_s) +
-                         m_path);
+    setAside(m_platform, m_path);
 }
+
+QString IntentFile::fileName() { return u".envoi-en-cours"_s; }
 
 Refusal IntentFile::add(const SendIntent &intent)
 {

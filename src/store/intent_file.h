@@ -14,6 +14,8 @@ public:
     /// Reads what an earlier process left. A file that cannot be read is renamed aside.
     explicit IntentFile(const Platform &platform);
 
+    static QString fileName(); ///< in the data folder
+
     const std::vector<SendIntent> &intents() const { return m_intents; }
 
     /// Says why the intent is not on the disk; then it is not kept either.

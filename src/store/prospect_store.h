@@ -187,7 +187,6 @@ private:
     template <typename Record>
     void replaceIfEmpty(Collection collection, Sequence<Record> &records,
                         Sequence<Record> defaults);
-    void setAside(const QString &path);
     void completeTemplates();
     void completeDepartments();
     void seedStatus();

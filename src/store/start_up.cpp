@@ -1,8 +1,8 @@
 #include "store/defaults.h"
 #include "store/prospect_store.h"
+#include "store/set_aside.h"
 
 #include <QFile>
-#include <QFileInfo>
 
 #include <future>
 
@@ -64,11 +64,8 @@ void ProspectStore::setTestNumber(const QString &phone)
 {
     m_testNumber = phone;
     announce(TestNumberChanged{});
-    if (!m_isReady)
-        return;
-    m_platform.preferences.setText(testNumberKey, phone);
-    if (m_platform.preferences.unsaved())
-        Q_EMIT saveFailed();
+    if (m_isReady)
+        m_platform.preferences.setText(testNumberKey, phone);
 }
 
 void ProspectStore::loadFiles()
@@ -82,7 +79,7 @@ void ProspectStore::loadFiles()
         if (decoded)
             decoded->adopt(*this);
         else if (const QString path = file(row.collection); QFile::exists(path))
-            setAside(path);
+            m_filesSetAside << setAside(m_platform, path);
         if (!decoded || !decoded->isAsWritten)
             publish(row.collection);
     }
@@ -100,24 +97,6 @@ void ProspectStore::replaceIfEmpty(Collection collection, Sequence<Record> &reco
         return;
     records = std::move(defaults);
     publish(collection);
-}
-
-void ProspectStore::setAside(const QString &path)
-{
-    const QFileInfo info(path);
-    const QString stamp =
-        QString::fromLatin1(instantText(m_platform.clock.now())).replace(u':', u'-');
-    const QString stem = u"%1/%2.illisible-%3"_s.arg(info.path(), info.completeBaseName(), stamp);
-    QString aside = u"%1.%2"_s.arg(stem, info.suffix());
-    for (int copy = 2; QFileInfo::exists(aside); ++copy) // a renaming never replaces a file
-        aside = u"%1-%2.%3"_s.arg(stem).arg(copy).arg(info.suffix());
-    if (!QFile::rename(path, aside)) {
-        m_platform.log.write(u"Fichier illisible, impossible à mettre de côté : %1"_s.arg(path));
-        return;
-    }
-    m_platform.log.write(
-        u"Fichier illisible mis de côté : %1, conservé sous %2"_s.arg(info.fileName(), aside));
-    m_filesSetAside << aside;
 }
 
 void ProspectStore::completeTemplates()

@@ -83,6 +83,10 @@ TEST_P(UndecodableFile, IsRefusedWholeAndKeptAside)
     EXPECT_EQ(store().filesSetAside(), QStringList{desktop.folders.data() + u'/' + aside.front()});
     ASSERT_EQ(desktop.log.lines.size(), 1);
     EXPECT_TRUE(desktop.log.lines.front().contains(aside.front()));
+    desktop.writeFile(u"suivi-envois.json"_s, GetParam().content);
+    restart();
+    EXPECT_EQ(store().filesSetAside().size(), 1);
+    EXPECT_EQ(folderContent().filter(u"illisible"_s).size(), 2) << "a name that is taken stays";
 }
 
 INSTANTIATE_TEST_SUITE_P(

@@ -20,6 +20,7 @@ struct MemoryPreferences : Preferences {
     std::optional<QString> text(const QString &key) const override;
     std::optional<QString> refusal; ///< of every store, while it is there
     std::optional<QString> lost;
+    std::function<void()> tried;
 
     void setFlag(const QString &key, bool value) override
     {
@@ -27,7 +28,13 @@ struct MemoryPreferences : Preferences {
         save();
     }
     std::optional<QString> unsaved() const override { return lost; }
-    void save() override { lost = refusal; }
+    void save() override
+    {
+        lost = refusal;
+        if (tried)
+            tried();
+    }
+    void watch(std::function<void()> function) override { tried = std::move(function); }
     void setText(const QString &key, const QString &value) override
     {
         texts[key] = value;
@@ -38,7 +45,7 @@ struct MemoryPreferences : Preferences {
 struct TemporaryFolders : Folders {
     QTemporaryDir root;
 
-    QString data() const override { return root.filePath(QStringLiteral("a/b/data")); }
+    QString data() const override { return root.filePath(QStringLiteral("a/%1 %2 50%3")); }
 };
 
 /// Keeps every script and answers with the outcome that the test prepared.

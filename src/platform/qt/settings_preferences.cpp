@@ -102,6 +102,15 @@ void SettingsPreferences::write()
         m_unsaved = m_files.makeFolder(QFileInfo(m_file).absolutePath());
     if (!m_unsaved)
         m_unsaved = m_files.write(m_file, content);
+    if (m_tried)
+        m_tried();
+}
+
+/// Once it returns, the one before is not called any more.
+void SettingsPreferences::watch(std::function<void()> tried)
+{
+    const std::lock_guard lock(m_mutex);
+    m_tried = std::move(tried);
 }
 
 } // namespace quenoria

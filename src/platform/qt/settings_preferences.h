@@ -19,6 +19,7 @@ public:
     void setText(const QString &key, const QString &value) override;
     [[nodiscard]] std::optional<QString> unsaved() const override;
     void save() override;
+    void watch(std::function<void()> tried) override;
 
 private:
     void read();
@@ -30,6 +31,7 @@ private:
     std::map<QString, QString> m_values;
     std::optional<QString> m_unreadable; ///< why the file was left as it is
     std::optional<QString> m_unsaved;
+    std::function<void()> m_tried;
 };
 
 } // namespace quenoria

@@ -3,6 +3,7 @@
 #include "platform/preferences.h"
 
 #include <map>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -24,7 +25,12 @@ bool isOn(const Preferences &preferences, Switch which)
 Switches::Switches(Preferences &preferences, QObject *parent)
     : QObject(parent), m_preferences(preferences)
 {
+    m_preferences.watch([this] { // queued: it may be another thread, and holds the preferences
+        QMetaObject::invokeMethod(this, &Switches::lookAtStore, Qt::QueuedConnection);
+    });
 }
+
+Switches::~Switches() { m_preferences.watch({}); }
 
 bool Switches::autoValidateSMS() const { return isOn(m_preferences, Switch::automaticSMS); }
 bool Switches::freeProPlan() const { return isOn(m_preferences, Switch::freePro); }
@@ -41,6 +47,7 @@ void Switches::set(Switch which, bool on)
     m_preferences.setFlag(keys.at(which), on);
     if (m_preferences.unsaved())
         m_unsaved.insert(which);
+    noteStore();
     Q_EMIT changed();
 }
 
@@ -54,9 +61,22 @@ std::optional<QString> Switches::unsaved() const { return m_preferences.unsaved(
 void Switches::save()
 {
     m_preferences.save();
-    if (!m_preferences.unsaved())
-        m_unsaved.clear();
+    noteStore();
     Q_EMIT changed();
+}
+
+bool Switches::noteStore()
+{
+    const bool isBehind = m_preferences.unsaved().has_value();
+    if (!isBehind)
+        m_unsaved.clear();
+    return std::exchange(m_isBehind, isBehind) != isBehind;
+}
+
+void Switches::lookAtStore()
+{
+    if (noteStore())
+        Q_EMIT changed();
 }
 
 } // namespace quenoria

@@ -18,6 +18,7 @@ class Switches : public QObject {
 
 public:
     explicit Switches(Preferences &preferences, QObject *parent = nullptr);
+    ~Switches() override;
 
     bool autoValidateSMS() const;
     bool freeProPlan() const;
@@ -33,14 +34,17 @@ public:
     void save(); ///< tries again to store them
 
 Q_SIGNALS:
-    /// One of the three took another value, or was stored after all.
+    /// One of the three took another value, or the preferences were stored, or could not be.
     void changed();
 
 private:
     void set(Switch which, bool on);
+    bool noteStore(); ///< true when the preferences fell behind, or caught up
+    void lookAtStore();
 
     Preferences &m_preferences;
     std::set<Switch> m_unsaved;
+    bool m_isBehind = false;
 };
 
 } // namespace quenoria

@@ -48,10 +48,10 @@ void FileAlerts::tellOfFailure()
 
 void FileAlerts::lookAtSwitches()
 {
-    if (m_switches.unsaved())
-        tellOfFailure();
-    else
+    if (!m_switches.unsaved())
         withdraw();
+    else if (m_window->isVisible()) // its own place on the screen is stored as it closes
+        tellOfFailure();
 }
 
 void FileAlerts::withdraw()

@@ -160,11 +160,12 @@ TEST_F(Window, TheNoticeOfAFailureGoesOnceEverythingIsSavedAfterAll)
     EXPECT_EQ(alert(), QString()) << "it went by itself";
 }
 
-TEST_F(Window, TheNumberForTestMessagesThatIsNotStoredIsTold)
+TEST_F(Window, WhateverSettingIsNotStoredIsTold)
 {
     window();
     desktop.preferences.refusal = u"plein"_s;
-    store().setTestNumber(u"06 39 98 00 77"_s);
+    desktop.preferences.setText(u"any"_s, u"x"_s);
+    settle();
     EXPECT_TRUE(alert().contains(u"Impossible d’enregistrer les réglages : plein"_s));
 }
 
