@@ -64,7 +64,7 @@ struct SendDesk::Order {
 };
 
 SendDesk::SendDesk(ProspectStore &store, const Platform &platform)
-    : m_store(store), m_platform(platform), m_intents(platform)
+    : m_store(store), m_platform(platform), m_intents(platform), m_progress(platform)
 {
     reconcile();
 }
@@ -152,7 +152,12 @@ Refusal SendDesk::writeIntent(Order &order, const HandOver &message)
                     now,
                     digestOf(message),
                     historySince(m_store, order.channel, message.contact, now)};
-    const Refusal failure = m_intents.add(order.intent);
+    // What went while this one waited for its turn may not be on the disk.
+    Refusal failure = unsaved(order.channel);
+    if (!failure)
+        failure = m_intents.add(order.intent);
+    if (!failure)
+        m_progress.begin();
     order.phase = next(order.phase, IntentWritten{failure}).phase;
     return failure ? Refusal(notNoted + *failure) : Refusal();
 }
@@ -189,8 +194,10 @@ void SendDesk::leave(Place order)
     m_orders.erase(order);
     Q_EMIT underWayChanged(channel, contactId);
     callNextEmail();
-    if (!isBusy())
-        Q_EMIT idle();
+    if (isBusy())
+        return;
+    m_progress.end();
+    Q_EMIT idle();
 }
 
 Refusal SendDesk::prepare(Channel channel, const Prospect &contact, bool freeProEnabled)
@@ -234,6 +241,7 @@ void SendDesk::giveUp(Channel channel, const QString &contactId)
 void SendDesk::close()
 {
     m_isClosed = true;
+    Q_EMIT closing();
     std::vector<std::pair<Channel, QString>> all;
     for (const Order &order : m_orders)
         all.emplace_back(order.channel, order.contactId);

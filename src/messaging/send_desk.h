@@ -1,6 +1,7 @@
 #pragma once
 
 #include "messaging/hand_over.h"
+#include "messaging/hand_over_watch.h"
 #include "messaging/order_state.h"
 #include "model/channel.h"
 #include "store/intent_file.h"
@@ -30,6 +31,7 @@ public:
     ~SendDesk() override;
 
     ProspectStore &store() const { return m_store; }
+    const HandOverWatch &progress() const { return m_progress; }
 
     /// Sends to the contact and records it. E-mails wait for each other; an SMS that is ordered
     /// during another is refused.
@@ -69,6 +71,9 @@ Q_SIGNALS:
     void doubtAnswered(quenoria::Channel channel, const QString &contactId,
                        quenoria::DoubtAnswer answer);
 
+    /// close() was called: no run goes on, also if the application stays after all.
+    void closing();
+
     /// The last order has ended.
     void idle();
 
@@ -91,6 +96,7 @@ private:
     ProspectStore &m_store;
     Platform m_platform;
     IntentFile m_intents;
+    HandOverWatch m_progress;
     std::list<Order> m_orders;
     std::vector<SendIntent> m_unsaved; ///< recorded in memory, not yet on the disk
     bool m_isClosed = false;

@@ -191,6 +191,38 @@ TEST_F(Desk, NoMoreIsSentThanCanBeRecorded)
     EXPECT_TRUE(desktop.file(intentFile).isNull());
 }
 
+TEST_F(Desk, WhatWaitedForAnUnrecordedSendDoesNotGo)
+{
+    store();
+    holdScripts();
+    ASSERT_FALSE(store().update(chloe(), {u"CHLOÉ"_s, {}, {}, u"chloe@example.org"_s, {}, {}}));
+    begin(email, alix());
+    begin(email, chloe());
+    makeUnwritable(u"suivi-envois-mails.json"_s);
+    gate.release(2);
+    settle();
+    EXPECT_EQ(scripts.mail.sent.size(), 1U);
+    EXPECT_TRUE(answers.back().contains(u"Impossible d’enregistrer le suivi des e-mails"_s));
+}
+
+/// What the carrier has read of a hundred bytes, and what is said of it a second later.
+TEST_F(Desk, ALongHandOverTellsHowFarItIs)
+{
+    HandOverWatch watch(desktop.platform());
+    watch.begin();
+    const std::pair<int, QString> steps[] = {
+        {10, {}}, {20, {}}, {30, u"30 %"_s}, {0, u"0 %"_s}, {100, u"100 %"_s}};
+    for (const auto &[taken, text] : steps) {
+        desktop.handOver.set(taken, 100);
+        for (int glance = 0; glance < 4; ++glance)
+            desktop.clock.advance(250ms);
+        EXPECT_EQ(watch.text(), text) << taken;
+    }
+    desktop.handOver.clear();
+    desktop.clock.advance(250ms);
+    EXPECT_EQ(watch.text(), QString());
+}
+
 TEST_F(Desk, ADoubtKeepsTheContactUntilItIsAnswered)
 {
     scripts.mail.answer = TransportFailure{u"pas de réponse"_s, Fate::perhapsSent};
@@ -239,9 +271,8 @@ TEST_P(DeskKilled, TakesUpWhereItWas)
     const QByteArray histories = desktop.file(u"suivi-envois.json"_s);
     const QByteArray quota = desktop.file(u"quota-destinataires-sms.json"_s);
     ASSERT_TRUE(intent.contains("+") || intent.contains("06 39 98 00 10")) << intent.constData();
-    desktop.clock.advance(500ms);
     gate.release();
-    settle();
+    desktop.clock.advance(500ms);
     if (!killed.isRecorded)
         desktop.writeFile(u"suivi-envois.json"_s, histories);
     if (!killed.isCounted)
@@ -285,7 +316,7 @@ TEST_F(Desk, ClosedItGivesUpWhatWaitsAndRecordsWhatWent)
     begin(email, chloe());
     EXPECT_EQ(answers.back(), u"given up"_s);
     EXPECT_TRUE(desk().isUnderWay(email, alix().id));
-    gate.release();
+    gate.release(2);
     desktop.clock.advance(0ms);
     EXPECT_FALSE(desk().isBusy());
     EXPECT_EQ(store().emailHistory(alix()).size(), 1U);

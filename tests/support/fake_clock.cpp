@@ -44,8 +44,10 @@ void FakeClock::advance(milliseconds duration)
 std::vector<milliseconds> FakeClock::pending() const
 {
     std::vector<milliseconds> left;
-    for (const Sleeper &sleeper : m_sleepers)
-        left.push_back(sleeper.due - m_now);
+    for (const Sleeper &sleeper : m_sleepers) {
+        if (sleeper.due != Instant::min()) // else it was told to stop
+            left.push_back(sleeper.due - m_now);
+    }
     std::ranges::sort(left);
     return left;
 }

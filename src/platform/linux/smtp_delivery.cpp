@@ -45,9 +45,16 @@ constexpr int firstRefusal = 400;
 /// message. Commands are looked at and forgotten, since one of them holds the password.
 class Dialogue {
 public:
-    Dialogue(const QByteArray &text, std::chrono::milliseconds limit) : m_text(text), m_watch(limit)
+    Dialogue(const QByteArray &text, const SmtpConditions &conditions)
+        : m_text(text), m_progress(conditions.progress), m_watch(conditions.limit)
     {
     }
+    ~Dialogue()
+    {
+        if (m_progress)
+            m_progress->clear();
+    }
+    Q_DISABLE_COPY_MOVE(Dialogue)
 
     StallWatch &watch() { return m_watch; }
 
@@ -86,6 +93,8 @@ public:
         const std::size_t size = std::min(room, std::size_t(m_text.size()) - m_position);
         std::memcpy(buffer, m_text.constData() + m_position, size);
         m_position += size;
+        if (m_progress)
+            m_progress->set(qint64(m_position), m_text.size());
         if (size == 0)
             begin(SmtpStep::answer);
         return size;
@@ -133,6 +142,7 @@ private:
     }
 
     const QByteArray &m_text;
+    HandOverProgress *const m_progress;
     std::size_t m_position = 0;
     SmtpStep m_step = SmtpStep::greeting;
     SmtpReply m_reply; ///< to the step; its code is 0 until the last line
@@ -284,7 +294,7 @@ SmtpReport deliver(const SmtpMessage &message, const MailboxAccount &account,
                    const QString &password, const SmtpConditions &conditions)
 {
     initialiseOnce();
-    Dialogue dialogue(message.text, conditions.limit);
+    Dialogue dialogue(message.text, conditions);
     const Handle handle(curl_easy_init());
     setServer(handle.get(), account, password);
     setDialogue(handle.get(), dialogue, conditions);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/hand_over_progress.h"
 #include "platform/mail_settings.h"
 
 #include <QByteArray>
@@ -57,10 +58,12 @@ struct SmtpMessage {
     QByteArray text; ///< its lines end with CRLF
 };
 
-/// What tests set: how long a server may say nothing, and whom it must be certified by.
+/// How long a server may say nothing, whom it must be certified by, and who is told how far the
+/// message is.
 struct SmtpConditions {
     std::chrono::milliseconds limit = std::chrono::minutes(1);
-    QByteArray authorities; ///< a file; empty: the system's own
+    QByteArray authorities = {}; ///< a file; empty: the system's own
+    HandOverProgress *progress = nullptr;
 };
 
 /// Gives the message to the account's server and waits for its answer. The connection is

@@ -26,6 +26,7 @@ BatchQueue::BatchQueue(const QueueChannel &channel, SendDesk &desk, Switches &sw
 {
     connect(&m_store, &ProspectStore::published, this, &BatchQueue::followStore);
     connect(&switches, &Switches::changed, this, &BatchQueue::followSwitches);
+    connect(&desk, &SendDesk::closing, this, &BatchQueue::callOff);
     connect(this, &BatchQueue::runAsked, this, &BatchQueue::runAutomaticQueue,
             Qt::QueuedConnection);
     connect(&desk, &SendDesk::doubtAnswered, this,
@@ -110,10 +111,12 @@ QueueAction BatchQueue::take(const QueueEvent &event)
 {
     const bool wasClosed = m_state.phase == QueueState::Phase::closed;
     const std::optional<Prospect> contact = subject(event);
-    Step step = next(std::move(m_state), event, {isAutomatic(), current() != nullptr});
+    Step step =
+        next(std::move(m_state), event, {isAutomatic() && !m_isCalledOff, current() != nullptr});
     m_state = std::move(step.state);
     if (contact)
         noteServed(event, step.action, *contact);
+    m_isCalledOff = m_isCalledOff && isRunning();
     perform(step.action, contact);
     passOverServed();
     Q_EMIT changed();
@@ -201,6 +204,13 @@ QCoro::Task<> BatchQueue::runAutomaticQueue()
         const QFuture<void> pause = m_clock.sleep(pauseBetweenContacts, m_stopPause.get_token());
         co_await pause;
     }
+}
+
+/// Somebody wants to leave. Should the application stay after all, the user starts again.
+void BatchQueue::callOff()
+{
+    m_isCalledOff = isRunning();
+    m_stopPause.request_stop();
 }
 
 void BatchQueue::followStore()

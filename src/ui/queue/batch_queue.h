@@ -30,6 +30,7 @@ public:
     void close();
 
     const QueueState &state() const { return m_state; }
+    const HandOverWatch &progress() const { return m_desk.progress(); }
     const QueueChannel &channel() const { return m_channel; }
     const Prospect *current() const; ///< null when the queue is empty or its head was deleted
     bool isAutomatic() const;
@@ -63,6 +64,7 @@ private:
     void stopWaiting();
     void followStore();
     void followSwitches();
+    void callOff();
 
     const QueueChannel &m_channel;
     SendDesk &m_desk;
@@ -76,6 +78,7 @@ private:
     };
     QHash<QString, Served> m_served; ///< by recipient
     bool m_wasAutomatic;
+    bool m_isCalledOff = false;           ///< the run begins no other message
     std::optional<Prospect> m_handedOver; ///< kept, since it may be deleted during its send
     std::stop_source m_stopPause;         ///< ends the pause between two contacts
 };

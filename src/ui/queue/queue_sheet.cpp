@@ -110,6 +110,7 @@ void QueueSheet::connectQueue()
         if (isVisible())
             accept();
     });
+    connect(&m_queue->progress(), &HandOverWatch::changed, this, &QueueSheet::refreshStatus);
     connect(this, &QDialog::finished, m_queue, &BatchQueue::close);
     connect(m_skip, &QPushButton::clicked, m_queue, &BatchQueue::skip);
     connect(m_primary, &QPushButton::clicked, m_queue, &BatchQueue::pressPrimary);
@@ -146,7 +147,9 @@ void QueueSheet::refresh()
 void QueueSheet::refreshStatus()
 {
     if (m_queue->isRunning())
-        m_status->setStatus(u"Envoi automatique en cours…"_s, Tint::accent, u"gearshape.2.fill"_s);
+        m_status->setStatus(
+            (u"Envoi automatique en cours… "_s + m_queue->progress().text()).trimmed(),
+            Tint::accent, u"gearshape.2.fill"_s);
     else if (m_queue->canConfirm())
         m_status->setStatus(m_channel.preparedNote, Tint::positive, u"checkmark.circle.fill"_s);
     else

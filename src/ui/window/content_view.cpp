@@ -32,6 +32,7 @@ const QString geometryKey = u"FenetrePrincipaleGeometrie"_s;
 const QString widthsKey = u"FenetrePrincipaleColonnes"_s;
 constexpr QSize firstSize{1280, 800};
 constexpr int outcomeDuration = 6000; ///< milliseconds
+const QString longSend = u"Envoi en cours… "_s;
 
 /// The one workbook among what is dragged over the window, if it is one.
 std::optional<QString> workbookIn(const QMimeData *dragged)
@@ -147,6 +148,13 @@ void ContentView::followRowActions()
     connect(m_rows, &RowActions::historyRequested, this, &ContentView::showHistory);
     connect(m_rows, &RowActions::sendStarted, this, [tell](const QString &label) {
         tell(u"Envoi en cours : %1…"_s.arg(oneLine(label)), 0);
+    });
+    connect(&m_desk.progress(), &HandOverWatch::changed, this, [this, tell] {
+        const QString &progress = m_desk.progress().text();
+        if (!progress.isEmpty())
+            tell(longSend + progress, 0);
+        else if (statusBar()->currentMessage().startsWith(longSend))
+            statusBar()->clearMessage();
     });
     connect(m_rows, &RowActions::sent, this, [tell](const QString &label) {
         tell(u"Envoyé : %1"_s.arg(oneLine(label)), outcomeDuration);

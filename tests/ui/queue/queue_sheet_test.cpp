@@ -224,6 +224,27 @@ TEST_F(QueueSheets, WhatIsClickedDuringASlowSendNeverMeetsTheNextContact)
     EXPECT_EQ(desktop.scripts.sources.size(), 1);
 }
 
+/// Leaving was asked for while a message went, or between two; then the user stays after all.
+TEST_F(QueueSheets, ARunBeginsNothingMoreOnceLeavingWasAskedFor)
+{
+    switches.setAutoValidateEmail(true);
+    for (const bool during : {true, false}) {
+        show<BatchEmailSendView>();
+        if (during)
+            desk->close();
+        settle();
+        desk->close();
+        desk->reopen();
+        desktop.clock.advance(800ms);
+        ASSERT_TRUE(button(u"Envoyer automatiquement"_s)) << during;
+        delete sheet;
+    }
+    EXPECT_EQ(desktop.scripts.sources.size(), 2);
+    show<BatchEmailSendView>();
+    settle();
+    EXPECT_EQ(desktop.scripts.sources.size(), 3);
+}
+
 TEST_F(QueueSheets, ADoubtStopsTheRunAndItsAnswerMovesOn)
 {
     switches.setAutoValidateEmail(true);

@@ -1,0 +1,40 @@
+#pragma once
+
+#include "platform/platform.h"
+
+#include <QCoroTask>
+
+#include <stop_token>
+
+namespace quenoria {
+
+/// Says how far a long hand-over has come: nothing is worth saying of the others.
+class HandOverWatch : public QObject {
+    Q_OBJECT
+
+public:
+    explicit HandOverWatch(const Platform &platform) : m_platform(platform) {}
+    ~HandOverWatch() override { end(); }
+
+    /// A carrier gets a message now.
+    void begin();
+    void end();
+
+    /// "42 %" once the carrier has been reading for more than two seconds, else empty.
+    const QString &text() const { return m_text; }
+
+Q_SIGNALS:
+    void changed();
+
+private:
+    QCoro::Task<> follow(std::stop_token stop);
+    void look();
+    void say(const QString &text);
+
+    Platform m_platform;
+    std::stop_source m_stop{std::nostopstate};
+    std::optional<Instant> m_since; ///< the carrier reads
+    QString m_text;
+};
+
+} // namespace quenoria
