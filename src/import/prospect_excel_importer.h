@@ -5,6 +5,9 @@
 #include "model/collections.h"
 #include "model/records.h"
 
+#include <map>
+#include <vector>
+
 namespace quenoria {
 
 /// What a workbook would bring, before anything is changed.
