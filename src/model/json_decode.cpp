@@ -126,7 +126,10 @@ public:
     template <typename T>
     bool read(Node node, std::optional<T> &out)
     {
-        if (node.is_null()) {
+        bool isNull = false;
+        if (node.is_null().get(isNull) != simdjson::SUCCESS) // as of "nul"
+            return false;
+        if (isNull) {
             out.reset();
             return true;
         }
