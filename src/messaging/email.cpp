@@ -43,7 +43,7 @@ SendOutcome mailOutcome(const ScriptOutcome &outcome, const QString &notCreated,
     log.write(logPrefix + error->description);
     if (leavesDoubt(*error))
         return InDoubt{error->message.value_or(QString()).trimmed()};
-    return Refused{notAuthorised};
+    return Refused{notAuthorised, error->message.value_or(QString()).trimmed()};
 }
 
 } // namespace
@@ -81,7 +81,7 @@ QCoro::Task<SendOutcome> ProspectStore::sendEmailAutomatically(Prospect prospect
     if (Refusal refusal = unreachableByEmail(prospect))
         co_return Refused{refusal};
     if (defaultMailApplicationBundleIdentifier() != appleMail)
-        co_return Refused{appleMailNeeded};
+        co_return Refused{appleMailNeeded, QString()};
     const std::optional<QUrl> file = attachmentURL(prospect);
     const EmailTemplate assigned = assignedEmailTemplate(prospect);
     const HandOver message{prospect, *prospect.email, assigned.subject, assigned.body,

@@ -64,7 +64,8 @@ struct SendDesk::Order {
 };
 
 SendDesk::SendDesk(ProspectStore &store, const Platform &platform)
-    : m_store(store), m_platform(platform), m_intents(platform), m_progress(platform)
+    : m_store(store), m_platform(platform), m_intents(platform), m_progress(platform),
+      m_mailTurn(store, platform)
 {
     reconcile();
 }
@@ -128,6 +129,13 @@ void SendDesk::callNextEmail()
 
 QCoro::Task<SendOutcome> SendDesk::carry(Place order, bool freeProEnabled)
 {
+    const QPointer<SendDesk> self(this);
+    if (order->channel == Channel::email && !order->stop.stop_requested()) {
+        const QCoro::Task<> turn = m_mailTurn.wait(order->stop.get_token());
+        co_await turn;
+        if (!self)
+            co_return Refused{};
+    }
     const Prospect *contact = m_store.prospect(order->contactId);
     if (!contact || order->stop.stop_requested())
         co_return Refused{};

@@ -2,6 +2,7 @@
 
 #include "messaging/hand_over.h"
 #include "messaging/hand_over_watch.h"
+#include "messaging/mail_turn.h"
 #include "messaging/order_state.h"
 #include "model/channel.h"
 #include "store/intent_file.h"
@@ -32,6 +33,9 @@ public:
 
     ProspectStore &store() const { return m_store; }
     const HandOverWatch &progress() const { return m_progress; }
+
+    /// What an e-mail waits for before its carrier gets it.
+    MailTurn &mailTurn() { return m_mailTurn; }
 
     /// Sends to the contact and records it. E-mails wait for each other; an SMS that is ordered
     /// during another is refused.
@@ -97,6 +101,7 @@ private:
     Platform m_platform;
     IntentFile m_intents;
     HandOverWatch m_progress;
+    MailTurn m_mailTurn;
     std::list<Order> m_orders;
     std::vector<SendIntent> m_unsaved; ///< recorded in memory, not yet on the disk
     bool m_isClosed = false;

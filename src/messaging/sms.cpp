@@ -43,7 +43,7 @@ SendOutcome smsOutcome(const ScriptOutcome &outcome, SystemLog &log)
     const QString message = error->message.value_or(QString()).trimmed();
     if (leavesDoubt(*error))
         return InDoubt{message};
-    return Refused{message.isEmpty() ? notAuthorised : notConfirmed + message};
+    return Refused{message.isEmpty() ? notAuthorised : notConfirmed + message, QString()};
 }
 
 } // namespace

@@ -15,6 +15,10 @@ struct Sent {
 /// Nothing left. Without a message, the order was given up and nobody waits for a word on it.
 struct Refused {
     Refusal message;
+
+    /// Present when it was the carrier that refused: its own words, or nothing more than the
+    /// message tells.
+    std::optional<QString> carrierWords = {};
     bool operator==(const Refused &) const = default;
 };
 

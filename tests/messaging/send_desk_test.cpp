@@ -223,6 +223,39 @@ TEST_F(Desk, ALongHandOverTellsHowFarItIs)
     EXPECT_EQ(watch.text(), QString());
 }
 
+/// One e-mail a minute and three a day, counted in the history; a stop ends the wait.
+TEST_F(Desk, EmailsThroughTheMailboxKeepItsPaceAndAskForItsPassword)
+{
+    MailSettings settings(desktop.preferences);
+    settings.setPace({1, 3});
+    int asked = 0;
+    desk().mailTurn().askPasswordWith([&](const std::stop_token &) {
+        ++asked;
+        desktop.mailbox.place = PasswordPlace::memory;
+        return QtFuture::makeReadyFuture();
+    });
+    order(email, alix());
+    order(email, alix());
+    EXPECT_EQ(answers.size(), 2) << "the other road has no pace";
+    settings.setRoad(MailRoad::mailbox);
+    order(email, alix());
+    EXPECT_EQ(answers.size(), 2);
+    EXPECT_TRUE(desk().mailTurn().notice().endsWith(u"part à 10:01:00."_s));
+    desktop.clock.advance(59s);
+    EXPECT_EQ(answers.size(), 2);
+    desktop.clock.advance(1s);
+    settle();
+    EXPECT_EQ(answers.size(), 3);
+    order(email, alix());
+    EXPECT_TRUE(desk().mailTurn().notice().endsWith(u"part le 11/03 à 10:00."_s));
+    desk().close();
+    desktop.clock.advance(0s);
+    EXPECT_EQ(answers.takeLast(), u"given up"_s);
+    EXPECT_EQ(desk().mailTurn().notice(), QString());
+    EXPECT_EQ(store().emailHistory(alix()).size(), 3U);
+    EXPECT_EQ(asked, 1);
+}
+
 TEST_F(Desk, ADoubtKeepsTheContactUntilItIsAnswered)
 {
     scripts.mail.answer = TransportFailure{u"pas de réponse"_s, Fate::perhapsSent};

@@ -1,5 +1,6 @@
 #include "ui/queue/batch_queue.h"
 
+#include "model/sms_length.h"
 #include "model/text_order.h"
 #include "platform/clock.h"
 #include "ui/kit/switches.h"
@@ -29,6 +30,7 @@ BatchQueue::BatchQueue(const QueueChannel &channel, SendDesk &desk, Switches &sw
     connect(&desk, &SendDesk::closing, this, &BatchQueue::callOff);
     connect(this, &BatchQueue::runAsked, this, &BatchQueue::runAutomaticQueue,
             Qt::QueuedConnection);
+    connect(&desk.mailTurn(), &MailTurn::noticeChanged, this, &BatchQueue::changed);
     connect(&desk, &SendDesk::doubtAnswered, this,
             [this](Channel where, const QString &contactId, DoubtAnswer answer) {
                 if (where == m_channel.channel && answer != DoubtAnswer::later)
@@ -105,6 +107,29 @@ QString BatchQueue::quotaText() const
 bool BatchQueue::isQuotaReached() const
 {
     return !m_switches.freeProPlan() && m_store.remainingStandardSMSRecipientsThisMonth() == 0;
+}
+
+QString BatchQueue::pauseText() const
+{
+    return m_channel.channel == Channel::email ? m_desk.mailTurn().notice() : QString();
+}
+
+QString BatchQueue::costText() const
+{
+    QHash<QString, int> partsOf; // most contacts get the same few texts
+    int contacts = 0, parts = 0;
+    for (const QString &id : m_state.queueIDs) {
+        const Prospect *contact = m_store.prospect(id);
+        if (!contact)
+            continue;
+        const QString body = m_channel.message(m_store, *contact).body;
+        auto known = partsOf.constFind(body);
+        if (known == partsOf.cend())
+            known = partsOf.insert(body, smsLength(body).parts);
+        ++contacts;
+        parts += *known;
+    }
+    return u"%1 contact%2 · %3 SMS"_s.arg(contacts).arg(contacts > 1 ? u"s"_s : u""_s).arg(parts);
 }
 
 QueueAction BatchQueue::take(const QueueEvent &event)

@@ -43,6 +43,10 @@ public:
     QueuedMessage message() const { return m_channel.message(m_store, *current()); }
     QString quotaText() const; ///< of the SMS channel
     bool isQuotaReached() const;
+    QString pauseText() const; ///< that the run waits for the mailbox's pace, or nothing
+
+    /// "12 contacts · 24 SMS": what is left to send, and what it costs.
+    QString costText() const;
 
 Q_SIGNALS:
     /// Something that the sheet shows is another: the state, the switches, the store.

@@ -27,13 +27,16 @@ QueueSheet::QueueSheet(const QueueChannel &channel, SendDesk &desk, Switches &sw
                        Clock &clock, QWidget *parent)
     : Sheet(channel.title, channel.size, parent), m_channel(channel), m_store(desk.store()),
       m_queue(new BatchQueue(channel, desk, switches, clock)), m_progress(makeProgress()),
+      m_cost(makeLabel({}, TextStyle::body, Tint::secondary)),
       m_options(new QueueOptions(*m_queue, switches)),
       m_message(new MessagePanel(channel.hasQuota ? MessagePanel::Length::told
                                                   : MessagePanel::Length::silent)),
       m_finished(makeFinishedPanel()), m_status(new StatusLabel), m_passedOver(new StatusLabel),
-      m_error(new StatusLabel), m_buttons(makeButtons())
+      m_error(new StatusLabel), m_carrierRow(makeCarrierRow()), m_buttons(makeButtons())
 {
     addHeader(channel.title, channel.note);
+    header()->addWidget(m_cost);
+    m_cost->setVisible(channel.hasQuota);
     column()->addWidget(m_progress);
     column()->addWidget(m_options);
     column()->addWidget(m_message, 1);
@@ -41,6 +44,7 @@ QueueSheet::QueueSheet(const QueueChannel &channel, SendDesk &desk, Switches &sw
     footer()->addWidget(m_status);
     footer()->addWidget(m_passedOver);
     footer()->addWidget(m_error);
+    footer()->addWidget(m_carrierRow);
     footer()->addWidget(m_buttons);
     connectQueue();
 }
@@ -76,6 +80,7 @@ QWidget *QueueSheet::makeFinishedPanel()
     column->addWidget(new EmptyState(u"checkmark.circle.fill"_s, u"Sélection terminée"_s,
                                      m_channel.finishedNote));
     column->addWidget(m_close, 0, Qt::AlignHCenter);
+    column->addWidget(makeCarriersButton(), 0, Qt::AlignHCenter);
     column->addStretch();
     return panel;
 }
@@ -103,6 +108,28 @@ QWidget *QueueSheet::makeButtons()
     return buttons;
 }
 
+/// What the carrier said of its own, and the way to another.
+QWidget *QueueSheet::makeCarrierRow()
+{
+    auto *carrier = new QWidget;
+    m_carrierWords = new StatusLabel;
+    auto *row = new QHBoxLayout(carrier);
+    row->setContentsMargins({});
+    row->setSpacing(buttonGap);
+    row->addWidget(m_carrierWords, 1);
+    row->addStretch();
+    row->addWidget(makeCarriersButton(), 0, Qt::AlignTop);
+    return carrier;
+}
+
+QPushButton *QueueSheet::makeCarriersButton()
+{
+    auto *button = new QPushButton(u"Choisir un moyen d’envoi…"_s);
+    button->setAutoDefault(false);
+    connect(button, &QPushButton::clicked, this, &QueueSheet::carriersRequested);
+    return button;
+}
+
 void QueueSheet::connectQueue()
 {
     connect(m_queue, &BatchQueue::changed, this, &QueueSheet::refresh);
@@ -122,6 +149,7 @@ void QueueSheet::showEvent(QShowEvent *event)
     if (!m_opened) {
         m_opened = true;
         m_queue->open();
+        m_cost->setText(m_queue->costText());
     }
     Sheet::showEvent(event);
 }
@@ -146,7 +174,9 @@ void QueueSheet::refresh()
 
 void QueueSheet::refreshStatus()
 {
-    if (m_queue->isRunning())
+    if (const QString pause = m_queue->pauseText(); m_queue->isRunning() && !pause.isEmpty())
+        m_status->setStatus(pause, Tint::accent, u"clock"_s);
+    else if (m_queue->isRunning())
         m_status->setStatus(
             (u"Envoi automatique en cours… "_s + m_queue->progress().text()).trimmed(),
             Tint::accent, u"gearshape.2.fill"_s);
@@ -161,6 +191,9 @@ void QueueSheet::refreshStatus()
                             Tint::secondary, u"info.circle"_s);
     m_error->setStatus(m_queue->state().error.value_or(QString()), Tint::negative,
                        m_channel.errorSymbol);
+    const auto &carrierWords = m_queue->state().carrierWords;
+    m_carrierRow->setVisible(carrierWords.has_value());
+    m_carrierWords->setStatus(carrierWords.value_or(QString()), Tint::secondary);
 }
 
 void QueueSheet::refreshButtons()

@@ -25,6 +25,10 @@ class QueueSheet : public Sheet {
 public:
     ~QueueSheet() override;
 
+Q_SIGNALS:
+    /// The user wants to choose by which way messages leave.
+    void carriersRequested();
+
 protected:
     QueueSheet(const QueueChannel &channel, SendDesk &desk, Switches &switches, Clock &clock,
                QWidget *parent);
@@ -35,6 +39,8 @@ private:
     QWidget *makeProgress();
     QWidget *makeFinishedPanel();
     QWidget *makeButtons();
+    QWidget *makeCarrierRow();
+    QPushButton *makeCarriersButton();
     void connectQueue();
     void refresh();
     void refreshStatus();
@@ -49,6 +55,7 @@ private:
     QWidget *m_progress;
     TextLabel *m_progressText;
     QProgressBar *m_progressBar;
+    TextLabel *m_cost;
     QueueOptions *m_options;
     MessagePanel *m_message;
     QWidget *m_finished;
@@ -56,6 +63,8 @@ private:
     StatusLabel *m_status;
     StatusLabel *m_passedOver;
     StatusLabel *m_error;
+    QWidget *m_carrierRow;
+    StatusLabel *m_carrierWords;
     QWidget *m_buttons;
     QPushButton *m_skip;
     QPushButton *m_primary;

@@ -46,7 +46,7 @@ public:
         if (!awaitsUser())
             return unchanged();
         m_state.phase = event.refusal ? Phase::waiting : Phase::prepared;
-        m_state.error = event.refusal;
+        say(event.refusal);
         return unchanged();
     }
 
@@ -90,12 +90,16 @@ public:
             const Phase then = sent->unsaved ? Phase::waiting : Phase::running;
             advancePastCurrent(leaving ? Phase::closed : then);
             if (sent->unsaved)
-                m_state.error = recordUnsaved;
+                say(recordUnsaved);
             return does(QueueAction::deselect);
         }
         m_state.phase = leaving ? Phase::closed : Phase::waiting;
         // Nobody waits for a word on a contact that was deleted meanwhile.
-        m_state.error = m_circumstances.present ? wordOn(event.outcome) : std::nullopt;
+        const auto *refused = std::get_if<Refused>(&event.outcome);
+        if (m_circumstances.present)
+            say(wordOn(event.outcome), refused ? refused->carrierWords : std::nullopt);
+        else
+            say({});
         return unchanged();
     }
 
@@ -103,7 +107,7 @@ public:
     {
         const bool isHead = m_state.queueIDs.value(0) == event.contactId;
         if (isHead && awaitsUser()) {
-            m_state.error = {};
+            say({});
             if (event.left)
                 advancePastCurrent(Phase::waiting);
         } else if (event.left && !isHead && m_state.queueIDs.removeOne(event.contactId)) {
@@ -140,12 +144,18 @@ private:
         return m_state.phase == Phase::waiting || m_state.phase == Phase::prepared;
     }
 
+    void say(const Refusal &error, const std::optional<QString> &carrierWords = {})
+    {
+        m_state.error = error;
+        m_state.carrierWords = carrierWords;
+    }
+
     Step startedRun()
     {
         if (!awaitsUser() || m_state.queueIDs.isEmpty())
             return unchanged();
         m_state.phase = Phase::running;
-        m_state.error = {};
+        say({});
         return does(QueueAction::startRun);
     }
 
@@ -155,7 +165,7 @@ private:
             m_state.queueIDs.removeFirst();
             ++m_state.completedCount;
         }
-        m_state.error = {};
+        say({});
         m_state.phase = m_state.queueIDs.isEmpty() ? Phase::closed : then;
     }
 

@@ -23,6 +23,7 @@ struct QueueState {
     int initialQueueCount = 0;
     Phase phase = Phase::waiting;
     Refusal error;
+    std::optional<QString> carrierWords = {}; ///< of an error that a carrier gave
     QString servedAs = {}; ///< name under which the one last passed over had been served
     bool operator==(const QueueState &) const = default;
 };

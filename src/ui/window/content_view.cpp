@@ -4,6 +4,7 @@
 #include "ui/kit/labels.h"
 #include "ui/kit/screen_room.h"
 #include "ui/kit/switches.h"
+#include "ui/sheets/password_view.h"
 #include "ui/table/contact_table_view.h"
 #include "ui/window/contact_menu.h"
 #include "ui/window/doubt_alerts.h"
@@ -63,6 +64,7 @@ ContentView::ContentView(SendDesk &desk, Switches &switches, const Platform &pla
     followModel();
     followTable();
     followRowActions();
+    followMailbox();
     restoreLayout();
     refresh();
 }
@@ -143,7 +145,7 @@ void ContentView::followRowActions()
         statusBar()->show();
         statusBar()->showMessage(text, duration);
     };
-    connect(m_rows, &RowActions::failed, this, alert);
+    connect(m_rows, &RowActions::failed, this, &ContentView::tellOfFailure);
     connect(m_rows, &RowActions::notSent, statusBar(), &QStatusBar::clearMessage);
     connect(m_rows, &RowActions::historyRequested, this, &ContentView::showHistory);
     connect(m_rows, &RowActions::sendStarted, this, [tell](const QString &label) {
@@ -166,6 +168,36 @@ void ContentView::followRowActions()
             [alert](const ImportReport &report) { alert(report.title, report.message); });
     connect(m_farewell, &Farewell::ready, this, &ContentView::quit, Qt::QueuedConnection);
     connect(m_farewell, &Farewell::calledOff, this, &ContentView::stayed);
+}
+
+/// What a carrier refused, another may take.
+void ContentView::tellOfFailure(const QString &title, const QString &message,
+                                const std::optional<QString> &carrierWords)
+{
+    if (!carrierWords)
+        return showAlert(this, title, message);
+    const QString text = carrierWords->isEmpty() ? message : message + u"\n\n"_s + *carrierWords;
+    offerChoices(
+        this, title, text,
+        {{u"Choisir un moyen d’envoi…"_s, [this] { chooseCarriers(); }}, {u"OK"_s, [] {}}});
+}
+
+/// An e-mail that waits for the mailbox's pace, or for its password, and says so.
+void ContentView::followMailbox()
+{
+    MailTurn &turn = m_desk.mailTurn();
+    connect(&turn, &MailTurn::noticeChanged, this, [this, &turn] {
+        if (const QString notice = turn.notice(); !notice.isEmpty()) {
+            statusBar()->show();
+            statusBar()->showMessage(notice);
+        } else {
+            statusBar()->clearMessage();
+        }
+    });
+    turn.askPasswordWith([this](const std::stop_token &stop) {
+        const QString address = MailSettings(m_platform.preferences).account().senderAddress;
+        return PasswordView::ask(m_platform.mailbox, address, this, stop);
+    });
 }
 
 void ContentView::refresh()

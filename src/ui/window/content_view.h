@@ -14,6 +14,7 @@ class ContactTableView;
 class DoubtAlerts;
 class Farewell;
 class FileAlerts;
+class QueueSheet;
 class RowActions;
 class SendDesk;
 class TablePages;
@@ -77,9 +78,13 @@ private:
     void followModel();
     void followTable();
     void followRowActions();
+    void followMailbox();
+    void tellOfFailure(const QString &title, const QString &message,
+                       const std::optional<QString> &carrierWords);
     void refresh();
     void restoreLayout();
     void saveLayout();
+    void presentQueue(QueueSheet &queue);
     void editContact(const QString &id);
     void showHistory(const QString &id);
     void fillContactMenu(QMenu &menu, const QString &id);

@@ -52,7 +52,7 @@ void RowActions::prepare(Channel channel, const Prospect &contact)
 {
     if (const Refusal refusal = m_desk.prepare(channel, contact, m_switches.freeProPlan()))
         Q_EMIT failed(channel == Channel::sms ? u"SMS impossible"_s : u"E-mail impossible"_s,
-                      *refusal);
+                      *refusal, {});
 }
 
 QCoro::Task<> RowActions::sendAutomatically(Channel channel, Prospect contact)
@@ -75,7 +75,7 @@ void RowActions::tell(const SendOutcome &outcome, const QString &contactLabel)
         Q_EMIT notSent();
     const auto *refused = std::get_if<Refused>(&outcome);
     if (refused && refused->message)
-        Q_EMIT failed(u"Envoi automatique impossible"_s, *refused->message);
+        Q_EMIT failed(u"Envoi automatique impossible"_s, *refused->message, refused->carrierWords);
 }
 
 } // namespace quenoria

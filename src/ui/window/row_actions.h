@@ -18,7 +18,9 @@ public:
     void perform(RowAction action, const QString &contactId);
 
 Q_SIGNALS:
-    void failed(const QString &title, const QString &message);
+    /// With the carrier's own words when it was one that refused.
+    void failed(const QString &title, const QString &message,
+                const std::optional<QString> &carrierWords);
     void historyRequested(const QString &contactId);
     void sendStarted(const QString &contactLabel);
     void sent(const QString &contactLabel);

@@ -54,7 +54,12 @@ void ContentView::manageDepartments() { present<DepartmentManagerView>(m_store);
 void ContentView::manageMessages() { present<MessageManagerView>(m_store); }
 void ContentView::manageEmailMessages() { present<EmailMessageManagerView>(m_store); }
 void ContentView::testMessage() { present<TestMessageView>(m_store); }
-void ContentView::chooseCarriers() { present<CarriersView>(m_platform, m_store); }
+/// Over whatever asked for it, like the message below.
+void ContentView::chooseCarriers()
+{
+    QWidget *front = QApplication::activeModalWidget();
+    (new CarriersView(m_platform, m_store, front ? front : this))->present();
+}
 
 /// Over whatever asked for it, a queue most often.
 void ContentView::composeMessage(const Composition &message)
@@ -67,11 +72,20 @@ void ContentView::showAbout() { present<AboutView>(); }
 
 void ContentView::showImportHelp() { present<ExcelFormatHelpView>(m_platform); }
 
-void ContentView::openSMSQueue() { present<BatchSendView>(m_desk, m_switches, m_platform.clock); }
+void ContentView::openSMSQueue()
+{
+    presentQueue(*new BatchSendView(m_desk, m_switches, m_platform.clock, this));
+}
 
 void ContentView::openEmailQueue()
 {
-    present<BatchEmailSendView>(m_desk, m_switches, m_platform.clock);
+    presentQueue(*new BatchEmailSendView(m_desk, m_switches, m_platform.clock, this));
+}
+
+void ContentView::presentQueue(QueueSheet &queue)
+{
+    connect(&queue, &QueueSheet::carriersRequested, this, &ContentView::chooseCarriers);
+    queue.present();
 }
 
 void ContentView::editCurrentContact()

@@ -10,6 +10,7 @@
 #include <QPointer>
 #include <QPushButton>
 #include <QSemaphore>
+#include <QTest>
 
 #include <gtest/gtest.h>
 
@@ -159,6 +160,30 @@ TEST_F(QueueSheets, EmailsGoOneAfterTheOtherAndStopOnARefusal)
     desktop.clock.advance(800ms);
     EXPECT_TRUE(shows(u"c"_s) && button(u"Préparer cet e-mail"_s)->isEnabled());
     EXPECT_TRUE(button(u"Préparer cet e-mail"_s)->hasFocus());
+}
+
+TEST_F(QueueSheets, TellWhatTheCarrierSaidAndLeadToTheOthers)
+{
+    show();
+    EXPECT_TRUE(shows(u"4 contacts · 28 SMS"_s));
+    EXPECT_FALSE(button(u"Choisir un moyen d’envoi…"_s)->isVisible());
+    delete sheet;
+    switches.setAutoValidateEmail(true);
+    desktop.scripts.answer = [](const QString &) {
+        return ScriptError{u"x"_s, u" Le serveur <b> refuse."_s};
+    };
+    show<BatchEmailSendView>();
+    settle();
+    ASSERT_TRUE(QTest::qWaitFor([this] { return !desk->isBusy(); }));
+    settle();
+    EXPECT_TRUE(shows(u"Le serveur <b> refuse."_s));
+    int asked = 0;
+    QObject::connect(sheet, &QueueSheet::carriersRequested, [&asked] { ++asked; });
+    for (auto *each : sheet->findChildren<QPushButton *>()) {
+        if (each->isVisible() && each->text() == u"Choisir un moyen d’envoi…"_s)
+            each->click();
+    }
+    EXPECT_EQ(asked, 1);
 }
 
 TEST_F(QueueSheets, ASecondClickOrAHeldKeyNeverMeetsTheNextContact)
