@@ -27,7 +27,6 @@ QueueSheet::QueueSheet(const QueueChannel &channel, SendDesk &desk, Switches &sw
                        Clock &clock, QWidget *parent)
     : Sheet(channel.title, channel.size, parent), m_channel(channel), m_store(desk.store()),
       m_queue(new BatchQueue(channel, desk, switches, clock)), m_progress(makeProgress()),
-      m_cost(makeLabel({}, TextStyle::body, Tint::secondary)),
       m_options(new QueueOptions(*m_queue, switches)),
       m_message(new MessagePanel(channel.hasQuota ? MessagePanel::Length::told
                                                   : MessagePanel::Length::silent)),
@@ -35,8 +34,6 @@ QueueSheet::QueueSheet(const QueueChannel &channel, SendDesk &desk, Switches &sw
       m_error(new StatusLabel), m_carrierRow(makeCarrierRow()), m_buttons(makeButtons())
 {
     addHeader(channel.title, channel.note);
-    header()->addWidget(m_cost);
-    m_cost->setVisible(channel.hasQuota);
     column()->addWidget(m_progress);
     column()->addWidget(m_options);
     column()->addWidget(m_message, 1);
@@ -66,7 +63,13 @@ QWidget *QueueSheet::makeProgress()
     column->setContentsMargins({});
     column->setSpacing(progressGap);
     column->addWidget(m_progressBar);
-    column->addWidget(m_progressText);
+    m_cost = makeLabel({}, TextStyle::body, Tint::secondary);
+    m_cost->setAlignment(Qt::AlignRight);
+    m_cost->setVisible(m_channel.hasQuota);
+    auto *texts = new QHBoxLayout;
+    texts->addWidget(m_progressText, 1);
+    texts->addWidget(m_cost, 1);
+    column->addLayout(texts);
     return progress;
 }
 
