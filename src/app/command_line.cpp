@@ -27,6 +27,29 @@ std::optional<QString> folderOf(const QCommandLineParser &parser, const QCommand
     return QDir::cleanPath(QDir::current().absoluteFilePath(parser.value(option)));
 }
 
+/// What the options ask for together that cannot be had; empty when they agree.
+std::optional<QString> contradiction(const QCommandLineParser &parser)
+{
+    if (!parser.positionalArguments().isEmpty())
+        return u"Argument inattendu : %1"_s.arg(parser.positionalArguments().first());
+    const bool demo = parser.isSet(u"demo"_s);
+    if (parser.isSet(u"tour"_s) && !demo)
+        return u"La visite guidée n’existe qu’en démonstration : ajoutez --demo."_s;
+    const QString rehearsal = parser.value(u"repetition"_s);
+    if (parser.isSet(u"repetition"_s) && !demo)
+        return u"La répétition n’existe qu’en démonstration : ajoutez --demo."_s;
+    if (parser.isSet(u"repetition"_s) && !rehearsalNames().contains(rehearsal))
+        return u"Répétition inconnue : %1"_s.arg(rehearsal);
+    for (const QString &folder : {u"data-dir"_s, u"tour"_s}) {
+        if (parser.isSet(folder) && parser.value(folder).isEmpty())
+            return u"Le dossier de --%1 est vide."_s.arg(folder);
+    }
+    const QString look = parser.value(u"appearance"_s);
+    if (look != u"auto"_s && look != u"light"_s && look != u"dark"_s)
+        return u"Apparence inconnue : %1"_s.arg(look);
+    return std::nullopt;
+}
+
 } // namespace
 
 std::variant<StartOptions, Answer> parseCommandLine(const QStringList &arguments)
@@ -53,30 +76,15 @@ std::variant<StartOptions, Answer> parseCommandLine(const QStringList &arguments
         return Answer{parser.helpText()};
     if (parser.isSet(version))
         return Answer{u"Quenoria %1\n"_s.arg(QCoreApplication::applicationVersion())};
-    if (!parser.positionalArguments().isEmpty())
-        return refuse(u"Argument inattendu : %1"_s.arg(parser.positionalArguments().first()));
-    if (parser.isSet(tour) && !parser.isSet(demo))
-        return refuse(u"La visite guidée n’existe qu’en démonstration : ajoutez --demo."_s);
-    if (parser.isSet(rehearsal) && !parser.isSet(demo))
-        return refuse(u"La répétition n’existe qu’en démonstration : ajoutez --demo."_s);
-    if (parser.isSet(rehearsal) && !rehearsalNames().contains(parser.value(rehearsal)))
-        return refuse(u"Répétition inconnue : %1"_s.arg(parser.value(rehearsal)));
-    for (const QCommandLineOption &folder : {data, tour}) {
-        if (parser.isSet(folder) && parser.value(folder).isEmpty())
-            return refuse(u"Le dossier de --%1 est vide."_s.arg(folder.names().constFirst()));
-    }
-    const QString look = parser.value(appearance);
-    if (look != u"auto"_s && look != u"light"_s && look != u"dark"_s)
-        return refuse(u"Apparence inconnue : %1"_s.arg(look));
+    if (const auto fault = contradiction(parser))
+        return refuse(*fault);
 
-    StartOptions options{parser.isSet(demo),
-                         folderOf(parser, data),
-                         folderOf(parser, tour),
-                         parser.isSet(rehearsal) ? std::optional(parser.value(rehearsal))
-                                                 : std::nullopt,
-                         {}};
-    if (look != u"auto"_s)
-        options.darkAppearance = look == u"dark"_s;
+    StartOptions options{
+        parser.isSet(demo), folderOf(parser, data), folderOf(parser, tour), {}, {}};
+    if (parser.isSet(rehearsal))
+        options.rehearsal = parser.value(rehearsal);
+    if (parser.value(appearance) != u"auto"_s)
+        options.darkAppearance = parser.value(appearance) == u"dark"_s;
     return options;
 }
 

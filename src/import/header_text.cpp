@@ -56,6 +56,12 @@ constexpr char foldAscii(char c)
     return (c >= 'a' && c <= 'z') || isDigit(c) ? c : ' ';
 }
 
+constexpr bool startsATitle(char folded)
+{
+    return std::ranges::any_of(
+        titles, [folded](const HeaderTitle &title) { return title.text.front() == folded; });
+}
+
 /// Whether a title may begin with the byte: with the letter of one, or with what Unicode's tables
 /// may fold to it.
 bool mayStartTitle(char first)
@@ -64,10 +70,7 @@ bool mayStartTitle(char first)
         std::array<bool, 256> marked{};
         for (int byte = 0; byte < 256; ++byte) {
             const char folded = foldAscii(char(byte));
-            marked[std::size_t(byte)] =
-                folded == ' ' || std::ranges::any_of(titles, [folded](const HeaderTitle &title) {
-                    return title.text.front() == folded;
-                });
+            marked[std::size_t(byte)] = folded == ' ' || startsATitle(folded);
         }
         return marked;
     }();

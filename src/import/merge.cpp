@@ -43,6 +43,17 @@ QString reportMessage(const ProspectImportAnalysis &analysis)
     return lines.join(u'\n');
 }
 
+/// A row that repeats the address under which a contact was first known must not undo what the
+/// user made of it.
+void dropUndoneAddresses(ProspectImportAnalysis &analysis, const ProspectStore &store)
+{
+    std::erase_if(analysis.emailUpdates, [&store](const auto &update) {
+        const Prospect *known = store.prospect(update.first);
+        return known && duplicateKey(*known) != update.first &&
+               update.first == u"email:"_s + update.second;
+    });
+}
+
 } // namespace
 
 /// By what each contact is, and by what it was before it was edited.
@@ -63,13 +74,7 @@ ImportReport ProspectStore::importProspects(const QString &workbookPath)
 
 ImportReport ProspectStore::merge(ProspectImportAnalysis analysis)
 {
-    // A row that repeats the address under which a contact was first known must not undo what the
-    // user made of it.
-    std::erase_if(analysis.emailUpdates, [this](const auto &update) {
-        const Prospect *known = prospect(update.first);
-        return known && duplicateKey(*known) != update.first &&
-               update.first == u"email:"_s + update.second;
-    });
+    dropUndoneAddresses(analysis, *this);
     ImportReport report;
     report.title = analysis.prospects.empty() ? u"Aucun nouveau contact"_s : u"Import terminé"_s;
     report.message = reportMessage(analysis);

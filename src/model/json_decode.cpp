@@ -83,7 +83,7 @@ bool readElements(Node node, const TakeElement &take)
         return false;
     for (auto element : array) {
         Node value;
-        if (std::move(element).get(value) != simdjson::SUCCESS || !take(value))
+        if (element.get(value) != simdjson::SUCCESS || !take(value))
             return false;
     }
     return true;

@@ -8,23 +8,23 @@ namespace quenoria {
 
 namespace {
 
-Change contactsChanged(Collection collection, IdSet ids)
+Change contactsChanged(Collection collection, const IdSet &ids)
 {
-    return ContactsChanged{collection, std::move(ids)};
+    return ContactsChanged{collection, ids};
 }
 
-Change listReshaped(Collection, IdSet) { return ListReshaped{}; }
+Change listReshaped(Collection, const IdSet &) { return ListReshaped{}; }
 
 /// An edit of known contacts leaves every other where it is.
-Change contactsEdited(Collection collection, IdSet ids)
+Change contactsEdited(Collection collection, const IdSet &ids)
 {
     if (ids.empty())
         return ListReshaped{};
-    return ContactsChanged{collection, std::move(ids)};
+    return ContactsChanged{collection, ids};
 }
 
-Change departmentsChanged(Collection, IdSet) { return DepartmentsChanged{}; }
-Change quotaChanged(Collection, IdSet) { return QuotaChanged{}; }
+Change departmentsChanged(Collection, const IdSet &) { return DepartmentsChanged{}; }
+Change quotaChanged(Collection, const IdSet &) { return QuotaChanged{}; }
 
 template <typename Shape>
 bool isEncodedAs(const Shape &shape, QByteArrayView bytes)
@@ -39,7 +39,7 @@ bool isEncodedAs(const Shape &shape, QByteArrayView bytes)
 }
 
 template <Channel channel>
-Change templatesChanged(Collection, IdSet)
+Change templatesChanged(Collection, const IdSet &)
 {
     return TemplatesChanged{channel};
 }

@@ -42,7 +42,7 @@ struct CollectionDescriptor {
     const char16_t *saveFailure; ///< log line, followed by the system's error text
 
     /// What a change of it means to those who show contacts; the ids are those concerned.
-    Change (*change)(Collection collection, IdSet ids);
+    Change (*change)(Collection collection, const IdSet &ids);
     bool shapesList = false; ///< the merged list is made from it
 
     /// When the entries of a deleted contact leave it, counted from 1; 0: it has no such entries.

@@ -68,7 +68,7 @@ TransportResult DraftOpener::open(const Composition &draft) const
         return TransportFailure{u"Le fichier joint « %1 » ne peut pas être lu."_s.arg(file)};
     const EmailPortal portal(m_bus);
     if (portal.isPresent()) {
-        const TransportResult result = portal.compose(draft);
+        TransportResult result = portal.compose(draft);
         // What the portal refuses, a long subject for instance, may still open the other way; what
         // may be open already must not open twice.
         if (!result || result->fate == Fate::perhapsSent || xdgEmail().isEmpty())

@@ -51,17 +51,26 @@ void ModemInbox::readMessage(const QString &path)
         if (state.toUInt() != completelyReceived || m_seen.contains(path))
             return;
         m_seen << path;
-        get(path, u"Number"_s, [this, path](const QVariant &number) {
-            get(path, u"Timestamp"_s, [this, path, number](const QVariant &time) {
-                const auto stamp = QDateTime::fromString(time.toString(), Qt::ISODate);
-                const Instant date{std::chrono::milliseconds(stamp.toMSecsSinceEpoch())};
-                if (!stamp.isValid() || !m_mayRead(number.toString(), date))
-                    return;
-                get(path, u"Text"_s, [this, number, date](const QVariant &text) {
-                    Q_EMIT received({number.toString(), text.toString(), date});
-                });
-            });
+        readSender(path);
+    });
+}
+
+void ModemInbox::readSender(const QString &path)
+{
+    get(path, u"Number"_s, [this, path](const QVariant &number) {
+        get(path, u"Timestamp"_s, [this, path, number](const QVariant &time) {
+            const auto stamp = QDateTime::fromString(time.toString(), Qt::ISODate);
+            const Instant date{std::chrono::milliseconds(stamp.toMSecsSinceEpoch())};
+            if (stamp.isValid() && m_mayRead(number.toString(), date))
+                readText(path, number.toString(), date);
         });
+    });
+}
+
+void ModemInbox::readText(const QString &path, const QString &number, Instant date)
+{
+    get(path, u"Text"_s, [this, number, date](const QVariant &text) {
+        Q_EMIT received({number, text.toString(), date});
     });
 }
 

@@ -23,6 +23,8 @@ Q_SIGNALS:
 
 private:
     void readMessage(const QString &path);
+    void readSender(const QString &path);
+    void readText(const QString &path, const QString &number, Instant date);
     void get(const QString &path, const QString &property,
              const std::function<void(const QVariant &)> &answered);
 

@@ -11,6 +11,11 @@ namespace {
 const QString choiceKey = u"EnvoiSMSTransport"_s;
 const QString noService = u"Aucun service Messages actif"_s;
 
+QString storedChoice(const Preferences &preferences)
+{
+    return preferences.text(choiceKey).value_or(QString());
+}
+
 TransportResult sendAll(MessagesTransport &transport, const Composition &message)
 {
     const QString number = message.recipients.value(0);
@@ -57,7 +62,7 @@ std::vector<Carrier> SmsCarriers::found() const
     return all;
 }
 
-QString SmsCarriers::chosen() const { return m_preferences.text(choiceKey).value_or(QString()); }
+QString SmsCarriers::chosen() const { return storedChoice(m_preferences); }
 
 void SmsCarriers::choose(const QString &id)
 {
@@ -83,7 +88,7 @@ SmsCarriers::Choice SmsCarriers::resolve(const QString &id) const
 
 void SmsCarriers::takeChoice()
 {
-    const auto [road, device] = resolve(chosen());
+    const auto [road, device] = resolve(storedChoice(m_preferences));
     const std::lock_guard lock(m_mutex);
     m_transport = road ? road->transport(device) : nullptr;
 }

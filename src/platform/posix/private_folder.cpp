@@ -59,7 +59,7 @@ std::optional<QString> unreadable(const QString &path)
         return qt_error_string(errno);
     if (!S_ISREG(found.st_mode) && !S_ISDIR(found.st_mode))
         return QStringLiteral("ce n’est pas un fichier");
-    std::array<char, 64 * 1024> piece{}; // a damaged disk may fail far from the beginning
+    std::array<char, 65536> piece{}; // a damaged disk may fail far from the beginning
     ssize_t size = 0;
     do
         size = ::read(file.number(), piece.data(), piece.size());

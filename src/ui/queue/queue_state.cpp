@@ -85,14 +85,8 @@ public:
         const bool leaving = m_state.phase == Phase::leaving;
         if (!leaving && m_state.phase != Phase::running)
             return unchanged();
-        if (const auto *sent = std::get_if<Sent>(&event.outcome)) {
-            // No run goes on sending what it cannot remember.
-            const Phase then = sent->unsaved ? Phase::waiting : Phase::running;
-            advancePastCurrent(leaving ? Phase::closed : then);
-            if (sent->unsaved)
-                say(recordUnsaved);
-            return does(QueueAction::deselect);
-        }
+        if (const auto *sent = std::get_if<Sent>(&event.outcome))
+            return left(*sent, leaving);
         m_state.phase = leaving ? Phase::closed : Phase::waiting;
         // Nobody waits for a word on a contact that was deleted meanwhile.
         const auto *refused = std::get_if<Refused>(&event.outcome);
@@ -157,6 +151,16 @@ private:
         m_state.phase = Phase::running;
         say({});
         return does(QueueAction::startRun);
+    }
+
+    Step left(const Sent &sent, bool leaving)
+    {
+        // No run goes on sending what it cannot remember.
+        const Phase then = sent.unsaved ? Phase::waiting : Phase::running;
+        advancePastCurrent(leaving ? Phase::closed : then);
+        if (sent.unsaved)
+            say(recordUnsaved);
+        return does(QueueAction::deselect);
     }
 
     void advancePastCurrent(Phase then)

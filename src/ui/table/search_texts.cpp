@@ -20,11 +20,17 @@ bool lowersAsUnicode(const QLocale &locale)
            language != QLocale::Lithuanian;
 }
 
+/// The lower case of a letter of French; another character as it is.
+char16_t lowered(char16_t c)
+{
+    const bool isUpper = (c >= u'A' && c <= u'Z') || (c >= u'À' && c <= u'Þ' && c != u'×');
+    return isUpper ? char16_t(c + 0x20) : c == u'Œ' ? u'œ' : c;
+}
+
 /// Appends nearly every character of a French text; false for one that the locale must fold.
 bool appendSimple(std::string &out, char16_t c)
 {
-    const bool isUpper = (c >= u'A' && c <= u'Z') || (c >= u'À' && c <= u'Þ' && c != u'×');
-    const char16_t lower = isUpper ? char16_t(c + 0x20) : c == u'Œ' ? u'œ' : c;
+    const char16_t lower = lowered(c);
     if (lower < 0x80) {
         out += char(lower);
     } else if (lower < 0x100 || lower == u'œ') {
