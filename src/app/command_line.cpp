@@ -27,19 +27,27 @@ std::optional<QString> folderOf(const QCommandLineParser &parser, const QCommand
     return QDir::cleanPath(QDir::current().absoluteFilePath(parser.value(option)));
 }
 
-/// What the options ask for together that cannot be had; empty when they agree.
-std::optional<QString> contradiction(const QCommandLineParser &parser)
+/// What is wrong with an option that only a demonstration takes; nothing when all is well.
+std::optional<QString> demonstrationFault(const QCommandLineParser &parser)
 {
-    if (!parser.positionalArguments().isEmpty())
-        return u"Argument inattendu : %1"_s.arg(parser.positionalArguments().first());
     const bool demo = parser.isSet(u"demo"_s);
     if (parser.isSet(u"tour"_s) && !demo)
         return u"La visite guidée n’existe qu’en démonstration : ajoutez --demo."_s;
-    const QString rehearsal = parser.value(u"repetition"_s);
-    if (parser.isSet(u"repetition"_s) && !demo)
+    if (!parser.isSet(u"repetition"_s))
+        return std::nullopt;
+    if (!demo)
         return u"La répétition n’existe qu’en démonstration : ajoutez --demo."_s;
-    if (parser.isSet(u"repetition"_s) && !rehearsalNames().contains(rehearsal))
+    const QString rehearsal = parser.value(u"repetition"_s);
+    if (!rehearsalNames().contains(rehearsal))
         return u"Répétition inconnue : %1"_s.arg(rehearsal);
+    return std::nullopt;
+}
+
+/// The same for all that was given.
+std::optional<QString> argumentFault(const QCommandLineParser &parser)
+{
+    if (!parser.positionalArguments().isEmpty())
+        return u"Argument inattendu : %1"_s.arg(parser.positionalArguments().first());
     for (const QString &folder : {u"data-dir"_s, u"tour"_s}) {
         if (parser.isSet(folder) && parser.value(folder).isEmpty())
             return u"Le dossier de --%1 est vide."_s.arg(folder);
@@ -47,7 +55,7 @@ std::optional<QString> contradiction(const QCommandLineParser &parser)
     const QString look = parser.value(u"appearance"_s);
     if (look != u"auto"_s && look != u"light"_s && look != u"dark"_s)
         return u"Apparence inconnue : %1"_s.arg(look);
-    return std::nullopt;
+    return demonstrationFault(parser);
 }
 
 } // namespace
@@ -76,7 +84,7 @@ std::variant<StartOptions, Answer> parseCommandLine(const QStringList &arguments
         return Answer{parser.helpText()};
     if (parser.isSet(version))
         return Answer{u"Quenoria %1\n"_s.arg(QCoreApplication::applicationVersion())};
-    if (const auto fault = contradiction(parser))
+    if (const auto fault = argumentFault(parser))
         return refuse(*fault);
 
     StartOptions options{
