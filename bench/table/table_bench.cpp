@@ -29,6 +29,8 @@ constexpr int sends = 6;
 constexpr double frame = 16;
 constexpr double firstLetter = 150;
 constexpr double onePage = 4;
+constexpr int manyRows = 10'000;
+constexpr double manyTicks = 150;
 
 void writeFiles(const test::FakeDesktop &desktop, int contacts)
 {
@@ -128,6 +130,16 @@ public:
         m_report.ratio("one tick, file written, ms", m_contacts, floor, ticked, 1.3);
     }
 
+    void tickMany()
+    {
+        IdSet ids;
+        for (int row = 0; row < std::min(manyRows, m_model->rowCount()); ++row)
+            ids.insert(m_model->contacts().at(row).id);
+        const int column = columnOf(SortColumn::stopped);
+        figure("many selected rows ticked, file written, ms",
+               fastest([&](int run) { m_model->tickMany(column, run % 2 == 0, ids); }), manyTicks);
+    }
+
     void scroll()
     {
         double slowest = 0;
@@ -183,6 +195,7 @@ int main(int argc, char **argv)
         scene.search();
         scene.sort();
         scene.tick();
+        scene.tickMany();
     }
     return report.exitStatus();
 }

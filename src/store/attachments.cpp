@@ -43,6 +43,21 @@ void ProspectStore::chooseAttachment(const Prospect &prospect)
     publish(Collection::attachmentPaths, {id});
 }
 
+QString ProspectStore::attachmentPath(const Prospect &prospect) const
+{
+    const QString *path = m_attachmentPaths.find(prospect.id);
+    return path ? *path : QString();
+}
+
+void ProspectStore::setAttachment(const QString &path, const Prospect &prospect)
+{
+    if (path.isEmpty())
+        return removeAttachment(prospect);
+    const QString id = prospect.id;
+    m_attachmentPaths.set(id, path);
+    publish(Collection::attachmentPaths, {id});
+}
+
 void ProspectStore::removeAttachment(const Prospect &prospect)
 {
     const QString id = prospect.id;

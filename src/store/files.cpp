@@ -59,7 +59,7 @@ void ProspectStore::publish(Collection collection, IdSet ids)
     if (row.shapesList)
         m_mergedIsCurrent = false;
     if (m_gathered) {
-        IdSet &gathered = (*m_gathered)[collection];
+        IdSet &gathered = m_gathered->collections[collection];
         if (const auto *contacts = std::get_if<ContactsChanged>(&change))
             gathered.insert(contacts->ids.begin(), contacts->ids.end());
         return;
@@ -70,6 +70,14 @@ void ProspectStore::publish(Collection collection, IdSet ids)
 }
 
 void ProspectStore::announce(const Change &change) { Q_EMIT published(change); }
+
+void ProspectStore::announceSelection(Channel channel, IdSet ids)
+{
+    if (m_gathered)
+        m_gathered->selections[channel].merge(ids);
+    else
+        announce(SelectionChanged{channel, std::move(ids)});
+}
 
 Together::Together(ProspectStore &store) : m_store(store), m_isOutermost(!store.m_gathered)
 {
@@ -82,7 +90,9 @@ Together::~Together()
     if (!m_isOutermost)
         return;
     auto gathered = *std::exchange(m_store.m_gathered, std::nullopt);
-    for (auto &[collection, ids] : gathered)
+    for (auto &[channel, ids] : gathered.selections)
+        m_store.announceSelection(channel, std::move(ids));
+    for (auto &[collection, ids] : gathered.collections)
         m_store.publish(collection, std::move(ids));
 }
 

@@ -5,6 +5,7 @@
 #include "platform/platform.h"
 #include "store/change.h"
 #include "store/collection.h"
+#include "store/many_contacts.h"
 #include "store/send_outcome.h"
 
 #include <QCoroTask>
@@ -107,6 +108,7 @@ public:
     void setEmailSent(bool sent, const Prospect &prospect);
     void recordEmailSentNow(const Prospect &prospect);
     void recordEmailSent(const Prospect &prospect, Instant date);
+    std::optional<Instant> lastContact(const Prospect &prospect) const; ///< newest of both channels
 
     // The two selections, in memory only: contacts ticked for the next run.
     bool isSelectedForSending(const Prospect &prospect) const;
@@ -115,6 +117,12 @@ public:
     bool isSelectedForEmailSending(const Prospect &prospect) const;
     void setSelectedForEmailSending(bool selected, const Prospect &prospect);
     void clearEmailSendSelection();
+
+    // The same of many contacts, whatever their number: one change and one write of each file.
+    // Contacts that are as they should be already are passed over.
+    ManyContacts setSelected(Channel channel, bool selected, const IdSet &ids);
+    ManyContacts setSent(Channel channel, bool sent, const IdSet &ids);
+    ManyContacts setStopped(bool stopped, const IdSet &ids);
 
     // The monthly quota, counted in distinct recipients of the local calendar month.
     int smsRecipientsSentThisMonth() const;
@@ -142,6 +150,8 @@ public:
     std::optional<QUrl> attachmentURL(const Prospect &prospect) const;
     void chooseAttachment(const Prospect &prospect);
     void removeAttachment(const Prospect &prospect);
+    QString attachmentPath(const Prospect &prospect) const;            ///< empty without one
+    void setAttachment(const QString &path, const Prospect &prospect); ///< empty: none
 
     // Import: analyses a workbook and merges it. Throws what its reading threw, unchanged. The
     // two halves stand apart, so that a window can analyse a large workbook on another thread.
@@ -197,6 +207,7 @@ private:
     /// then writes its file once the store is ready.
     void publish(Collection collection, IdSet ids = {});
     void announce(const Change &change);
+    void announceSelection(Channel channel, IdSet ids);
     friend class Together;
     friend struct CollectionTable;
 
@@ -205,6 +216,8 @@ private:
 
     void setStatus(const QString &id, std::optional<SendStatus> status); ///< none: removes it
     void setEmailStatus(const QString &id, std::optional<EmailSendStatus> status);
+    bool isReachable(Channel channel, const Prospect &prospect) const;
+    bool isMarkedSent(Channel channel, const Prospect &prospect) const;
     void select(Channel channel, bool selected, const QString &id);
     void clearSelection(Channel channel);
     IdSet &selection(Channel channel);
@@ -259,7 +272,11 @@ private:
     bool m_automaticSMSBusy = false;
     std::map<Collection, QString> m_unsaved;
     QStringList m_filesSetAside;
-    std::optional<std::map<Collection, IdSet>> m_gathered; ///< of the Together that lives
+    struct Gathered {
+        std::map<Collection, IdSet> collections;
+        std::map<Channel, IdSet> selections;
+    };
+    std::optional<Gathered> m_gathered; ///< of the Together that lives
 
     // The merged list and where each id first stands in it; emptied by what changes it.
     mutable std::vector<Prospect> m_merged;

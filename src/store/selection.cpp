@@ -9,7 +9,7 @@ bool ProspectStore::isSelectedForSending(const Prospect &prospect) const
 
 void ProspectStore::setSelectedForSending(bool selected, const Prospect &prospect)
 {
-    if (selected && (isStopped(prospect) || prospect.phone.isEmpty()))
+    if (selected && (isStopped(prospect) || !isReachable(Channel::sms, prospect)))
         return;
     select(Channel::sms, selected, prospect.id);
 }
@@ -23,12 +23,18 @@ bool ProspectStore::isSelectedForEmailSending(const Prospect &prospect) const
 
 void ProspectStore::setSelectedForEmailSending(bool selected, const Prospect &prospect)
 {
-    if (selected && (isStopped(prospect) || prospect.email.value_or(QString()).isEmpty()))
+    if (selected && (isStopped(prospect) || !isReachable(Channel::email, prospect)))
         return;
     select(Channel::email, selected, prospect.id);
 }
 
 void ProspectStore::clearEmailSendSelection() { clearSelection(Channel::email); }
+
+bool ProspectStore::isReachable(Channel channel, const Prospect &prospect) const
+{
+    return channel == Channel::sms ? !prospect.phone.isEmpty()
+                                   : !prospect.email.value_or(QString()).isEmpty();
+}
 
 IdSet &ProspectStore::selection(Channel channel)
 {
@@ -41,12 +47,12 @@ void ProspectStore::select(Channel channel, bool selected, const QString &id)
         selection(channel).insert(id);
     else
         selection(channel).erase(id);
-    announce(SelectionChanged{channel, {id}});
+    announceSelection(channel, {id});
 }
 
 void ProspectStore::clearSelection(Channel channel)
 {
-    announce(SelectionChanged{channel, std::exchange(selection(channel), {})});
+    announceSelection(channel, std::exchange(selection(channel), {}));
 }
 
 } // namespace quenoria

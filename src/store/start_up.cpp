@@ -52,7 +52,7 @@ ProspectStore::ProspectStore(const Platform &platform, QObject *parent)
         mergeExistingSMSHistoryIntoMonthlyRecipients();
     const auto differing = *std::exchange(m_gathered, std::nullopt);
     m_isReady = true;
-    for (const auto &[collection, ids] : differing) {
+    for (const auto &[collection, ids] : differing.collections) {
         if (descriptor(collection).startUpWrites)
             save(collection);
     }

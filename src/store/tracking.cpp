@@ -19,6 +19,15 @@ std::vector<Instant> historyFrom(const Status *status)
     return {};
 }
 
+/// The last of these, found without copying them.
+template <typename Status>
+std::optional<Instant> newest(const Status *status)
+{
+    if (status && status->sendHistory && !status->sendHistory->empty())
+        return status->sendHistory->back();
+    return status && status->sent ? std::optional(status->sentAt) : std::nullopt;
+}
+
 /// The record to build a new one from: the existing one, or one made now.
 template <typename Status>
 Status existingOr(const Status *status, Instant now)
@@ -97,6 +106,11 @@ std::vector<Instant> ProspectStore::sendHistory(const Prospect &prospect) const
 std::vector<Instant> ProspectStore::emailHistory(const Prospect &prospect) const
 {
     return historyFrom(emailStatus(prospect));
+}
+
+std::optional<Instant> ProspectStore::lastContact(const Prospect &prospect) const
+{
+    return std::max(newest(status(prospect)), newest(emailStatus(prospect)));
 }
 
 void ProspectStore::setStatus(const QString &id, std::optional<SendStatus> status)

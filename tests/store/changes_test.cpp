@@ -74,6 +74,30 @@ const Announcement announcements[] = {
       u"adresses-mails-completees.json "_s + alixID, u"contacts-modifies.json "_s + alixID,
       u"fichiers-joints.json "_s + alixID, u"selection sms "_s + alixID,
       u"selection email "_s + alixID}},
+    {"manyTicked",
+     [](auto &store, const auto &) {
+         store.clearSendSelection();
+         store.setStopped(true, *store.prospect(chloeID));
+         const ManyContacts many =
+             store.setSelected(Channel::sms, true, {alixID, chloeID, other, {}});
+         EXPECT_EQ(many.changed, IdSet{alixID});
+         EXPECT_EQ(std::pair(many.stopped, many.unreachable), std::pair(1, 1));
+         EXPECT_TRUE(store.setSelected(Channel::sms, true, {alixID}).changed.empty());
+     },
+     {u"selection sms "_s + alixID + u',' + chloeID, u"selection sms "_s + chloeID,
+      u"selection email "_s + chloeID, sms + chloeID, u"selection sms "_s + alixID}},
+    {"manyStopped",
+     [](auto &store, const auto &) {
+         EXPECT_EQ(store.setStopped(true, IdSet{alixID, chloeID}).changed.size(), 2U);
+     },
+     {u"selection sms "_s + alixID + u',' + chloeID,
+      u"selection email "_s + alixID + u',' + chloeID, sms + alixID + u',' + chloeID}},
+    {"manySent",
+     [](auto &store, const auto &) {
+         store.setSent(Channel::sms, true, {alixID, chloeID});
+         EXPECT_EQ(store.setSent(Channel::sms, true, {alixID}).changed, IdSet{});
+     },
+     {sms + alixID + u',' + chloeID, u"quota"_s}},
     {"manyAtOnce",
      [](auto &store, const auto &alix) {
          const Together together(store);

@@ -36,6 +36,10 @@ void ContactTableView::keyPressEvent(QKeyEvent *event)
         return QTableView::keyPressEvent(event);
     switch (event->key()) {
     case Qt::Key_Space:
+        if (event->modifiers() & Qt::ControlModifier)
+            break; // which adds the row to the selection
+        if (kindOf(index) == CellKind::check && selectsSeveral())
+            return toggleSelection(index.column());
         return useCell(index);
     case Qt::Key_Return:
     case Qt::Key_Enter:
@@ -166,6 +170,8 @@ void ContactTableView::mouseReleaseEvent(QMouseEvent *event)
     m_clicked = QModelIndex();
     if (!pressed.isValid() || pressed != indexAt(event->pos()))
         return;
+    if (event->modifiers() & (Qt::ShiftModifier | Qt::ControlModifier))
+        return; // it selects, and uses nothing
     m_clicked = pressed;
     clickCell(pressed, event->pos());
 }
@@ -201,7 +207,10 @@ void ContactTableView::contextMenuEvent(QContextMenuEvent *event)
     const QModelIndex index = fromKeyboard ? currentIndex() : indexAt(event->pos());
     if (!index.isValid())
         return;
-    setCurrentIndex(index);
+    if (selectionModel()->isSelected(index))
+        selectionModel()->setCurrentIndex(index, QItemSelectionModel::NoUpdate);
+    else
+        setCurrentIndex(index);
     Q_EMIT menuRequested(contactIdAt(index), fromKeyboard ? below(index) : event->globalPos());
 }
 

@@ -27,6 +27,34 @@ void tickForDeletion(const Cell &cell, const QVariant &ticked)
         cell.state.deleteSelection.erase(cell.contact.id);
 }
 
+ManyContacts tickManyForDeletion(ProspectStore &, TableState &state, bool on, const IdSet &ids)
+{
+    if (on) {
+        state.deleteSelection.insert(ids.begin(), ids.end());
+    } else {
+        for (const QString &id : ids)
+            state.deleteSelection.erase(id);
+    }
+    return {.changed = ids};
+}
+
+template <Channel channel>
+ManyContacts selectMany(ProspectStore &store, TableState &, bool on, const IdSet &ids)
+{
+    return store.setSelected(channel, on, ids);
+}
+
+template <Channel channel>
+ManyContacts markManySent(ProspectStore &store, TableState &, bool on, const IdSet &ids)
+{
+    return store.setSent(channel, on, ids);
+}
+
+ManyContacts stopMany(ProspectStore &store, TableState &, bool on, const IdSet &ids)
+{
+    return store.setStopped(on, ids);
+}
+
 QVariant isSelected(const Cell &cell) { return cell.store.isSelectedForSending(cell.contact); }
 
 void select(const Cell &cell, const QVariant &selected)
@@ -263,19 +291,29 @@ CellButtons actions(const Cell &cell)
 
 constexpr ContactColumn checkColumn(const char16_t *header, int width, SortColumn sort,
                                     QVariant (*value)(const Cell &),
-                                    void (*edit)(const Cell &, const QVariant &))
+                                    void (*edit)(const Cell &, const QVariant &),
+                                    decltype(ContactColumn::tickMany) tickMany)
 {
     return {.header = header,
             .width = width,
             .kind = CellKind::check,
             .sort = sort,
             .value = value,
-            .edit = edit};
+            .edit = edit,
+            .tickMany = tickMany};
 }
 
-constexpr ContactColumn available(ContactColumn column, bool (*test)(const Cell &))
+constexpr ContactColumn available(ContactColumn column, bool (*test)(const Cell &),
+                                  const char16_t *unreachable)
 {
     column.available = test;
+    column.unreachable = unreachable;
+    return column;
+}
+
+constexpr ContactColumn recordingDates(ContactColumn column)
+{
+    column.recordsDates = true;
     return column;
 }
 
@@ -285,15 +323,19 @@ constexpr std::array columns{
                   .kind = CellKind::check,
                   .value = isTickedForDeletion,
                   .edit = tickForDeletion,
+                  .tickMany = tickManyForDeletion,
                   .keptByTable = true},
-    available(checkColumn(u"Envoyer SMS", 85, SortColumn::selection, isSelected, select),
-              canBeSelected),
-    checkColumn(u"SMS envoyé", 80, SortColumn::sent, isSent, markSent),
-    available(
-        checkColumn(u"Envoyer mail", 90, SortColumn::emailSelection, isEmailSelected, selectEmail),
-        canBeEmailSelected),
-    checkColumn(u"Mail envoyé", 85, SortColumn::emailSent, isEmailSent, markEmailSent),
-    checkColumn(u"STOP", 60, SortColumn::stopped, isStopped, stop),
+    available(checkColumn(u"Envoyer SMS", 85, SortColumn::selection, isSelected, select,
+                          selectMany<Channel::sms>),
+              canBeSelected, u"sans numéro"),
+    recordingDates(checkColumn(u"SMS envoyé", 80, SortColumn::sent, isSent, markSent,
+                               markManySent<Channel::sms>)),
+    available(checkColumn(u"Envoyer mail", 90, SortColumn::emailSelection, isEmailSelected,
+                          selectEmail, selectMany<Channel::email>),
+              canBeEmailSelected, u"sans adresse"),
+    recordingDates(checkColumn(u"Mail envoyé", 85, SortColumn::emailSent, isEmailSent,
+                               markEmailSent, markManySent<Channel::email>)),
+    checkColumn(u"STOP", 60, SortColumn::stopped, isStopped, stop, stopMany),
     ContactColumn{.header = u"Contact",
                   .width = 680,
                   .sort = SortColumn::name,

@@ -57,11 +57,13 @@ struct ContactColumn {
     int width; ///< in points
     CellKind kind = CellKind::text;
     std::optional<SortColumn> sort = {};
-    QString (*text)(const Cell &) = nullptr;                 ///< what is shown
-    QVariant (*value)(const Cell &) = nullptr;               ///< what is edited; bool when ticked
-    void (*edit)(const Cell &, const QVariant &) = nullptr;  ///< takes an edited value
-    SortValue (*key)(const Cell &) = nullptr;                ///< null: the tick, else the text
-    bool (*available)(const Cell &) = nullptr;               ///< null: it can always be ticked
+    QString (*text)(const Cell &) = nullptr;                ///< what is shown
+    QVariant (*value)(const Cell &) = nullptr;              ///< what is edited; bool when ticked
+    void (*edit)(const Cell &, const QVariant &) = nullptr; ///< takes an edited value
+    SortValue (*key)(const Cell &) = nullptr;               ///< null: the tick, else the text
+    bool (*available)(const Cell &) = nullptr;              ///< null: it can always be ticked
+    ManyContacts (*tickMany)(ProspectStore &, TableState &, bool on, const IdSet &) = nullptr;
+    const char16_t *unreachable = u""; ///< why one of many could not be ticked
     CellChoices (*choices)(const ProspectStore &) = nullptr; ///< of a picker
     CellButtons (*buttons)(const Cell &) = nullptr;
     ContactMark (*mark)(const Cell &) = nullptr;
@@ -75,6 +77,7 @@ struct ContactColumn {
     bool keptByTable = false;     ///< its ticks are the table's own, and its header ticks all
     bool followsSwitches = false; ///< what it offers depends on the switches
     bool followsDisk = false;     ///< what it shows depends on files of other programs
+    bool recordsDates = false;    ///< its ticks stay in the history, so that many are asked about
 };
 
 /// Parts two texts that a search looks in: no character, so that no search runs over it.

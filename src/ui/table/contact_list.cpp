@@ -30,6 +30,14 @@ int ContactList::rowOfEntry(std::uint32_t entry) const
     return place == nowhere ? none : int(place);
 }
 
+std::vector<int> ContactList::rowsOfEntries() const
+{
+    std::vector<int> rows(m_entries.size(), none);
+    for (std::size_t row = 0; row < m_shown.size(); ++row)
+        rows[m_shown[row]] = int(row);
+    return rows;
+}
+
 void ContactList::setSearchText(const QString &text)
 {
     m_searchText = text;
@@ -100,6 +108,22 @@ bool ContactList::keepOrder(const std::vector<QString> &idsBefore)
 
 int ContactList::reload(std::uint32_t entry)
 {
+    take(entry);
+    return rowOfEntry(entry);
+}
+
+void ContactList::reloadEach(const IdSet &ids)
+{
+    for (const QString &id : ids) {
+        for (const std::uint32_t entry : entriesOf(id))
+            take(entry);
+    }
+    if (ids.size() > m_entries.size() / 4) // texts set anew leave their old ones behind
+        m_texts.reset(m_entries.size());
+}
+
+void ContactList::take(std::uint32_t entry)
+{
     Entry &kept = m_entries[entry];
     const std::vector<Prospect> &all = m_store.allProspects();
     const bool isThere = entry < all.size() && all[entry].id == kept.contact.id;
@@ -108,7 +132,6 @@ int ContactList::reload(std::uint32_t entry)
     m_texts.forget(entry);
     tally(kept, 1);
     m_displaced.insert(entry);
-    return rowOfEntry(entry);
 }
 
 ContactList::Entry ContactList::fresh(const Prospect &contact) const

@@ -26,6 +26,7 @@ public:
     int rowOf(const QString &id) const; ///< or none
     std::uint32_t entryAt(int row) const { return m_shown[std::size_t(row)]; }
     int rowOfEntry(std::uint32_t entry) const; ///< or none
+    std::vector<int> rowsOfEntries() const;    ///< of each entry, or none
 
     // Counted over all contacts, found or not.
     int total() const { return int(m_entries.size()); }
@@ -45,6 +46,7 @@ public:
     /// Takes the records of one contact again, which may stand in the list more than once; the row
     /// that shows it, or none.
     int reload(std::uint32_t entry);
+    void reloadEach(const IdSet &ids); ///< of many contacts
     QList<std::uint32_t> entriesOf(const QString &id) const { return m_entriesById.values(id); }
 
 private:
@@ -59,6 +61,7 @@ private:
         mutable std::optional<QCollatorSortKey> label = {}; ///< made once a comparison needs it
     };
 
+    void take(std::uint32_t entry);
     Entry fresh(const Prospect &contact) const;
     void tally(const Entry &entry, int by);
     OrderKey orderKey(const Prospect &contact) const;

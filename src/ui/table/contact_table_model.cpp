@@ -209,9 +209,10 @@ void ContactTableModel::sort(int column, Qt::SortOrder order)
     for (const QModelIndex &index : before)
         entries.push_back(m_list.entryAt(index.row()));
     m_list.sort(*columnAt(column).sort, order);
+    const std::vector<int> rows = m_list.rowsOfEntries();
     QModelIndexList after;
     for (qsizetype moved = 0; moved < before.size(); ++moved)
-        after << index(m_list.rowOfEntry(entries[std::size_t(moved)]), before[moved].column());
+        after << index(rows[entries[std::size_t(moved)]], before[moved].column());
     changePersistentIndexList(before, after);
     Q_EMIT layoutChanged({}, VerticalSortHint);
     Q_EMIT headerDataChanged(Qt::Horizontal, 0, columnCount() - 1);
@@ -256,16 +257,18 @@ bool ContactTableModel::allAreTicked() const
     return *m_allAreTicked;
 }
 
+IdSet ContactTableModel::shownContacts() const
+{
+    IdSet ids;
+    for (int row = 0; row < m_list.size(); ++row)
+        ids.insert(m_list.at(row).id);
+    return ids;
+}
+
 void ContactTableModel::tickAll(bool ticked)
 {
-    for (int row = 0; row < m_list.size(); ++row) {
-        if (ticked)
-            m_state.deleteSelection.insert(m_list.at(row).id);
-        else
-            m_state.deleteSelection.erase(m_list.at(row).id);
-    }
-    m_allAreTicked.reset();
-    announce(&ContactColumn::keptByTable);
+    for (const int column : columnsThat(&ContactColumn::keptByTable))
+        tickMany(column, ticked, shownContacts());
 }
 
 void ContactTableModel::lookForAttachments()

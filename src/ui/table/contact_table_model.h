@@ -37,6 +37,11 @@ public:
     /// The displayed contacts; rowOf() gives ContactList::none for one that is not.
     const ContactList &contacts() const { return m_list; }
 
+    /// Ticks or unticks a column of check boxes for many contacts at once.
+    ManyContacts tickMany(int column, bool ticked, const IdSet &ids);
+
+    IdSet shownContacts() const;
+
     // Contacts ticked for deletion. A search hides ticked contacts without unticking them.
     const IdSet &deleteSelection() const { return m_state.deleteSelection; }
     void clearDeleteSelection();
@@ -59,6 +64,7 @@ Q_SIGNALS:
 private:
     void follow(const Change &change);
     void refreshContacts(const IdSet &ids);
+    void refreshMany(const IdSet &ids);
     void refreshSoon();
     void refresh();
     void announce(bool ContactColumn::*property);

@@ -4,8 +4,8 @@ namespace quenoria {
 
 namespace {
 
-/// Moving rows one by one costs more than sorting them anew when they are many.
-constexpr std::size_t mostMovedAlone = 100;
+/// Finding rows one by one costs more than painting them all anew when they are many.
+constexpr std::size_t mostFoundAlone = 100;
 
 } // namespace
 
@@ -23,8 +23,10 @@ void ContactTableModel::follow(const Change &change)
 
 void ContactTableModel::refreshContacts(const IdSet &ids)
 {
-    if (m_refreshIsDue || ids.size() > mostMovedAlone)
+    if (m_refreshIsDue)
         return refreshSoon();
+    if (ids.size() > mostFoundAlone)
+        return refreshMany(ids);
     for (const QString &id : ids) {
         m_state.attachmentsFound.remove(id);
         for (const std::uint32_t entry : m_list.entriesOf(id)) {
@@ -33,6 +35,27 @@ void ContactTableModel::refreshContacts(const IdSet &ids)
         }
     }
     Q_EMIT changed();
+}
+
+void ContactTableModel::refreshMany(const IdSet &ids)
+{
+    for (const QString &id : ids)
+        m_state.attachmentsFound.remove(id);
+    m_list.reloadEach(ids);
+    if (rowCount() > 0)
+        Q_EMIT dataChanged(index(0, 0), index(rowCount() - 1, columnCount() - 1));
+    Q_EMIT changed();
+}
+
+ManyContacts ContactTableModel::tickMany(int column, bool ticked, const IdSet &ids)
+{
+    const ContactColumn &descriptor = contactColumns()[std::size_t(column)];
+    const ManyContacts outcome = descriptor.tickMany(m_store, m_state, ticked, ids);
+    if (descriptor.keptByTable) { // the store announces nothing
+        m_allAreTicked.reset();
+        announce(&ContactColumn::keptByTable);
+    }
+    return outcome;
 }
 
 void ContactTableModel::setUnderWay(Channel channel, const QString &contactId, bool isUnderWay)

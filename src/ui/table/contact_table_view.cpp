@@ -26,7 +26,7 @@ ContactTableView::ContactTableView(ContactTableModel &model, QWidget *parent)
     setHorizontalHeader(new ContactHeader(this));
     setAccessibleName(u"Contacts"_s);
     setSelectionBehavior(SelectRows);
-    setSelectionMode(SingleSelection);
+    setSelectionMode(ExtendedSelection);
     setEditTriggers(EditKeyPressed);
     setTabKeyNavigation(false);
     setShowGrid(false);

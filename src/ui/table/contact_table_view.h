@@ -1,5 +1,6 @@
 #pragma once
 
+#include "model/id_set.h"
 #include "ui/table/cell_delegate.h"
 
 #include <QTableView>
@@ -20,6 +21,13 @@ public:
     /// The contact of the current row, or null.
     const Prospect *currentContact() const;
 
+    /// Those of the selected rows; more than one once the user selects several.
+    IdSet selectedContacts() const;
+
+    /// Whether every selected contact that can be ticked in the column is.
+    bool selectionIsTicked(int column) const;
+    void toggleSelection(int column); ///< asks for its tick, see tickRequested()
+
     /// Writes what is being typed in a cell, which would go with its editor.
     void keepTypedText();
 
@@ -36,9 +44,13 @@ public:
 Q_SIGNALS:
     void editRequested(const QString &contactId);
     void actionRequested(quenoria::RowAction action, const QString &contactId);
+    /// A check box was used while several rows are selected: it is meant for all of them.
+    void tickRequested(int column, bool ticked);
     void menuRequested(const QString &contactId, const QPoint &globalPosition);
 
 protected:
+    QItemSelectionModel::SelectionFlags selectionCommand(const QModelIndex &index,
+                                                         const QEvent *event) const override;
     void keyPressEvent(QKeyEvent *event) override;
     void mousePressEvent(QMouseEvent *event) override;
     void mouseMoveEvent(QMouseEvent *event) override;
@@ -67,6 +79,8 @@ private:
     void useCell(const QModelIndex &index);
     void clickCell(const QModelIndex &index, QPoint point);
     void toggle(const QModelIndex &index);
+    std::vector<int> selectedRows() const;
+    bool selectsSeveral() const;
     void pick(const QModelIndex &index);
     void offerButtons(const QModelIndex &index);
     void trigger(const QModelIndex &index, qsizetype button);

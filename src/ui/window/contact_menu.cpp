@@ -1,6 +1,7 @@
 #include "ui/window/contact_menu.h"
 
 #include "ui/table/contact_table_model.h"
+#include "ui/table/contact_table_view.h"
 
 #include <QMenu>
 
@@ -48,6 +49,22 @@ void ContactMenu::addTicks(QMenu &menu) const
         QObject::connect(tick, &QAction::toggled, &m_model, [&model = m_model, cell](bool on) {
             model.setData(cell, on ? Qt::Checked : Qt::Unchecked, Qt::CheckStateRole);
         });
+    }
+}
+
+void fillSelectionMenu(QMenu &menu, ContactTableView &table)
+{
+    menu.addAction(u"%1 contacts sélectionnés"_s.arg(table.selectedContacts().size()))
+        ->setEnabled(false);
+    menu.addSeparator();
+    const auto columns = contactColumns();
+    for (int column = 0; column < int(columns.size()); ++column) {
+        if (!columns[std::size_t(column)].tickMany)
+            continue;
+        QAction *tick = menu.addAction(QString::fromUtf16(columns[std::size_t(column)].header),
+                                       &table, [&table, column] { table.toggleSelection(column); });
+        tick->setCheckable(true);
+        tick->setChecked(table.selectionIsTicked(column));
     }
 }
 

@@ -9,6 +9,7 @@ class QMenu;
 namespace quenoria {
 
 class ContactTableModel;
+class ContactTableView;
 
 /// Offers in a menu whatever the cells of one row offer: ticks, buttons, and editing the contact.
 class ContactMenu {
@@ -28,5 +29,8 @@ private:
     QString m_contactId;
     int m_row;
 };
+
+/// Offers the ticks of all selected contacts together.
+void fillSelectionMenu(QMenu &menu, ContactTableView &table);
 
 } // namespace quenoria

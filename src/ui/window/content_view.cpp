@@ -10,6 +10,8 @@
 #include "ui/window/doubt_alerts.h"
 #include "ui/window/farewell.h"
 #include "ui/window/file_alerts.h"
+#include "ui/window/many_ticks.h"
+#include "ui/window/outcome_line.h"
 #include "ui/window/row_actions.h"
 #include "ui/window/table_pages.h"
 #include "ui/window/window_header.h"
@@ -56,7 +58,8 @@ ContentView::ContentView(SendDesk &desk, Switches &switches, const Platform &pla
       m_farewell(new Farewell(desk, *m_files, this)),
       m_doubts(new DoubtAlerts(desk, platform.clock.zone(), this)),
       m_header(new WindowHeader(m_commands)), m_table(new ContactTableView(m_model)),
-      m_pages(new TablePages(m_table)), m_column(new QVBoxLayout)
+      m_pages(new TablePages(m_table)), m_ticks(new ManyTicks(m_model, this)),
+      m_outcome(new OutcomeLine), m_column(new QVBoxLayout)
 {
     build();
     m_commands.fillMenuBar(*menuBar());
@@ -77,6 +80,7 @@ void ContentView::build()
     m_column->setSpacing(0);
     m_column->addWidget(m_header);
     m_column->addWidget(m_pages, 1);
+    m_column->addWidget(m_outcome);
     auto *centre = new QWidget;
     centre->setLayout(m_column);
     setCentralWidget(centre);
@@ -127,6 +131,10 @@ void ContentView::followTable()
 {
     connect(m_table, &ContactTableView::editRequested, this, &ContentView::editContact);
     connect(m_table, &ContactTableView::actionRequested, m_rows, &RowActions::perform);
+    connect(m_table, &ContactTableView::tickRequested, this, [this](int column, bool ticked) {
+        m_ticks->tick(column, ticked, m_table->selectedContacts());
+    });
+    connect(m_ticks, &ManyTicks::done, m_outcome, qOverload<const QString &>(&OutcomeLine::tell));
     connect(m_table, &ContactTableView::menuRequested, this,
             [this](const QString &id, const QPoint &position) {
                 auto *menu = new QMenu(this);
@@ -274,6 +282,9 @@ void ContentView::saveLayout()
 
 void ContentView::fillContactMenu(QMenu &menu, const QString &id)
 {
+    const IdSet selected = m_table->selectedContacts();
+    if (selected.size() > 1 && selected.contains(id))
+        return fillSelectionMenu(menu, *m_table);
     ContactMenu contents(m_model, id);
     contents.edit = [this, id] { editContact(id); };
     contents.act = [this, id](RowAction action) { m_rows->perform(action, id); };

@@ -14,6 +14,8 @@ class ContactTableView;
 class DoubtAlerts;
 class Farewell;
 class FileAlerts;
+class ManyTicks;
+class OutcomeLine;
 class QueueSheet;
 class RowActions;
 class SendDesk;
@@ -59,6 +61,10 @@ public:
     void startSearch();
     void toggleFullScreen();
     void resetColumnWidths();
+    void tickShownForSMS();
+    void tickShownForEmail();
+    void untickShownForSMS();
+    void untickShownForEmail();
 
 Q_SIGNALS:
     /// The window was asked to close and stays open.
@@ -103,6 +109,8 @@ private:
     WindowHeader *m_header;
     ContactTableView *m_table;
     TablePages *m_pages;
+    ManyTicks *m_ticks;
+    OutcomeLine *m_outcome;
     QVBoxLayout *m_column;
 };
 

@@ -12,6 +12,7 @@
 #include "ui/sheets/test_message_view.h"
 #include "ui/table/contact_table_view.h"
 #include "ui/window/content_view.h"
+#include "ui/window/many_ticks.h"
 #include "ui/window/window_header.h"
 #include "ui/window/workbook_import.h"
 
@@ -144,6 +145,11 @@ void ContentView::startSearch()
 void ContentView::toggleFullScreen() { setWindowState(windowState() ^ Qt::WindowFullScreen); }
 
 void ContentView::resetColumnWidths() { m_table->resetColumnWidths(); }
+
+void ContentView::tickShownForSMS() { m_ticks->tickShown(SortColumn::selection, true); }
+void ContentView::tickShownForEmail() { m_ticks->tickShown(SortColumn::emailSelection, true); }
+void ContentView::untickShownForSMS() { m_ticks->tickShown(SortColumn::selection, false); }
+void ContentView::untickShownForEmail() { m_ticks->tickShown(SortColumn::emailSelection, false); }
 
 void ContentView::quit() { close(); }
 

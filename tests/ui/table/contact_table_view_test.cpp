@@ -103,6 +103,40 @@ TEST_F(TableView, SpaceAndClicksUseTheCell)
     EXPECT_EQ(actions[2][1].toString(), chloe().id);
 }
 
+TEST_F(TableView, SeveralRowsAreTickedTogetherAndAStrayClickUsesNothing)
+{
+    QSignalSpy actions(&view, &ContactTableView::actionRequested);
+    QSignalSpy ticks(&view, &ContactTableView::tickRequested);
+    const auto clickWith = [this](Qt::KeyboardModifier key, const QModelIndex &index, int x = 0) {
+        QTest::mouseClick(view.viewport(), Qt::LeftButton, key, centre(index) + QPoint(x, 0));
+    };
+    view.setCurrentIndex(at(alix(), SortColumn::selection));
+    clickWith(Qt::ControlModifier, at(chloe(), SortColumn::stopped));
+    clickWith(Qt::ControlModifier, at(contact(u"email:dora@example.fr"), 16), 60);
+    EXPECT_EQ(view.selectedContacts().size(), 3U);
+    EXPECT_FALSE(store().isStopped(chloe()));
+    EXPECT_EQ(actions.size(), 0) << "it selects a row, and sends nothing";
+
+    for (int step = 0; step < 11; ++step)
+        press(Qt::Key_Left);
+    EXPECT_EQ(view.currentIndex().column(), columnOf(SortColumn::stopped));
+    press(Qt::Key_Space);
+    ASSERT_EQ(ticks.size(), 1);
+    EXPECT_EQ(ticks[0], (QVariantList{columnOf(SortColumn::stopped), true}));
+    model().tickMany(columnOf(SortColumn::stopped), true, view.selectedContacts());
+    EXPECT_TRUE(store().isStopped(alix()) && store().isStopped(chloe()));
+    EXPECT_EQ(view.selectedContacts().size(), 3U) << "they stay selected";
+    press(Qt::Key_Space);
+    EXPECT_EQ(ticks.value(1).value(1), false);
+    model().toggleSort(columnOf(SortColumn::name));
+    EXPECT_EQ(view.selectedContacts().size(), 3U);
+
+    press(Qt::Key_Down);
+    EXPECT_EQ(view.selectedContacts().size(), 1U);
+    QTest::keyClick(&view, Qt::Key_A, Qt::ControlModifier);
+    EXPECT_EQ(int(view.selectedContacts().size()), model().rowCount());
+}
+
 TEST_F(TableView, CommentsAreTypedInTheCell)
 {
     click(at(alix(), SortColumn::comment));

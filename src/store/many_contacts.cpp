@@ -1,0 +1,63 @@
+#include "store/prospect_store.h"
+
+namespace quenoria {
+
+ManyContacts ProspectStore::setSelected(Channel channel, bool selected, const IdSet &ids)
+{
+    ManyContacts outcome;
+    const Together together(*this);
+    for (const QString &id : ids) {
+        const Prospect *contact = prospect(id);
+        if (!contact || selection(channel).contains(id) == selected)
+            continue;
+        if (selected && isStopped(*contact)) {
+            ++outcome.stopped;
+        } else if (selected && !isReachable(channel, *contact)) {
+            ++outcome.unreachable;
+        } else {
+            select(channel, selected, id);
+            outcome.changed.insert(id);
+        }
+    }
+    return outcome;
+}
+
+ManyContacts ProspectStore::setSent(Channel channel, bool sent, const IdSet &ids)
+{
+    ManyContacts outcome;
+    const Together together(*this);
+    for (const QString &id : ids) {
+        const Prospect *contact = prospect(id);
+        if (!contact || isMarkedSent(channel, *contact) == sent)
+            continue;
+        if (channel == Channel::sms)
+            setSent(sent, *contact);
+        else
+            setEmailSent(sent, *contact);
+        outcome.changed.insert(id);
+    }
+    return outcome;
+}
+
+bool ProspectStore::isMarkedSent(Channel channel, const Prospect &prospect) const
+{
+    const SendStatus *sms = status(prospect);
+    const EmailSendStatus *email = emailStatus(prospect);
+    return channel == Channel::sms ? sms && sms->sent : email && email->sent;
+}
+
+ManyContacts ProspectStore::setStopped(bool stopped, const IdSet &ids)
+{
+    ManyContacts outcome;
+    const Together together(*this);
+    for (const QString &id : ids) {
+        const Prospect *contact = prospect(id);
+        if (!contact || isStopped(*contact) == stopped)
+            continue;
+        setStopped(stopped, *contact);
+        outcome.changed.insert(id);
+    }
+    return outcome;
+}
+
+} // namespace quenoria

@@ -1,0 +1,62 @@
+#include "ui/window/outcome_line.h"
+
+#include "ui/kit/labels.h"
+#include "ui/kit/plain_text.h"
+#include "ui/kit/symbol.h"
+
+#include <QAccessible>
+#include <QHBoxLayout>
+#include <QPushButton>
+
+using namespace Qt::StringLiterals;
+
+namespace quenoria {
+
+namespace {
+
+constexpr int margin = 20;
+constexpr int gap = 8;
+
+} // namespace
+
+OutcomeLine::OutcomeLine(QWidget *parent)
+    : QWidget(parent), m_text(makeLabel({}, TextStyle::footnote)), m_act(new QPushButton),
+      m_close(new QPushButton(symbol(u"xmark"_s, Tint::secondary), {}))
+{
+    m_text->setWordWrap(false);
+    m_text->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    m_close->setAccessibleName(u"Fermer cette ligne"_s);
+    m_close->setToolTip(tipText(m_close->accessibleName()));
+    m_close->setFlat(true);
+    auto *row = new QHBoxLayout(this);
+    row->setContentsMargins(margin, 0, margin, 0);
+    row->setSpacing(gap);
+    row->addWidget(m_text, 1);
+    row->addWidget(m_act);
+    row->addWidget(m_close);
+    connect(m_act, &QPushButton::clicked, this, [this] {
+        if (const auto deed = m_deed)
+            deed(); // which may tell something else
+    });
+    connect(m_close, &QPushButton::clicked, this, &QWidget::hide);
+    hide();
+}
+
+void OutcomeLine::tell(const QString &text) { tell(text, {}, {}); }
+
+void OutcomeLine::tell(const QString &text, const QString &actionText,
+                       const std::function<void()> &act)
+{
+    m_deed = act;
+    m_text->setText(text);
+    m_text->setAccessibleName(text);
+    m_act->setText(actionText);
+    m_act->setVisible(!actionText.isEmpty());
+    setVisible(!text.isEmpty());
+    QAccessibleEvent event(m_text, QAccessible::Alert);
+    QAccessible::updateAccessibility(&event);
+}
+
+QString OutcomeLine::text() const { return isHidden() ? QString() : m_text->text(); }
+
+} // namespace quenoria
