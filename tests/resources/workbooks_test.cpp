@@ -20,12 +20,13 @@ ProspectImportAnalysis analysed(const QString &name)
     return ProspectExcelImporter::analyze(path, {});
 }
 
-TEST(Workbooks, TheTemplateIsRecognisedAndItsGuideIsNotTakenForContacts)
+TEST(Workbooks, TheTemplateIsRecognisedAndNeitherItsExampleNorItsGuideIsTakenForAContact)
 {
     const ProspectImportAnalysis analysis = analysed(u"Modele_Import_Contacts_Quenoria"_s);
     EXPECT_EQ(analysis.headerRows, 1);
     EXPECT_TRUE(analysis.prospects.empty());
-    EXPECT_EQ(analysis.rowsWithoutMobile + analysis.invalidRows, 0);
+    EXPECT_EQ(analysis.rowsWithoutMobile, 1);
+    EXPECT_TRUE(analysis.departments.empty());
 }
 
 TEST(Workbooks, EveryContactOfTheDemonstrationCanBeImported)

@@ -1,5 +1,7 @@
 #include "platform/qt/dialog_panels.h"
 
+#include "platform/qt/start_folder.h"
+
 #include <QApplication>
 #include <QComboBox>
 #include <QFileDialog>
@@ -19,6 +21,7 @@ namespace {
 
 const auto lastFolderKey = u"DernierDossier"_s;
 constexpr QSize size{820, 540};
+constexpr std::chrono::milliseconds patience{500}; ///< with the disk of the last folder
 constexpr QSize frame{4, 40}; ///< what a desktop puts around a window, more or less
 
 QStringList filters(const QString &suffix)
@@ -42,23 +45,31 @@ void showMessage(QFileDialog &dialog, const QString &message)
 }
 
 /// Gives the names the room, since icons show what they are. The toolkit keeps the columns for all
-/// programs: they go back to what they were.
+/// programs: they go back to what they were. The list has no public name: a toolkit that gives it
+/// another one keeps its columns.
 class FileColumns {
 public:
     explicit FileColumns(const QFileDialog &dialog)
-        : m_columns(dialog.findChild<QTreeView *>(u"treeView"_s)->header()),
-          m_asFound(m_columns->saveState())
     {
+        const auto *list = dialog.findChild<QTreeView *>(u"treeView"_s);
+        if (!list)
+            return;
+        m_columns = list->header();
+        m_asFound = m_columns->saveState();
         constexpr int type = 2;
         m_columns->hideSection(type);
         m_columns->setSectionResizeMode(QHeaderView::ResizeToContents);
         m_columns->setSectionResizeMode(0, QHeaderView::Stretch);
     }
-    ~FileColumns() { m_columns->restoreState(m_asFound); }
+    ~FileColumns()
+    {
+        if (m_columns)
+            m_columns->restoreState(m_asFound);
+    }
     Q_DISABLE_COPY_MOVE(FileColumns)
 
 private:
-    QHeaderView *m_columns;
+    QHeaderView *m_columns = nullptr;
     QByteArray m_asFound;
 };
 
@@ -100,7 +111,7 @@ std::optional<QString> DialogPanels::run(QFileDialog &dialog)
 {
     const QString home = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
     const QString last = m_preferences.text(lastFolderKey).value_or(home);
-    dialog.setDirectory(QFileInfo(last).isDir() ? last : QDir::homePath());
+    dialog.setDirectory(startFolder(last, QDir::homePath(), patience));
     nameChoices(dialog);
     dialog.resize(size.boundedTo(dialog.screen()->availableSize() - frame));
     const FileColumns columns(dialog);

@@ -1,8 +1,9 @@
 // Build tool: turns texts into a workbook.
 //   make_workbook contacts.xlsx contacts.tsv [guide.txt]
-// The table's first line is the header. In the guide, "# " begins the title, "## " a heading, and
-// a line with tabulators is a row of cells. Every cell is a text, so that a mobile keeps its
-// leading zero; the same texts give the same bytes, whenever they are built.
+// The table's first line is the header; with a guide, the lines below are examples, in grey. In the
+// guide, "# " begins the title, "## " a heading, and a line with tabulators is a row of cells.
+// Every cell is a text, so that a mobile keeps its leading zero; the same texts give the same
+// bytes, whenever they are built.
 
 #include <xlsxwriter.h>
 
@@ -20,6 +21,9 @@ constexpr double guideWidths[] = {28.0, 22.0, 60.0};
 constexpr double textSize = 11.0;
 constexpr double titleSize = 16.0;
 constexpr double headingSize = 12.0;
+constexpr double headerHeight = 22.0;
+constexpr lxw_color_t headerColor = 0xDCE6F1;
+constexpr lxw_color_t exampleColor = 0x8C8C8C;
 constexpr time_t created = 1'767'225'600; // 1 January 2026: the build's date would differ each time
 
 using Row = std::vector<std::string>;
@@ -61,15 +65,30 @@ void writeRow(lxw_worksheet *sheet, std::size_t y, const Row &row, lxw_format *f
         worksheet_write_string(sheet, lxw_row_t(y), lxw_col_t(x), row[x].c_str(), format);
 }
 
-void writeContacts(lxw_workbook *workbook, const std::vector<Row> &rows)
+lxw_format *textFormat(lxw_workbook *workbook)
+{
+    lxw_format *format = workbook_add_format(workbook);
+    format_set_num_format(format, "@");
+    return format;
+}
+
+enum class Rows { contacts, examples };
+
+void writeContacts(lxw_workbook *workbook, const std::vector<Row> &rows, Rows kind)
 {
     lxw_worksheet *sheet = workbook_add_worksheet(workbook, "Contacts");
     lxw_format *header = boldFormat(workbook, textSize);
     format_set_bottom(header, LXW_BORDER_THIN);
-    lxw_format *text = workbook_add_format(workbook);
-    format_set_num_format(text, "@");
-    for (std::size_t y = 0; y < rows.size(); ++y)
-        writeRow(sheet, y, rows[y], y == 0 ? header : text);
+    format_set_bg_color(header, headerColor);
+    format_set_align(header, LXW_ALIGN_VERTICAL_CENTER);
+    lxw_format *text = textFormat(workbook);
+    lxw_format *example = textFormat(workbook);
+    format_set_italic(example);
+    format_set_font_color(example, exampleColor);
+    worksheet_set_row(sheet, 0, headerHeight, nullptr);
+    writeRow(sheet, 0, rows.front(), header);
+    for (std::size_t y = 1; y < rows.size(); ++y)
+        writeRow(sheet, y, rows[y], kind == Rows::examples ? example : text);
     for (std::size_t x = 0; x < rows.front().size(); ++x) {
         double width = narrowest;
         for (const Row &row : rows) {
@@ -86,8 +105,7 @@ void writeGuide(lxw_workbook *workbook, const std::vector<Row> &rows)
     lxw_worksheet *sheet = workbook_add_worksheet(workbook, "Mode d’emploi");
     lxw_format *title = boldFormat(workbook, titleSize);
     lxw_format *heading = boldFormat(workbook, headingSize);
-    lxw_format *text = workbook_add_format(workbook);
-    format_set_num_format(text, "@");
+    lxw_format *text = textFormat(workbook);
     for (std::size_t x = 0; x < std::size(guideWidths); ++x)
         worksheet_set_column(sheet, lxw_col_t(x), lxw_col_t(x), guideWidths[x], text);
     for (std::size_t y = 0; y < rows.size(); ++y) {
@@ -120,7 +138,7 @@ int main(int argc, char **argv)
     lxw_doc_properties properties{};
     properties.created = created;
     workbook_set_properties(workbook, &properties);
-    writeContacts(workbook, contacts);
+    writeContacts(workbook, contacts, guide.empty() ? Rows::contacts : Rows::examples);
     if (!guide.empty())
         writeGuide(workbook, guide);
     const lxw_error error = workbook_close(workbook);

@@ -1,6 +1,7 @@
 #include "platform/qt/dialog_panels.h"
 #include "platform/qt/settings_preferences.h"
 #include "platform/qt/single_instance.h"
+#include "platform/qt/start_folder.h"
 #include "platform/qt/system_clock.h"
 #include "support/fake_desktop.h"
 
@@ -11,6 +12,8 @@
 #include <QTimer>
 
 #include <gtest/gtest.h>
+
+#include <future>
 
 using namespace quenoria;
 using namespace quenoria::test;
@@ -212,6 +215,22 @@ TEST_F(Session, PanelsShowTheirTextsAndRememberTheFolder)
     whenShown([](QFileDialog &dialog) { dialog.selectFile(u"autre"_s); });
     EXPECT_EQ(panels.chooseDestination({u"Titre"_s, u"Modele.xlsx"_s, u"xlsx"_s}),
               folder.filePath(u"autre.xlsx"_s));
+}
+
+TEST_F(Session, PanelsOpenElsewhereThanInAFolderThatIsGoneOrNeverAnswers)
+{
+    const auto start = [](const QString &wanted) { return startFolder(wanted, u"home"_s, 1min); };
+    EXPECT_EQ(start(folder.path()), folder.path());
+    EXPECT_EQ(start(folder.filePath(u"gone"_s)), u"home"_s);
+    EXPECT_EQ(start(u"/proc"_s), u"home"_s);
+
+    std::promise<void> mounted;
+    const auto hang = [wait = mounted.get_future().share()](const QString &) {
+        wait.wait();
+        return true;
+    };
+    EXPECT_EQ(startFolder(folder.path(), u"home"_s, 0ms, hang), u"home"_s);
+    mounted.set_value();
 }
 
 } // namespace
