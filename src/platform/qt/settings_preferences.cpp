@@ -4,6 +4,8 @@
 #include <QFileInfo>
 #include <QSettings>
 
+#include <cctype>
+
 using namespace Qt::StringLiterals;
 
 namespace quenoria {
@@ -25,6 +27,22 @@ QByteArray iniText(const QString &text)
             quoted += byte;
     }
     return quoted + '"';
+}
+
+/// Escaped as QSettings reads it: a key that comes from a damaged file may begin like a section.
+QByteArray iniKey(const QString &key)
+{
+    QByteArray escaped;
+    for (const QChar each : key) {
+        const char16_t code = each.unicode();
+        if (code < 0x80 &&
+            (std::isalnum(code) != 0 || code == u'_' || code == u'-' || code == u'.'))
+            escaped += char(code);
+        else
+            escaped += (code > 0xff ? "%U" : "%") +
+                       QByteArray::number(code, 16).rightJustified(code > 0xff ? 4 : 2, '0');
+    }
+    return escaped;
 }
 
 } // namespace
@@ -96,7 +114,7 @@ void SettingsPreferences::write()
 {
     QByteArray content = "[General]\n";
     for (const auto &[key, value] : m_values)
-        content += key.toUtf8() + '=' + iniText(value) + '\n';
+        content += iniKey(key) + '=' + iniText(value) + '\n';
     m_unsaved = m_unreadable;
     if (!m_unsaved)
         m_unsaved = m_files.makeFolder(QFileInfo(m_file).absolutePath());
