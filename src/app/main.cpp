@@ -6,6 +6,7 @@
 #include "model/text_order.h"
 #include "platform/demo/demo_desktop.h"
 #include "platform/linux/color_scheme_setting.h"
+#include "platform/linux/held_keys.h"
 #include "platform/linux/linux_desktop.h"
 #include "platform/linux/memory.h"
 #include "platform/qt/main_window.h"
@@ -154,6 +155,7 @@ int main(int argc, char **argv)
     watch.reset();
     if (const auto answer = missingFonts())
         return print(*answer, std::cerr);
+    askForHeldKeys();
     const DeliberateInput input(application);
     application.setProperty(buildNumberProperty, QStringLiteral(QUENORIA_BUILD));
     QLocale::setDefault(displayLocale());

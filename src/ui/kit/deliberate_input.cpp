@@ -13,6 +13,9 @@ namespace quenoria {
 
 namespace {
 
+/// A release may get lost while windows change; no display waits for so long before it repeats.
+constexpr quint64 longestGap = 1500;
+
 template <typename... Kinds>
 bool isAnyOf(QObject *object)
 {
@@ -36,11 +39,6 @@ bool presses(QObject *target, int key)
     }
 }
 
-bool isHeldKey(QObject *target, const QKeyEvent &key)
-{
-    return key.isAutoRepeat() && target->isWidgetType() && presses(target, key.key());
-}
-
 /// The arrows of a calendar and the like are meant to be clicked in a row.
 bool takesEveryPress(QObject *target)
 {
@@ -59,12 +57,19 @@ bool DeliberateInput::eventFilter(QObject *watched, QEvent *event)
 {
     switch (event->type()) {
     case QEvent::ShortcutOverride:
-        if (!static_cast<QKeyEvent *>(event)->isAutoRepeat())
+        if (!repeatsShortcut(*static_cast<QKeyEvent *>(event)))
             return false;
         event->accept(); // taken as a plain key, it triggers no command again
         return true;
     case QEvent::KeyPress:
-        return isHeldKey(watched, *static_cast<QKeyEvent *>(event));
+        return takeKeyPress(watched, *static_cast<QKeyEvent *>(event));
+    case QEvent::KeyRelease:
+        if (const auto &key = *static_cast<QKeyEvent *>(event); !key.isAutoRepeat())
+            m_down.remove(key.key());
+        return false;
+    case QEvent::ApplicationDeactivate: // whatever is released elsewhere
+        m_down.clear();
+        return false;
     case QEvent::MouseButtonDblClick:
         return !takesEveryPress(watched);
     case QEvent::Wheel:
@@ -75,6 +80,26 @@ bool DeliberateInput::eventFilter(QObject *watched, QEvent *event)
     default:
         return false;
     }
+}
+
+/// Comes before each press, and is offered to one widget after the other.
+bool DeliberateInput::repeatsShortcut(const QKeyEvent &key)
+{
+    const quint64 now = key.timestamp();
+    auto press = m_down.find(key.key());
+    if (press == m_down.end() || now - press->last > longestGap)
+        press = m_down.insert(key.key(), {now, now});
+    press->last = now;
+    return key.isAutoRepeat() || press->first != now;
+}
+
+/// Counted where it reaches the window, dropped where it would act.
+bool DeliberateInput::takeKeyPress(QObject *watched, const QKeyEvent &key)
+{
+    if (watched->isWindowType())
+        ++m_down[key.key()].count;
+    const bool isHeld = key.isAutoRepeat() || m_down.value(key.key()).count > 1;
+    return isHeld && watched->isWidgetType() && presses(watched, key.key());
 }
 
 } // namespace quenoria

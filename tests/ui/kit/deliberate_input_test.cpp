@@ -15,6 +15,7 @@
 #include <QToolButton>
 #include <QVBoxLayout>
 #include <QWheelEvent>
+#include <QWindow>
 
 #include <gtest/gtest.h>
 
@@ -36,13 +37,26 @@ protected:
         }
     }
 
-    static void hold(QWidget &target, Qt::Key key, const QString &text)
+    /// As a display tells it that marks what it repeats, or one that only presses again.
+    void hold(QWidget &target, Qt::Key key, const QString &text)
     {
-        for (const bool repeated : {false, true, true}) {
-            QKeyEvent event(QEvent::KeyPress, key, {}, text, repeated);
-            QCoreApplication::sendEvent(&target, &event);
+        for (int press = 0; press < 3; ++press) {
+            QKeyEvent event(QEvent::KeyPress, key, {}, text, isMarked && press > 0);
+            QCoreApplication::sendEvent(&windowOf(target), &event);
         }
+        QKeyEvent release(QEvent::KeyRelease, key, {});
+        QCoreApplication::sendEvent(&windowOf(target), &release);
     }
+
+    QObject &windowOf(QWidget &target) const
+    {
+        target.setFocus();
+        if (isMarked)
+            return target;
+        return *target.window()->windowHandle();
+    }
+
+    bool isMarked = true;
 };
 
 TEST_F(Hand, ADoubleClickPressesOnce)
@@ -73,19 +87,44 @@ TEST_F(Hand, AHeldKeyPressesOnceAndStillWrites)
     confirm->setDefault(true);
     sheet.show();
     QSignalSpy clicks(confirm, &QPushButton::clicked);
-    hold(*field, Qt::Key_Return, u"\r"_s);
-    hold(*confirm, Qt::Key_Return, u"\r"_s);
-    EXPECT_EQ(clicks.size(), 2) << "once from the field, once from the button";
-    hold(*text, Qt::Key_Return, u"\r"_s);
-    hold(*field, Qt::Key_Space, u" "_s);
-    EXPECT_EQ(text->toPlainText(), u"\n\n\n"_s);
-    EXPECT_EQ(field->text(), u"   "_s);
+    for (const bool marks : {true, false}) {
+        isMarked = marks;
+        text->clear();
+        field->clear();
+        clicks.clear();
+        hold(*field, Qt::Key_Return, u"\r"_s);
+        hold(*confirm, Qt::Key_Return, u"\r"_s);
+        hold(*confirm, Qt::Key_Return, u"\r"_s);
+        EXPECT_EQ(clicks.size(), 3) << "once each time, from the field and from the button";
+        hold(*text, Qt::Key_Return, u"\r"_s);
+        hold(*field, Qt::Key_Space, u" "_s);
+        EXPECT_EQ(text->toPlainText(), u"\n\n\n"_s);
+        EXPECT_EQ(field->text(), u"   "_s);
+    }
+}
 
-    for (const bool repeated : {false, true}) {
-        QKeyEvent shortcut(QEvent::ShortcutOverride, Qt::Key_Delete, {}, {}, repeated);
-        shortcut.ignore();
-        QCoreApplication::sendEvent(confirm, &shortcut);
-        EXPECT_EQ(shortcut.isAccepted(), repeated) << "accepted, it triggers no command";
+/// Offered to one widget after the other; those of one press have its time. Accepted, it triggers
+/// no command again.
+TEST_F(Hand, AHeldShortcutTriggersOnce)
+{
+    QWidget focused, around;
+    struct Offer {
+        quint64 time;
+        bool isMarked;
+        bool isHeld;
+    };
+    for (const Offer &offer : {Offer{10'000, false, false},
+                               {10'660, false, true},
+                               {10'700, false, true},
+                               {13'000, false, false},
+                               {13'040, true, true}}) {
+        for (QWidget *target : {&focused, &around}) {
+            QKeyEvent shortcut(QEvent::ShortcutOverride, Qt::Key_Delete, {}, {}, offer.isMarked);
+            shortcut.setTimestamp(offer.time);
+            shortcut.ignore();
+            QCoreApplication::sendEvent(target, &shortcut);
+            EXPECT_EQ(shortcut.isAccepted(), offer.isHeld) << offer.time;
+        }
     }
 }
 
