@@ -14,6 +14,10 @@ namespace {
 const QString notNoted = u"L’envoi n’a pas pu être noté sur le disque ; le message n’est donc pas "
                          "parti : "_s;
 
+const QString saidStop =
+    u"Ce contact a répondu STOP : décidez d’abord dans « Réponses STOP » (menu "
+    "Envois)."_s;
+
 QString nameOf(Channel channel) { return channel == Channel::sms ? u"sms"_s : u"email"_s; }
 
 Channel channelOf(const SendIntent &intent)
@@ -65,7 +69,7 @@ struct SendDesk::Order {
 
 SendDesk::SendDesk(ProspectStore &store, const Platform &platform)
     : m_store(store), m_platform(platform), m_intents(platform), m_progress(platform),
-      m_mailTurn(store, platform)
+      m_mailTurn(store, platform), m_stopReplies(store, platform)
 {
     reconcile();
 }
@@ -153,6 +157,8 @@ QCoro::Task<SendOutcome> SendDesk::carry(Place order, bool freeProEnabled)
 
 Refusal SendDesk::writeIntent(Order &order, const HandOver &message)
 {
+    if (m_stopReplies.isWaiting(message.contact))
+        return saidStop;
     const Instant now = std::chrono::floor<std::chrono::seconds>(m_platform.clock.now());
     order.contact = message.contact;
     order.intent = {message.contact.id,
@@ -217,6 +223,8 @@ Refusal SendDesk::prepare(Channel channel, const Prospect &contact, bool freePro
         raiseDoubt(channel, contact.id);
     if (asked.doubted || asked.underWay)
         return stillInDoubt;
+    if (m_stopReplies.isWaiting(contact))
+        return saidStop;
     return channel == Channel::sms ? m_store.prepareSMS(contact, freeProEnabled)
                                    : m_store.prepareEmail(contact);
 }
@@ -291,6 +299,8 @@ void SendDesk::answer(const SendIntent &doubt, DoubtAnswer answer)
         m_unsaved.push_back(doubt);
     else if (answer != DoubtAnswer::later)
         m_intents.remove(doubt);
+    if (answer == DoubtAnswer::left)
+        m_stopReplies.readAgain(); // what came since the message is newer than a send now
     Q_EMIT doubtAnswered(channel, doubt.contact, answer);
 }
 

@@ -4,6 +4,7 @@
 #include "messaging/hand_over_watch.h"
 #include "messaging/mail_turn.h"
 #include "messaging/order_state.h"
+#include "messaging/stop_replies.h"
 #include "model/channel.h"
 #include "store/intent_file.h"
 #include "store/prospect_store.h"
@@ -36,6 +37,9 @@ public:
 
     /// What an e-mail waits for before its carrier gets it.
     MailTurn &mailTurn() { return m_mailTurn; }
+
+    /// Nothing goes to a contact whose reply waits there.
+    StopReplies &stopReplies() { return m_stopReplies; }
 
     /// Sends to the contact and records it. E-mails wait for each other; an SMS that is ordered
     /// during another is refused.
@@ -102,6 +106,7 @@ private:
     IntentFile m_intents;
     HandOverWatch m_progress;
     MailTurn m_mailTurn;
+    StopReplies m_stopReplies;
     std::list<Order> m_orders;
     std::vector<SendIntent> m_unsaved; ///< recorded in memory, not yet on the disk
     bool m_isClosed = false;

@@ -1,4 +1,5 @@
 #include "model/contact_rules.h"
+#include "model/stop_reply.h"
 #include "model/text_order.h"
 
 #include <gtest/gtest.h>
@@ -36,6 +37,15 @@ TEST(Email, IsTrimmedLowerCasedAndMatchedWhole)
     for (const QString &wrong : {u""_s, u"a b@example.org"_s, u"a@example"_s, u"a@example.o"_s,
                                  u"a@example.org\nb"_s, u"é@example.org"_s, u"a@example.org."_s})
         EXPECT_EQ(validEmail(wrong), std::nullopt) << wrong.toStdString();
+}
+
+TEST(StopReply, IsTheWordAtTheBeginning)
+{
+    for (const QString &text : {u" STOP\n"_s, u"stop svp"_s, u"« Stop »."_s, u"STOP36180"_s,
+                                u"Stöp"_s, u"ＳＴＯＰ"_s, u"Stop🙏"_s, u"\u200bstop"_s})
+        EXPECT_TRUE(asksToStop(text)) << text.toStdString();
+    for (const QString &text : {u""_s, u"…"_s, u"Stoppeur"_s, u"non stop"_s, u"sto p"_s, u"st"_s})
+        EXPECT_FALSE(asksToStop(text)) << text.toStdString();
 }
 
 TEST(TextOrder, ReadsNumbersInNamesOnlyLikeAFileBrowser)

@@ -2,7 +2,10 @@
 a connection. Prints what the telephone was asked to send, one JSON object a line. KDE Connect
 listens on a fixed port and calls out: run this in a network namespace.
 
-    fake_phone.py KDECONNECTD FOLDER [outcome=sent|failed|none] [frozen=1] [answer=TEXT|TEXT]"""
+    fake_phone.py KDECONNECTD FOLDER [outcome=sent|failed|none] [frozen=1] [answer=TEXT|TEXT]
+                  [held=TEXT|TEXT]
+
+The texts that it holds came earlier, in one conversation with +33639980001."""
 
 import fcntl
 import json
@@ -65,11 +68,15 @@ def accept_pairing():
         raise OSError("not yet asked to pair")
 
 
-def tell(line, kind, number, text, count=[0]):
+def message(kind, number, text, thread=7, count=[0]):
     count[0] += 1
-    line.sendall(packet("kdeconnect.sms.messages", {"version": 2, "messages": [{
-        "event": 1, "body": text, "addresses": [{"address": number}], "read": 1, "thread_id": 7,
-        "date": int(time.time() * 1000), "_id": count[0], "type": TYPES[kind], "sub_id": -1}]}))
+    return {"event": 1, "body": text, "addresses": [{"address": number}], "read": 1,
+            "thread_id": thread, "date": int(time.time() * 1000) + count[0], "_id": count[0],
+            "type": TYPES[kind], "sub_id": -1}
+
+
+def tell(line, *messages):
+    line.sendall(packet("kdeconnect.sms.messages", {"version": 2, "messages": messages}))
 
 
 def main():
@@ -79,16 +86,22 @@ def main():
     try:
         line = meet(Path(sys.argv[2]))
         print("prêt", flush=True)
+        held = [message("received", "+33639980001", text, thread=8)
+                for text in filter(None, does.get("held", "").split("|"))]
         for asked in map(json.loads, line.makefile("rb")):
+            if asked["type"] == "kdeconnect.sms.request_conversations":
+                tell(line, *held[-1:])
+            if asked["type"] == "kdeconnect.sms.request_conversation":
+                tell(line, *(held if asked["body"]["threadID"] == 8 else []))
             if asked["type"] != "kdeconnect.sms.request" or does.get("frozen"):
                 continue
             body = asked["body"]
             print(json.dumps(body, ensure_ascii=False), flush=True)
             number, text = body["addresses"][0]["address"], body.get("messageBody", "")
             if does["outcome"] != "none":
-                tell(line, does["outcome"], "0" + number.removeprefix("+33"), text)
+                tell(line, message(does["outcome"], "0" + number.removeprefix("+33"), text))
             for answer in filter(None, does.get("answer", "").split("|")):
-                tell(line, "received", number, answer)
+                tell(line, message("received", number, answer))
     finally:
         daemon.kill()
 

@@ -1,10 +1,37 @@
 #include "platform/demo/demo_carriers.h"
 
 #include <QFuture>
+#include <QTimer>
 
 using namespace Qt::StringLiterals;
 
 namespace quenoria {
+
+namespace {
+
+constexpr std::chrono::seconds thought{2}; ///< by then the send is recorded
+
+} // namespace
+
+DemoCarriers::DemoCarriers(DemoMessages &messages, const Clock &clock)
+    : m_messages(messages), m_clock(clock)
+{
+    messages.tellSent([this](const QString &handle) {
+        const auto think = [this, handle] {
+            QTimer::singleShot(thought, this, [this, handle] { answer(handle); });
+        };
+        QMetaObject::invokeMethod(this, think, Qt::QueuedConnection);
+    });
+}
+
+void DemoCarriers::answer(const QString &handle)
+{
+    const Instant now = m_clock.now();
+    if (m_hasAnswered || !m_mayRead || !m_mayRead(handle, now))
+        return;
+    m_hasAnswered = true;
+    Q_EMIT received({handle, u"Stop svp"_s, now});
+}
 
 std::vector<Carrier> DemoCarriers::found() const
 {

@@ -9,7 +9,7 @@ namespace quenoria {
 DemoDesktop::DemoDesktop(const QString &folder)
     : Desktop(folder, folder + u"/preferences.ini"_s),
       m_outbox(folder + u"/envois"_s, m_clock, m_files), m_messages(m_outbox), m_mail(m_outbox),
-      m_carriers(m_messages), m_workspace(m_outbox), m_sharing(m_outbox, m_log)
+      m_carriers(m_messages, m_clock), m_workspace(m_outbox), m_sharing(m_outbox, m_log)
 {
 }
 

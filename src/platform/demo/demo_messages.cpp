@@ -21,7 +21,10 @@ bool DemoMessages::offers(MessagesService service) const
 TransportResult DemoMessages::sendText(MessagesService service, const QString &handle,
                                        const QString &text)
 {
-    return m_outbox.file(FiledSms{name(service), handle, text, {}});
+    TransportResult result = m_outbox.file(FiledSms{name(service), handle, text, {}});
+    if (!result && m_sent)
+        m_sent(handle);
+    return result;
 }
 
 TransportResult DemoMessages::sendFile(MessagesService service, const QString &handle,

@@ -58,7 +58,10 @@ void ModemRoad::watch()
     if (m_presence)
         return;
     m_presence = std::make_unique<ServicePresence>(m_daemon);
-    connect(m_presence.get(), &ServicePresence::changed, this, &ModemRoad::look);
+    connect(m_presence.get(), &ServicePresence::changed, this, [this] {
+        openInbox(); // another daemon gives its messages the paths of the last one
+        look();
+    });
     const bool isHeard =
         m_daemon.listen(objectManager, u"InterfacesAdded"_s, this, SLOT(look())) &&
         m_daemon.listen(objectManager, u"InterfacesRemoved"_s, this, SLOT(look())) &&
@@ -135,14 +138,22 @@ void ModemRoad::unlock(const QString &device, const QString &pin)
 
 void ModemRoad::listen(const QString &device, const MayRead &mayRead)
 {
-    m_inbox.reset();
     m_heardDevice = device;
+    m_mayRead = mayRead;
+    openInbox();
     if (!mayRead)
         return;
-    m_inbox = std::make_unique<ModemInbox>(m_daemon, mayRead);
-    connect(m_inbox.get(), &ModemInbox::received, this, &SmsRoad::received);
     watch();
     look();
+}
+
+void ModemRoad::openInbox()
+{
+    m_inbox.reset();
+    if (!m_mayRead)
+        return;
+    m_inbox = std::make_unique<ModemInbox>(m_daemon, m_mayRead);
+    connect(m_inbox.get(), &ModemInbox::received, this, &SmsRoad::received);
 }
 
 } // namespace quenoria

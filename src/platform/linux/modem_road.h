@@ -32,12 +32,14 @@ private Q_SLOTS:
 private:
     const Modem *modem(const QString &identifier) const;
     void take(const QDBusMessage &answer);
+    void openInbox();
 
     BusService m_daemon;
     std::unique_ptr<ServicePresence> m_presence; ///< null until watch()
     std::vector<Modem> m_modems;
     std::unique_ptr<ModemInbox> m_inbox;
     QString m_heardDevice;
+    MayRead m_mayRead;
     bool m_isAsking = false;
     bool m_mustAskAgain = false;
 };

@@ -39,7 +39,7 @@ std::optional<PhoneMessage> PhoneConfirmation::wait(std::chrono::milliseconds li
 
 void PhoneConfirmation::hear(const QDBusVariant &announced)
 {
-    const std::optional<PhoneMessage> message = readPhoneMessage(announced);
+    const std::optional<PhoneMessage> message = readPhoneMessage(announced.variant());
     if (!message || !isOurs(*message))
         return;
     m_answer = message;

@@ -3,6 +3,7 @@
 #include "platform/linux/bus_service.h"
 #include "platform/linux/phone_message.h"
 
+#include <QDBusVariant>
 #include <QEventLoop>
 #include <QObject>
 

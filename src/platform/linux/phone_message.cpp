@@ -25,9 +25,8 @@ QStringList readNumbers(const QDBusArgument &argument)
 
 } // namespace
 
-std::optional<PhoneMessage> readPhoneMessage(const QDBusVariant &announced)
+std::optional<PhoneMessage> readPhoneMessage(const QVariant &value)
 {
-    const QVariant &value = announced.variant();
     if (value.metaType() != QMetaType::fromType<QDBusArgument>())
         return {};
     const auto argument = value.value<QDBusArgument>();
@@ -44,6 +43,7 @@ std::optional<PhoneMessage> readPhoneMessage(const QDBusVariant &announced)
     argument >> message.date >> message.type >> isRead >> conversation >> identifier;
     argument.endStructure();
     message.identifier = identifier;
+    message.conversation = conversation;
     return message;
 }
 

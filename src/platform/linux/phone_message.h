@@ -1,7 +1,7 @@
 #pragma once
 
-#include <QDBusVariant>
 #include <QStringList>
+#include <QVariant>
 
 #include <optional>
 
@@ -30,9 +30,10 @@ struct PhoneMessage {
     qint64 date = 0; ///< milliseconds since 1970, by the telephone's clock
     int type = 0;
     qint64 identifier = 0;
+    qint64 conversation = 0;
 };
 
 /// Nothing when the announcement has another shape.
-[[nodiscard]] std::optional<PhoneMessage> readPhoneMessage(const QDBusVariant &announced);
+[[nodiscard]] std::optional<PhoneMessage> readPhoneMessage(const QVariant &announced);
 
 } // namespace quenoria

@@ -132,6 +132,7 @@ void PhoneRoad::listen(const QString &device, const MayRead &mayRead)
     const bool wasListening = bool(m_mayRead);
     m_heardDevice = device;
     m_mayRead = mayRead;
+    m_conversations.clear();
     if (!mayRead)
         return;
     if (!wasListening && !(m_daemon.listen(conversationsInterface, u"conversationCreated"_s, this,
@@ -143,26 +144,51 @@ void PhoneRoad::listen(const QString &device, const MayRead &mayRead)
     askForMessages();
 }
 
-/// Telephones announce what they receive once they were asked for messages.
+/// The last message of each conversation: those that KDE Connect knows, which it does not announce
+/// again, and those that the telephone knows. From then on it announces what it receives.
 void PhoneRoad::askForMessages()
 {
+    const QString phone = phonePath(m_heardDevice);
+    const BusOrder known{phone, conversationsInterface, u"activeConversations"_s};
+    whenAnswered(m_daemon.ask(known), this, [this](const QDBusMessage &answer) {
+        const auto messages = qdbus_cast<QVariantList>(answer.arguments().value(0));
+        for (const QVariant &message : messages)
+            take(message);
+    });
+    m_daemon.ask({phone, conversationsInterface, u"requestAllConversationThreads"_s});
+}
+
+/// What came before the last message.
+void PhoneRoad::askForConversation(qint64 conversation)
+{
+    constexpr int first = 0, count = 20;
+    if (m_conversations.contains(conversation))
+        return;
+    m_conversations.insert(conversation);
     m_daemon.ask({phonePath(m_heardDevice),
                   conversationsInterface,
                   u"requestConversation"_s,
-                  {qint64(-1), -1, 1}});
+                  {conversation, first, count}});
 }
 
 void PhoneRoad::hear(const QDBusVariant &announced, const QDBusMessage &signal)
 {
-    if (!m_mayRead || signal.path() != phonePath(m_heardDevice))
-        return;
+    if (signal.path() == phonePath(m_heardDevice))
+        take(announced.variant());
+}
+
+void PhoneRoad::take(const QVariant &announced)
+{
     const std::optional<PhoneMessage> message = readPhoneMessage(announced);
-    if (!message || message->type != PhoneMessage::received || message->numbers.isEmpty())
+    if (!m_mayRead || !message || message->type != PhoneMessage::received ||
+        message->numbers.isEmpty())
         return;
     const QString &number = message->numbers.constFirst();
     const Instant date{std::chrono::milliseconds(message->date)};
-    if (m_mayRead(number, date))
-        Q_EMIT received({number, message->text, date});
+    if (!m_mayRead(number, date))
+        return;
+    Q_EMIT received({number, message->text, date});
+    askForConversation(message->conversation);
 }
 
 } // namespace quenoria

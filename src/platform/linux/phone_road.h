@@ -4,6 +4,9 @@
 #include "platform/linux/service_presence.h"
 #include "platform/linux/sms_road.h"
 
+#include <QDBusVariant>
+#include <QSet>
+
 namespace quenoria {
 
 /// The telephones that are paired with this computer in KDE Connect.
@@ -42,6 +45,8 @@ private:
     void describe(const QStringList &devices);
     void addPhone(const QString &device, const QVariantMap &properties);
     void askForMessages();
+    void take(const QVariant &announced);
+    void askForConversation(qint64 conversation);
 
     BusService m_daemon;
     std::unique_ptr<ServicePresence> m_presence; ///< null until watch()
@@ -49,6 +54,7 @@ private:
     int m_lookCount = 0; ///< an answer to an earlier look is old
     QString m_heardDevice;
     MayRead m_mayRead;
+    QSet<qint64> m_conversations; ///< that were asked for
 };
 
 } // namespace quenoria

@@ -31,6 +31,7 @@ BatchQueue::BatchQueue(const QueueChannel &channel, SendDesk &desk, Switches &sw
     connect(this, &BatchQueue::runAsked, this, &BatchQueue::runAutomaticQueue,
             Qt::QueuedConnection);
     connect(&desk.mailTurn(), &MailTurn::noticeChanged, this, &BatchQueue::changed);
+    connect(&desk.stopReplies(), &StopReplies::changed, this, &BatchQueue::followStopReplies);
     connect(&desk, &SendDesk::doubtAnswered, this,
             [this](Channel where, const QString &contactId, DoubtAnswer answer) {
                 if (where == m_channel.channel && answer != DoubtAnswer::later)
@@ -38,7 +39,12 @@ BatchQueue::BatchQueue(const QueueChannel &channel, SendDesk &desk, Switches &sw
             });
 }
 
-void BatchQueue::open() { take(Opened{selectedIDs()}); }
+void BatchQueue::open()
+{
+    take(Opened{selectedIDs()});
+    followStopReplies();
+}
+
 void BatchQueue::pressPrimary() { take(PrimaryPressed{}); }
 void BatchQueue::confirm() { take(Confirmed{}); }
 void BatchQueue::skip() { take(Skipped{}); }
@@ -222,8 +228,13 @@ QCoro::Task<> BatchQueue::runAutomaticQueue()
         const SendOutcome outcome = co_await sending;
         if (!self)
             co_return;
-        take(SendAnswered{outcome});
+        const Prospect contact = *m_handedOver;
+        const bool isHeld = isRunning() && std::holds_alternative<Refused>(outcome) &&
+                            m_desk.stopReplies().isWaiting(contact);
+        if (!isHeld)
+            take(SendAnswered{outcome});
         m_handedOver.reset();
+        followStopReplies();
         if (!isRunning())
             break;
         const QFuture<void> pause = m_clock.sleep(pauseBetweenContacts, m_stopPause.get_token());
@@ -243,6 +254,30 @@ void BatchQueue::followStore()
     if (isSending() && !current())
         stopWaiting();
     Q_EMIT changed();
+}
+
+void BatchQueue::followStopReplies()
+{
+    StopRepliesChanged event{{}, {}, m_handedOver ? m_handedOver->id : QString()};
+    for (const QString &id : m_state.queueIDs + m_state.heldIDs) {
+        const Prospect *contact = m_store.prospect(id);
+        if (!contact || m_store.isStopped(*contact))
+            event.gone << id;
+        else if (m_desk.stopReplies().isWaiting(*contact))
+            event.waiting << id;
+    }
+    if (!event.waiting.isEmpty() || !m_state.heldIDs.isEmpty())
+        take(event);
+}
+
+QStringList BatchQueue::heldLabels() const
+{
+    QStringList labels;
+    for (const QString &id : m_state.heldIDs) {
+        if (const Prospect *contact = m_store.prospect(id))
+            labels << contact->label;
+    }
+    return labels;
 }
 
 void BatchQueue::followSwitches()

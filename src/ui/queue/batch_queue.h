@@ -45,6 +45,9 @@ public:
     bool isQuotaReached() const;
     QString pauseText() const; ///< that the run waits for the mailbox's pace, or nothing
 
+    /// Labels of those who are left out of the queue, since they have answered STOP.
+    QStringList heldLabels() const;
+
     /// "12 contacts · 24 SMS": what is left to send, and what it costs.
     QString costText() const;
 
@@ -67,6 +70,7 @@ private:
     QCoro::Task<> runAutomaticQueue();
     void stopWaiting();
     void followStore();
+    void followStopReplies();
     void followSwitches();
     void callOff();
 

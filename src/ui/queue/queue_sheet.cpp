@@ -31,7 +31,8 @@ QueueSheet::QueueSheet(const QueueChannel &channel, SendDesk &desk, Switches &sw
       m_message(new MessagePanel(channel.hasQuota ? MessagePanel::Length::told
                                                   : MessagePanel::Length::silent)),
       m_finished(makeFinishedPanel()), m_status(new StatusLabel), m_passedOver(new StatusLabel),
-      m_error(new StatusLabel), m_carrierRow(makeCarrierRow()), m_buttons(makeButtons())
+      m_heldRow(makeHeldRow()), m_error(new StatusLabel), m_carrierRow(makeCarrierRow()),
+      m_buttons(makeButtons())
 {
     addHeader(channel.title, channel.note);
     column()->addWidget(m_progress);
@@ -40,6 +41,7 @@ QueueSheet::QueueSheet(const QueueChannel &channel, SendDesk &desk, Switches &sw
     column()->addWidget(m_finished, 1);
     footer()->addWidget(m_status);
     footer()->addWidget(m_passedOver);
+    footer()->addWidget(m_heldRow);
     footer()->addWidget(m_error);
     footer()->addWidget(m_carrierRow);
     footer()->addWidget(m_buttons);
@@ -111,6 +113,22 @@ QWidget *QueueSheet::makeButtons()
     return buttons;
 }
 
+/// Who is left out, and the way to decide on it.
+QWidget *QueueSheet::makeHeldRow()
+{
+    auto *held = new QWidget;
+    m_held = new StatusLabel;
+    auto *decide = new QPushButton(u"Réponses STOP…"_s);
+    decide->setAutoDefault(false);
+    connect(decide, &QPushButton::clicked, this, &QueueSheet::stopRepliesRequested);
+    auto *row = new QHBoxLayout(held);
+    row->setContentsMargins({});
+    row->setSpacing(buttonGap);
+    row->addWidget(m_held, 1);
+    row->addWidget(decide, 0, Qt::AlignTop);
+    return held;
+}
+
 /// What the carrier said of its own, and the way to another.
 QWidget *QueueSheet::makeCarrierRow()
 {
@@ -172,6 +190,7 @@ void QueueSheet::refresh()
     if (contact)
         m_message->setMessage(contact->label, m_queue->message(), m_store.attachmentName(*contact));
     refreshStatus();
+    refreshHeld();
     refreshButtons();
 }
 
@@ -197,6 +216,23 @@ void QueueSheet::refreshStatus()
     const auto &carrierWords = m_queue->state().carrierWords;
     m_carrierRow->setVisible(carrierWords.has_value());
     m_carrierWords->setStatus(carrierWords.value_or(QString()), Tint::secondary);
+}
+
+void QueueSheet::refreshHeld()
+{
+    constexpr qsizetype most = 3;
+    QStringList labels = m_queue->heldLabels();
+    const qsizetype others = labels.size() - most;
+    if (others > 0) {
+        labels.resize(most);
+        labels << u"et %1 autre%2"_s.arg(QString::number(others), others > 1 ? u"s"_s : u""_s);
+    }
+    m_heldRow->setVisible(!labels.isEmpty());
+    m_held->setStatus(labels.isEmpty()
+                          ? QString()
+                          : u"Laissé de côté jusqu’à votre décision, car sa réponse dit STOP : "_s +
+                                labels.join(u", "_s),
+                      Tint::negative, u"hand.raised.circle.fill"_s);
 }
 
 void QueueSheet::refreshButtons()

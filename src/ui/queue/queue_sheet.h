@@ -29,6 +29,9 @@ Q_SIGNALS:
     /// The user wants to choose by which way messages leave.
     void carriersRequested();
 
+    /// The user wants to decide on the replies that say STOP.
+    void stopRepliesRequested();
+
 protected:
     QueueSheet(const QueueChannel &channel, SendDesk &desk, Switches &switches, Clock &clock,
                QWidget *parent);
@@ -39,11 +42,13 @@ private:
     QWidget *makeProgress();
     QWidget *makeFinishedPanel();
     QWidget *makeButtons();
+    QWidget *makeHeldRow();
     QWidget *makeCarrierRow();
     QPushButton *makeCarriersButton();
     void connectQueue();
     void refresh();
     void refreshStatus();
+    void refreshHeld();
     void refreshButtons();
     bool keepsFocus(const QWidget *widget) const;
 
@@ -62,6 +67,8 @@ private:
     QPushButton *m_close; ///< of the finished panel
     StatusLabel *m_status;
     StatusLabel *m_passedOver;
+    QWidget *m_heldRow;
+    StatusLabel *m_held;
     StatusLabel *m_error;
     QWidget *m_carrierRow;
     StatusLabel *m_carrierWords;

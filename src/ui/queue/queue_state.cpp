@@ -125,6 +125,28 @@ public:
         return unchanged();
     }
 
+    /// Whoever is left out comes back behind the others, unless it is stopped.
+    Step operator()(const StopRepliesChanged &event)
+    {
+        if (m_state.phase == Phase::leaving || m_state.phase == Phase::closed)
+            return unchanged();
+        const QString head = m_state.queueIDs.value(0);
+        for (const QString &id : std::exchange(m_state.heldIDs, {})) {
+            if (event.waiting.contains(id))
+                m_state.heldIDs << id;
+            else if (!event.gone.contains(id))
+                m_state.queueIDs << id;
+        }
+        const QString inFront = m_state.phase == Phase::prepared ? head : event.handedOver;
+        for (const QString &id : event.waiting) {
+            if (id != inFront && m_state.queueIDs.removeOne(id))
+                m_state.heldIDs << id;
+        }
+        if (m_state.queueIDs.value(0) != head)
+            say({});
+        return unchanged();
+    }
+
     Step operator()(const Closed &)
     {
         const bool underWay = m_state.phase == Phase::running || m_state.phase == Phase::leaving;
@@ -170,7 +192,10 @@ private:
             ++m_state.completedCount;
         }
         say({});
-        m_state.phase = m_state.queueIDs.isEmpty() ? Phase::closed : then;
+        // It stays open for those who are left out, so that the user reads of them.
+        const bool isOver = m_state.queueIDs.isEmpty() && m_state.heldIDs.isEmpty();
+        const bool isWorked = m_state.queueIDs.isEmpty() && then == Phase::running;
+        m_state.phase = isOver ? Phase::closed : isWorked ? Phase::waiting : then;
     }
 
     Step unchanged() { return does(QueueAction::none); }

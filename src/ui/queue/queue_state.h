@@ -24,7 +24,8 @@ struct QueueState {
     Phase phase = Phase::waiting;
     Refusal error;
     std::optional<QString> carrierWords = {}; ///< of an error that a carrier gave
-    QString servedAs = {}; ///< name under which the one last passed over had been served
+    QString servedAs = {};    ///< name under which the one last passed over had been served
+    QStringList heldIDs = {}; ///< left out for the time being: they have answered STOP
     bool operator==(const QueueState &) const = default;
 };
 
@@ -56,11 +57,17 @@ struct DoubtSettled {
 struct ServedBefore {
     QString name;
 };
+/// The answers that say STOP are others than before.
+struct StopRepliesChanged {
+    QStringList waiting;     ///< contacts of the queue whose answer waits for the user's decision
+    QStringList gone;        ///< contacts that are stopped or deleted by now
+    QString handedOver = {}; ///< contact whose message a carrier has
+};
 struct Closed {};
 
 using QueueEvent =
     std::variant<Opened, PrimaryPressed, PrepareAnswered, Confirmed, Skipped, SwitchedOn,
-                 TurnReached, SendAnswered, DoubtSettled, ServedBefore, Closed>;
+                 TurnReached, SendAnswered, DoubtSettled, ServedBefore, StopRepliesChanged, Closed>;
 
 /// What the rules ask about the world around the queue.
 struct Circumstances {

@@ -11,7 +11,7 @@ using namespace Qt::StringLiterals;
 
 namespace quenoria {
 
-CarriersView::CarriersView(const Platform &platform, ProspectStore &store, QWidget *parent)
+CarriersView::CarriersView(const Platform &platform, SendDesk &desk, QWidget *parent)
     : Sheet(u"Moyens d’envoi"_s, {720, 700}, parent),
       m_mail(new MailSection(platform.mailbox, platform.preferences))
 {
@@ -24,7 +24,7 @@ CarriersView::CarriersView(const Platform &platform, ProspectStore &store, QWidg
                           Tint::accent, u"info.circle"_s);
         column()->addWidget(notice);
     }
-    column()->addWidget(new SmsSection(platform.carriers, store));
+    column()->addWidget(new SmsSection(platform.carriers, desk));
     column()->addWidget(m_mail);
     column()->addStretch();
 }

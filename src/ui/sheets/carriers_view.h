@@ -5,7 +5,7 @@
 namespace quenoria {
 
 class MailSection;
-class ProspectStore;
+class SendDesk;
 struct Platform;
 
 /// The ways by which messages leave this computer: what was found, what was chosen, and whether
@@ -14,8 +14,8 @@ class CarriersView : public Sheet {
     Q_OBJECT
 
 public:
-    /// The platform's services outlive the sheet.
-    CarriersView(const Platform &platform, ProspectStore &store, QWidget *parent);
+    /// Desk and the platform's services outlive the sheet.
+    CarriersView(const Platform &platform, SendDesk &desk, QWidget *parent);
 
     [[nodiscard]] bool hasUnsavedInput() const override;
 

@@ -1,12 +1,13 @@
 #include "ui/sheets/sms_section.h"
 
 #include "messaging/messages_script.h"
-#include "store/prospect_store.h"
+#include "messaging/send_desk.h"
 #include "ui/kit/labels.h"
 #include "ui/kit/status_label.h"
 #include "ui/sheets/carrier_row.h"
 
 #include <QButtonGroup>
+#include <QCheckBox>
 #include <QFutureWatcher>
 #include <QPushButton>
 #include <QRadioButton>
@@ -24,12 +25,17 @@ namespace {
 constexpr int rowGap = 16;
 
 const QString testText = u"Essai de Quenoria : ce SMS est bien parti."_s;
+const QString stopNote =
+    u"Les SMS reçus d’un numéro de la liste, après votre premier envoi à ce numéro, qui commencent "
+    "par STOP vous sont proposés dans « Réponses STOP ». Rien d’autre de la messagerie n’est "
+    "gardé, "
+    "montré ni enregistré."_s;
 const QString testNote = u"« Tester » envoie un SMS d’essai au numéro de test : %1."_s;
 
 } // namespace
 
-SmsSection::SmsSection(Carriers &carriers, ProspectStore &store, QWidget *parent)
-    : SendingSection(u"SMS"_s, parent), m_carriers(carriers), m_store(store),
+SmsSection::SmsSection(Carriers &carriers, SendDesk &desk, QWidget *parent)
+    : SendingSection(u"SMS"_s, parent), m_carriers(carriers), m_store(desk.store()),
       m_list(new QVBoxLayout),
       m_none(new QRadioButton(u"Aucun : les SMS automatiques ne partent pas"_s)),
       m_choices(new QButtonGroup(this)), m_test(new QPushButton(u"Tester"_s)),
@@ -42,6 +48,7 @@ SmsSection::SmsSection(Carriers &carriers, ProspectStore &store, QWidget *parent
     m_choices->addButton(m_none);
     connect(m_none, &QRadioButton::clicked, this, [this] { m_carriers.choose({}); });
     addTest();
+    addStopReplies(desk);
     connect(&carriers, &Carriers::changed, this, &SmsSection::refresh);
     connect(&carriers, &Carriers::unlocked, this, &SmsSection::showUnlocked);
     refresh();
@@ -59,6 +66,16 @@ void SmsSection::addTest()
     m_test->setAutoDefault(false);
     m_test->setAccessibleName(u"Tester le SMS"_s);
     connect(m_test, &QPushButton::clicked, this, &SmsSection::test);
+}
+
+void SmsSection::addStopReplies(SendDesk &desk)
+{
+    auto *offer = new QCheckBox(u"Proposer les réponses STOP"_s);
+    offer->setChecked(desk.stopReplies().isOn());
+    offer->setAccessibleDescription(stopNote);
+    column()->addWidget(offer);
+    column()->addWidget(makeLabel(stopNote, TextStyle::footnote, Tint::secondary));
+    connect(offer, &QCheckBox::toggled, &desk.stopReplies(), &StopReplies::setOn);
 }
 
 void SmsSection::refresh()

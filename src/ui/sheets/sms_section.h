@@ -11,6 +11,7 @@ namespace quenoria {
 
 class CarrierRow;
 class ProspectStore;
+class SendDesk;
 class StatusLabel;
 
 /// The carriers of SMS found on this computer, the choice among them, and its test.
@@ -18,10 +19,11 @@ class SmsSection : public SendingSection {
     Q_OBJECT
 
 public:
-    SmsSection(Carriers &carriers, ProspectStore &store, QWidget *parent = nullptr);
+    SmsSection(Carriers &carriers, SendDesk &desk, QWidget *parent = nullptr);
 
 private:
     void addTest();
+    void addStopReplies(SendDesk &desk);
     void refresh();
     void rebuild(const std::vector<Carrier> &found);
     void test();

@@ -14,6 +14,7 @@ using enum MenuPlace;
 constexpr auto header = ButtonPlace::commands;
 constexpr auto queues = ButtonPlace::queues;
 constexpr auto deletion = ButtonPlace::deletion;
+constexpr auto badge = ButtonPlace::badge;
 constexpr auto none = ButtonPlace::none;
 
 constexpr std::array commands{
@@ -46,6 +47,8 @@ constexpr std::array commands{
             &ContentView::manageEmailMessages},
     Command{u"Tester un message", u"paperplane.fill", u"Ctrl+T", send, header,
             &ContentView::testMessage},
+    Command{u"Réponses STOP", u"hand.raised.circle.fill", u"", send, badge,
+            &ContentView::showStopReplies, &HeaderTexts::stopReplies},
     Command{u"Moyens d’envoi…", u"", u"", send, none, &ContentView::chooseCarriers, nullptr, true},
     Command{u"Supprimer les contacts cochés", u"trash", u"Del", edit, deletion,
             &ContentView::deleteTickedContacts, &HeaderTexts::deletion},

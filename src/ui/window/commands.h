@@ -12,7 +12,7 @@ class ContentView;
 enum class MenuPlace { file, edit, view, send, window, help };
 
 /// Where a command has a button of its own.
-enum class ButtonPlace { none, commands, queues, deletion };
+enum class ButtonPlace { none, commands, queues, deletion, badge };
 
 /// One command of the window: the menu bar, the header and the shortcuts read it.
 struct Command {

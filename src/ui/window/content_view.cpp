@@ -110,6 +110,7 @@ void ContentView::followModel()
 {
     connect(&m_model, &ContactTableModel::changed, this, &ContentView::refresh);
     connect(&m_switches, &Switches::changed, this, &ContentView::refresh);
+    connect(&m_desk.stopReplies(), &StopReplies::changed, this, &ContentView::refresh);
     connect(&m_desk, &SendDesk::underWayChanged, &m_model,
             [this](Channel channel, const QString &id) {
                 m_model.setUnderWay(channel, id, m_desk.isUnderWay(channel, id));
@@ -210,7 +211,7 @@ void ContentView::followMailbox()
 
 void ContentView::refresh()
 {
-    const HeaderTexts texts = HeaderTexts::of(m_store, m_switches, m_model);
+    const HeaderTexts texts = HeaderTexts::of(m_desk, m_switches, m_model);
     m_header->showTexts(texts);
     m_commands.showTexts(texts);
     m_pages->follow(m_model.contacts());

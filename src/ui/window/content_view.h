@@ -50,6 +50,7 @@ public:
     void manageEmailMessages();
     void testMessage();
     void chooseCarriers();
+    void showStopReplies();
     void composeMessage(const Composition &message);
     void showAbout();
     void quit();

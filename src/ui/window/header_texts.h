@@ -5,7 +5,7 @@
 namespace quenoria {
 
 class ContactTableModel;
-class ProspectStore;
+class SendDesk;
 class Switches;
 
 /// The texts of the header that count something.
@@ -14,11 +14,12 @@ struct HeaderTexts {
     QString smsQueue;
     QString emailQueue;
     QString deletion;
+    QString stopReplies;
+    bool hasStopReplies = false;
     QString quota;
     bool quotaIsReached = false;
 
-    static HeaderTexts of(const ProspectStore &store, const Switches &switches,
-                          const ContactTableModel &model);
+    static HeaderTexts of(SendDesk &desk, const Switches &switches, const ContactTableModel &model);
 };
 
 } // namespace quenoria

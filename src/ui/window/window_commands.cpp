@@ -1,3 +1,4 @@
+#include "messaging/send_desk.h"
 #include "ui/kit/alert.h"
 #include "ui/queue/queue_sheet.h"
 #include "ui/sheets/about_view.h"
@@ -8,6 +9,7 @@
 #include "ui/sheets/excel_format_help_view.h"
 #include "ui/sheets/new_message_view.h"
 #include "ui/sheets/send_history_view.h"
+#include "ui/sheets/stop_replies_view.h"
 #include "ui/sheets/template_manager_view.h"
 #include "ui/sheets/test_message_view.h"
 #include "ui/table/contact_table_view.h"
@@ -59,7 +61,15 @@ void ContentView::testMessage() { present<TestMessageView>(m_store); }
 void ContentView::chooseCarriers()
 {
     QWidget *front = QApplication::activeModalWidget();
-    (new CarriersView(m_platform, m_store, front ? front : this))->present();
+    (new CarriersView(m_platform, m_desk, front ? front : this))->present();
+}
+
+/// Over a queue, whose run leaves out whoever answered.
+void ContentView::showStopReplies()
+{
+    QWidget *front = QApplication::activeModalWidget();
+    (new StopRepliesView(m_desk.stopReplies(), m_platform.clock.zone(), front ? front : this))
+        ->present();
 }
 
 /// Over whatever asked for it, a queue most often.
@@ -86,6 +96,7 @@ void ContentView::openEmailQueue()
 void ContentView::presentQueue(QueueSheet &queue)
 {
     connect(&queue, &QueueSheet::carriersRequested, this, &ContentView::chooseCarriers);
+    connect(&queue, &QueueSheet::stopRepliesRequested, this, &ContentView::showStopReplies);
     queue.present();
 }
 

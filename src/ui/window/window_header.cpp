@@ -118,6 +118,11 @@ QLayout *WindowHeader::makeSwitchRow(const CommandActions &actions)
         makeDestructive(button);
         row->addWidget(button);
     }
+    for (QAction *replies : actions.buttons(ButtonPlace::badge)) {
+        m_stopReplies = new ActionButton(replies, ActionButton::Look::boxed);
+        makeProminent(m_stopReplies);
+        row->addWidget(m_stopReplies);
+    }
     furnishSearch();
     row->addWidget(m_search);
     return row;
@@ -139,6 +144,7 @@ void WindowHeader::furnishSearch()
 void WindowHeader::showTexts(const HeaderTexts &texts)
 {
     m_counts->setText(texts.counts);
+    m_stopReplies->setVisible(texts.hasStopReplies);
     m_quota->setText(texts.quota);
     m_quota->setForegroundRole(tintRole(texts.quotaIsReached ? Tint::negative : Tint::secondary));
 }

@@ -9,6 +9,7 @@ class QLineEdit;
 
 namespace quenoria {
 
+class ActionButton;
 class CommandActions;
 class TextLabel;
 
@@ -29,6 +30,7 @@ private:
     QLayout *makeSwitchRow(const CommandActions &actions);
     void furnishSearch();
 
+    ActionButton *m_stopReplies = nullptr;
     TextLabel *m_counts;
     TextLabel *m_quota;
     QLineEdit *m_search;

@@ -8,6 +8,8 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 
+#include <set>
+
 using namespace quenoria;
 using namespace quenoria::test;
 using namespace std::chrono_literals;
@@ -114,6 +116,25 @@ TEST_F(PhoneBench, GivesThePhoneTheNumberAndTheWholeFile)
     EXPECT_EQ(lineCount(), 0);
 }
 
+/// What came while the program was not running, and what it had heard before.
+TEST_F(PhoneBench, ReadsAtEachStartWhatThePhoneStillHolds)
+{
+    startPhone({u"held=Stop svp|Merci"_s});
+    const auto startProgram = [this](PhoneRoad &program) {
+        std::set<QString> heard;
+        const QObject listener;
+        QObject::connect(&program, &SmsRoad::received, &listener,
+                         [&heard](const ReceivedMessage &message) { heard.insert(message.text); });
+        program.listen(device, [](const QString &number, Instant) { return number == handle; });
+        EXPECT_TRUE(QTest::qWaitFor([&heard] { return heard.size() == 2; }, patience));
+        return heard;
+    };
+    const std::set<QString> both{u"Stop svp"_s, u"Merci"_s};
+    EXPECT_EQ(startProgram(road), both);
+    PhoneRoad again{application()};
+    EXPECT_EQ(startProgram(again), both);
+}
+
 TEST_F(PhoneBench, ReadsTheAnswersThatItMayReadAndNoOther)
 {
     startPhone({u"outcome=sent"_s, u"answer=STOP|Bonjour"_s});
@@ -125,7 +146,7 @@ TEST_F(PhoneBench, ReadsTheAnswersThatItMayReadAndNoOther)
         return number == handle && ++asked == 1;
     });
     ASSERT_EQ(send(u"a"_s), u"parti"_s);
-    EXPECT_TRUE(QTest::qWaitFor([&] { return asked == 2; }, patience));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return asked >= 2; }, patience));
     EXPECT_EQ(heard, QStringList{u"STOP"_s});
     peer.kill();
     EXPECT_TRUE(QTest::qWaitFor([this] { return road.found().front().id.isEmpty(); }, patience));

@@ -162,6 +162,36 @@ TEST_F(QueueSheets, EmailsGoOneAfterTheOtherAndStopOnARefusal)
     EXPECT_TRUE(button(u"Préparer cet e-mail"_s)->hasFocus());
 }
 
+/// The reply comes while the message waits for its turn; the run goes on with the others.
+TEST_F(QueueSheets, LeaveOutWhoAnsweredStopUntilTheUserDecides)
+{
+    for (const int each : {0, 3})
+        store->recordSent(contact(each), desktop.clock.now() - 24h);
+    desk->stopReplies().setOn(true);
+    switches.setAutoValidateSMS(true);
+    const auto receive = [this](const QString &number) {
+        Q_EMIT desktop.carriers.received({number, u"STOP"_s, desktop.clock.now()});
+    };
+    receive(u"0639980013"_s);
+    show();
+    settle();
+    desktop.clock.advance(800ms);
+    receive(u"+33639980010"_s);
+    desktop.clock.advance(10200ms);
+    desktop.clock.advance(800ms);
+    desktop.clock.advance(0ms);
+    EXPECT_EQ(sent(0) + sent(3), 2U);
+    EXPECT_EQ(sent(1) + sent(2), 2U) << "the others";
+    ASSERT_TRUE(sheet);
+    EXPECT_TRUE(shows(u"Laissé de côté jusqu’à votre décision, car sa réponse dit STOP : d, b"_s));
+    EXPECT_EQ(store->sendSelection().size(), 2U);
+    StopReplies &replies = desk->stopReplies();
+    replies.ignore(ReceivedMessage(replies.waiting().at(0).message));
+    replies.markStopped(ReceivedMessage(replies.waiting().at(0).message));
+    EXPECT_TRUE(shows(u"d"_s)) << "is back";
+    EXPECT_EQ(store->sendSelection().size(), 1U);
+}
+
 TEST_F(QueueSheets, TellWhatTheCarrierSaidAndLeadToTheOthers)
 {
     show();

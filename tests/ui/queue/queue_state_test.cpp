@@ -35,6 +35,20 @@ QueueState passedOver(QueueState::Phase phase, int done)
     return state;
 }
 
+/// The same, with those who said STOP left out of it.
+QueueState without(const QStringList &held, QueueState::Phase phase, int done, QStringList ids)
+{
+    QueueState state = at(phase, done);
+    state.queueIDs = std::move(ids);
+    state.heldIDs = held;
+    return state;
+}
+
+const StopRepliesChanged firstSaysStop{{u"a"_s}, {}};
+const StopRepliesChanged handedOverSaysStop{{u"a"_s}, {}, u"a"_s};
+const StopRepliesChanged firstIsStopped{{}, {u"a"_s}};
+const StopRepliesChanged nobodySaysStop{};
+
 struct Row {
     const char *name;
     QueueState before;
@@ -115,6 +129,30 @@ const Row rows[] = {
      {passedOver(waiting, 2)}},
     {"ServedBeforeOncePrepared", at(prepared), ServedBefore{u"A"_s}, byHand, {at(prepared)}},
     {"ServedBeforeOnceLeaving", at(leaving), ServedBefore{u"A"_s}, automatic, {at(leaving)}},
+
+    {"SaysStop",
+     at(running, 0),
+     firstSaysStop,
+     automatic,
+     {without({u"a"_s}, running, 0, {u"b"_s})}},
+    {"SaysStopOncePrepared", at(prepared), firstSaysStop, byHand, {at(prepared)}},
+    {"SaysStopDuringItsSend", at(running), handedOverSaysStop, automatic, {at(running)}},
+    {"StopIgnored",
+     without({u"a"_s}, running, 0, {u"b"_s}),
+     nobodySaysStop,
+     automatic,
+     {without({}, running, 0, {u"b"_s, u"a"_s})}},
+    {"StopMarked",
+     without({u"a"_s}, running, 0, {u"b"_s}),
+     firstIsStopped,
+     automatic,
+     {without({}, running, 0, {u"b"_s})}},
+    {"SentTheLastButOneSaidStop",
+     without({u"a"_s}, running, 0, {u"b"_s}),
+     SendAnswered{},
+     automatic,
+     {without({u"a"_s}, waiting, 1, {}), deselect}},
+    {"SaysStopOnceLeaving", at(leaving), firstSaysStop, automatic, {at(leaving)}},
 
     {"Close", at(prepared), Closed{}, byHand, {at(closed)}},
     {"CloseDuringARun", at(running), Closed{}, automatic, {at(leaving)}},

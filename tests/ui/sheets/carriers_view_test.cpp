@@ -1,10 +1,13 @@
 #include "ui/sheets/carriers_view.h"
 
+#include "messaging/send_desk.h"
 #include "platform/mail_settings.h"
 #include "ui/kit/text_boxes.h"
 #include "ui/sheets/new_message_view.h"
 #include "ui/sheets/sheet_probe.h"
+#include "ui/sheets/stop_replies_view.h"
 
+#include <QCheckBox>
 #include <QClipboard>
 #include <QRadioButton>
 
@@ -42,12 +45,13 @@ protected:
     }
 
     FakeCarriers &carriers = desktop.carriers;
+    SendDesk desk{store(), desktop.platform()};
 };
 
 TEST_F(CarriersSheet, ChoosesUnlocksAndTestsTheCarrier)
 {
     store().setTestNumber(u"06 39 98 00 77"_s);
-    CarriersView sheet(desktop.platform(), store(), nullptr);
+    CarriersView sheet(desktop.platform(), desk, nullptr);
     const Probe probe(sheet);
     EXPECT_FALSE(probe.button(u"Tester"_s)->isEnabled()) << "nothing is chosen";
     EXPECT_TRUE(probe.shows(u"06 39 98 00 77"_s) && probe.shows(u"route"_s));
@@ -77,11 +81,32 @@ TEST_F(CarriersSheet, ChoosesUnlocksAndTestsTheCarrier)
     EXPECT_EQ(carriers.choice, QString());
 }
 
+TEST_F(CarriersSheet, OffersTheRepliesThatSayStop)
+{
+    store().recordSent(alix(), desktop.clock.now() - std::chrono::hours(1));
+    CarriersView sheet(desktop.platform(), desk, nullptr);
+    sheet.findChild<QCheckBox *>()->click();
+    EXPECT_TRUE(desktop.preferences.flags[u"ReponsesSTOP"_s]);
+    for (const auto &text : {u"Stop <b>"_s, u"STOP"_s})
+        Q_EMIT carriers.received({u"0639980010"_s, text, desktop.clock.now()});
+    StopRepliesView replies(desk.stopReplies(), desktop.clock.zone(), nullptr);
+    const Probe probe(replies);
+    EXPECT_EQ(replies.windowTitle(), u"Réponses STOP (2)"_s);
+    EXPECT_TRUE(probe.shows(u"ALIX"_s) && probe.shows(u"Stop <b>"_s));
+    probe.press(u"Ignorer"_s);
+    settle();
+    EXPECT_EQ(replies.windowTitle(), u"Réponses STOP (1)"_s);
+    EXPECT_FALSE(store().isStopped(alix()));
+    probe.press(u"Marquer STOP"_s);
+    settle();
+    EXPECT_TRUE(store().isStopped(alix()) && probe.shows(u"Aucune réponse STOP en attente"_s));
+}
+
 TEST_F(CarriersSheet, OnlyShowsThemInADemonstration)
 {
     carriers.fixed = true;
     carriers.choice = u"modem:1"_s;
-    CarriersView sheet(desktop.platform(), store(), nullptr);
+    CarriersView sheet(desktop.platform(), desk, nullptr);
     const Probe probe(sheet);
     EXPECT_TRUE(probe.shows(u"En démonstration"_s));
     EXPECT_FALSE(choice(sheet, u"Clé"_s)->isEnabled());
@@ -92,7 +117,7 @@ TEST_F(CarriersSheet, OnlyShowsThemInADemonstration)
 /// What an address fills in: until the user names a server himself.
 TEST_F(CarriersSheet, SetsUpTheMailboxAndTestsIt)
 {
-    CarriersView sheet(desktop.platform(), store(), nullptr);
+    CarriersView sheet(desktop.platform(), desk, nullptr);
     const Probe probe(sheet);
     const auto test = [&sheet] {
         for (auto *button : sheet.findChildren<QPushButton *>()) {

@@ -97,6 +97,10 @@ TEST_F(Window, TheHeaderCounts)
     EXPECT_TRUE(shows(u"SMS ce mois : 1/250"_s));
     EXPECT_NE(button(u"Préparer les SMS (1)"_s), nullptr);
     EXPECT_NE(button(u"Supprimer les contacts cochés (1)"_s), nullptr);
+    EXPECT_EQ(button(u"Réponses STOP (0)"_s), nullptr);
+    desk().stopReplies().setOn(true);
+    Q_EMIT desktop.carriers.received({alix().phone, u"STOP"_s, desktop.clock.now() + 1min});
+    EXPECT_NE(button(u"Réponses STOP (1)"_s), nullptr);
     press(u"Automatiser envoi e-mail"_s);
     EXPECT_NE(button(u"Envoyer les e-mails (1)"_s), nullptr);
     press(u"Forfait Free Pro"_s);
