@@ -126,6 +126,7 @@ QWidget *QueueSheet::makeHeldRow()
     row->setSpacing(buttonGap);
     row->addWidget(m_held, 1);
     row->addWidget(decide, 0, Qt::AlignTop);
+    held->hide(); // the sheet takes its room before it knows of anybody
     return held;
 }
 
@@ -140,6 +141,7 @@ QWidget *QueueSheet::makeCarrierRow()
     row->addWidget(m_carrierWords, 1);
     row->addStretch();
     row->addWidget(makeCarriersButton(), 0, Qt::AlignTop);
+    carrier->hide();
     return carrier;
 }
 
