@@ -17,11 +17,14 @@ DemoCarriers::DemoCarriers(DemoMessages &messages, const Clock &clock)
     : m_messages(messages), m_clock(clock)
 {
     messages.tellSent([this](const QString &handle) {
-        const auto think = [this, handle] {
-            QTimer::singleShot(thought, this, [this, handle] { answer(handle); });
-        };
+        const auto think = [this, handle] { answerLater(handle); };
         QMetaObject::invokeMethod(this, think, Qt::QueuedConnection);
     });
+}
+
+void DemoCarriers::answerLater(const QString &handle)
+{
+    QTimer::singleShot(thought, this, [this, handle] { answer(handle); });
 }
 
 void DemoCarriers::answer(const QString &handle)

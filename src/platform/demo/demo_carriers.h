@@ -26,6 +26,7 @@ public:
     void listen(const MayRead &mayRead) override { m_mayRead = mayRead; }
 
 private:
+    void answerLater(const QString &handle);
     void answer(const QString &handle);
 
     DemoMessages &m_messages;

@@ -19,8 +19,7 @@ constexpr int rowGap = 12;
 constexpr int rowPadding = 12;
 constexpr int lineGap = 4;
 
-const QString note =
-    u"Ces contacts ont répondu par SMS. Rien ne leur est envoyé avant votre décision."_s;
+const QString note = u"Rien ne part vers un contact qui a répondu STOP avant votre décision."_s;
 const QString whatIsRead =
     u"Ne sont regardés que les SMS reçus d’un numéro de la liste après votre premier envoi à ce "
     "numéro. Rien d’autre de la messagerie n’est gardé, montré ni enregistré."_s;

@@ -58,6 +58,15 @@ QWidget *makeSigned(const QString &symbolName, Tint tint, int side, QWidget *tex
     return pair;
 }
 
+/// As high as its line is: the table below does not move when it comes.
+ActionButton *makeBadge(QAction *action)
+{
+    auto *badge = new ActionButton(action, ActionButton::Look::boxed);
+    makeProminent(badge);
+    badge->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Ignored);
+    return badge;
+}
+
 QLayout *makeCommandRow(const CommandActions &actions)
 {
     auto *row = new QHBoxLayout;
@@ -80,12 +89,12 @@ WindowHeader::WindowHeader(const CommandActions &actions, QWidget *parent)
     auto *rows = new QVBoxLayout(this);
     rows->setContentsMargins(margin, outerGap, margin, outerGap);
     rows->setSpacing(rowGap);
-    rows->addWidget(makeTitleLine());
+    rows->addWidget(makeTitleLine(actions));
     rows->addLayout(makeCommandRow(actions));
     rows->addLayout(makeSwitchRow(actions));
 }
 
-QWidget *WindowHeader::makeTitleLine()
+QWidget *WindowHeader::makeTitleLine(const CommandActions &actions)
 {
     QFont digits = QFontDatabase::systemFont(QFontDatabase::FixedFont);
     digits.setPointSizeF(m_quota->font().pointSizeF());
@@ -97,11 +106,13 @@ QWidget *WindowHeader::makeTitleLine()
     QWidget *hint = makeSigned(u"pencil"_s, Tint::secondary, hintSymbolSide,
                                makeLine(u"Double-cliquez sur une ligne pour modifier le contact"_s,
                                         TextStyle::footnote, Tint::secondary));
+    m_stopReplies = makeBadge(actions.buttons(ButtonPlace::badge).constFirst());
     auto *line = new FoldingLine(titleGap);
     line->addWidget(name);
     line->addWidget(tagline);
     line->addStretch();
     line->addWidget(hint);
+    line->addWidget(m_stopReplies);
     line->addWidget(m_counts);
     line->addWidget(m_quota);
     line->setFoldable({name, hint, tagline});
@@ -117,11 +128,6 @@ QLayout *WindowHeader::makeSwitchRow(const CommandActions &actions)
         auto *button = new ActionButton(deletion, ActionButton::Look::boxed);
         makeDestructive(button);
         row->addWidget(button);
-    }
-    for (QAction *replies : actions.buttons(ButtonPlace::badge)) {
-        m_stopReplies = new ActionButton(replies, ActionButton::Look::boxed);
-        makeProminent(m_stopReplies);
-        row->addWidget(m_stopReplies);
     }
     furnishSearch();
     row->addWidget(m_search);

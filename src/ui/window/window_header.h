@@ -26,7 +26,7 @@ public:
     void showTexts(const HeaderTexts &texts);
 
 private:
-    QWidget *makeTitleLine();
+    QWidget *makeTitleLine(const CommandActions &actions);
     QLayout *makeSwitchRow(const CommandActions &actions);
     void furnishSearch();
 
