@@ -19,6 +19,11 @@ const QString userKey = u"BoiteIdentifiant"_s;
 const QString nameKey = u"BoiteNom"_s;
 const QString addressKey = u"BoiteAdresse"_s;
 const QString replyKey = u"BoiteReponse"_s;
+const QString copiesKey = u"BoiteCopies"_s;
+const QString imapHostKey = u"BoiteImapServeur"_s;
+const QString imapPortKey = u"BoiteImapPort"_s;
+const QString yes = u"oui"_s;
+const QString no = u"non"_s;
 const QString perMinuteKey = u"BoiteParMinute"_s;
 const QString perDayKey = u"BoiteParJour"_s;
 
@@ -45,7 +50,10 @@ MailboxAccount MailSettings::account() const
             text(userKey),
             text(nameKey),
             text(addressKey),
-            text(replyKey)};
+            text(replyKey),
+            text(copiesKey) == yes,
+            text(imapHostKey),
+            number(imapPortKey, MailboxAccount().imapPort)};
 }
 
 MailPace MailSettings::pace() const
@@ -69,6 +77,9 @@ void MailSettings::setAccount(const MailboxAccount &account)
         {nameKey, account.senderName},
         {addressKey, account.senderAddress},
         {replyKey, account.replyTo},
+        {copiesKey, account.keepsCopies ? yes : no},
+        {imapHostKey, account.imapHost},
+        {imapPortKey, QString::number(account.imapPort)},
     };
     for (const auto &[key, value] : values)
         m_preferences.setText(key, value);

@@ -24,7 +24,10 @@ struct MailboxAccount {
     QString user; ///< empty: the server asks nobody who he is
     QString senderName;
     QString senderAddress;
-    QString replyTo; ///< empty: answers go to the sender
+    QString replyTo;          ///< empty: answers go to the sender
+    bool keepsCopies = false; ///< in the mailbox's folder of sent messages
+    QString imapHost;
+    int imapPort = 993; ///< 143: encrypted by STARTTLS; any other: from the first byte on
     bool operator==(const MailboxAccount &) const = default;
 
     [[nodiscard]] bool isComplete() const;

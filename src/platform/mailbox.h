@@ -35,6 +35,10 @@ public:
 
     /// Sends one message to the user's own address by the chosen road.
     [[nodiscard]] virtual QFuture<TransportResult> sendTest() = 0;
+
+    /// Why the last copy of a sent message could not be kept in the mailbox, once it was tried; the
+    /// message has left all the same. Absent when it was kept, or when none was to be.
+    [[nodiscard]] virtual QFuture<std::optional<QString>> copyProblem() = 0;
 };
 
 } // namespace quenoria

@@ -133,6 +133,7 @@ struct RecordingMailbox : Mailbox {
     PasswordPlace place = PasswordPlace::nowhere;
     PasswordPlace placeOfNew = PasswordPlace::keyring;
     TransportResult testResult;
+    std::optional<QString> problem; ///< of the last copy
     std::optional<QString> program;
     QStringList passwords;
     int tests = 0;
@@ -142,6 +143,10 @@ struct RecordingMailbox : Mailbox {
     QFuture<PasswordPlace> findPassword() override { return QtFuture::makeReadyFuture(place); }
     QFuture<PasswordPlace> setPassword(const QString &password) override;
     QFuture<TransportResult> sendTest() override;
+    QFuture<std::optional<QString>> copyProblem() override
+    {
+        return QtFuture::makeReadyFuture(problem);
+    }
 };
 
 /// Carriers that a test puts there; keeps what it was asked to do.

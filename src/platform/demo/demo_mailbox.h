@@ -24,6 +24,11 @@ public:
     {
         return QtFuture::makeReadyFuture(TransportResult());
     }
+
+    [[nodiscard]] QFuture<std::optional<QString>> copyProblem() override
+    {
+        return QtFuture::makeReadyFuture(std::optional<QString>());
+    }
 };
 
 } // namespace quenoria

@@ -30,11 +30,11 @@ SmsCarriers::Roads smsRoads()
 
 LinuxDesktop::LinuxDesktop(const QString &dataFolder)
     : Desktop(dataFolder, preferencesFile()), m_drafts(QDBusConnection::sessionBus()),
-      m_carriers(m_preferences, smsRoads()),
-      m_smtp(m_clock, m_preferences, m_passwords, {.progress = &m_handOver}),
+      m_carriers(m_preferences, smsRoads()), m_copies(m_preferences, m_passwords, m_log),
+      m_smtp(m_clock, m_preferences, m_passwords, m_copies, {.progress = &m_handOver}),
       m_sendmail(m_clock, m_drafts, m_handOver), m_mail(m_smtp, m_sendmail, m_preferences),
-      m_mailbox(m_preferences, m_keyring, m_passwords, m_mail), m_workspace(m_mail, m_carriers),
-      m_sharing(m_drafts, m_carriers, m_log)
+      m_mailbox(m_preferences, m_keyring, m_passwords, m_mail, m_copies),
+      m_workspace(m_mail, m_carriers), m_sharing(m_drafts, m_carriers, m_log)
 {
 }
 

@@ -29,6 +29,7 @@ private:
     DraftOpener m_drafts;
     SmsCarriers m_carriers;
     std::shared_ptr<KnownPasswords> m_passwords = std::make_shared<KnownPasswords>();
+    SentCopies m_copies;
     SmtpTransport m_smtp;
     SendmailTransport m_sendmail;
     MailCarrier m_mail;

@@ -15,9 +15,10 @@ QFuture<PasswordPlace> known(PasswordPlace place) { return QtFuture::makeReadyFu
 } // namespace
 
 LinuxMailbox::LinuxMailbox(Preferences &preferences, Secrets &keyring,
-                           std::shared_ptr<KnownPasswords> passwords, MailTransport &transport)
+                           std::shared_ptr<KnownPasswords> passwords, MailTransport &transport,
+                           const SentCopies &copies)
     : m_settings(preferences), m_keyring(keyring), m_passwords(std::move(passwords)),
-      m_transport(transport)
+      m_transport(transport), m_copies(copies)
 {
 }
 
@@ -55,6 +56,8 @@ QFuture<PasswordPlace> LinuxMailbox::setPassword(const QString &password)
     };
     return m_keyring.keep(name, password).then(remember);
 }
+
+QFuture<std::optional<QString>> LinuxMailbox::copyProblem() { return m_copies.lastProblem(); }
 
 QFuture<TransportResult> LinuxMailbox::sendTest()
 {

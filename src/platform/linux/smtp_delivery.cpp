@@ -1,26 +1,18 @@
 #include "platform/linux/smtp_delivery.h"
 
-#include "platform/linux/stall_watch.h"
+#include "platform/linux/mail_connection.h"
 
 #include <QUrl>
-
-#include <curl/curl.h>
 
 #include <array>
 #include <cstring>
 #include <memory>
-#include <unistd.h>
 
 using namespace Qt::StringLiterals;
 
 namespace quenoria {
 
 namespace {
-
-struct EndHandle {
-    void operator()(CURL *handle) const { curl_easy_cleanup(handle); }
-};
-using Handle = std::unique_ptr<CURL, EndHandle>;
 
 struct EndList {
     void operator()(curl_slist *list) const { curl_slist_free_all(list); }
@@ -171,21 +163,6 @@ std::size_t giveText(char *buffer, std::size_t size, std::size_t count, void *di
 
 std::size_t ignore(char *, std::size_t size, std::size_t count, void *) { return size * count; }
 
-curl_socket_t openSocket(void *dialogue, curlsocktype, curl_sockaddr *address)
-{
-    const int socket =
-        ::socket(address->family, address->socktype | SOCK_CLOEXEC, address->protocol);
-    if (socket >= 0)
-        static_cast<Dialogue *>(dialogue)->watch().watch(socket);
-    return socket;
-}
-
-int closeSocket(void *dialogue, curl_socket_t socket)
-{
-    static_cast<Dialogue *>(dialogue)->watch().letGo(socket);
-    return ::close(socket);
-}
-
 /// The name under which this computer presents itself is no one's business.
 QByteArray address(const MailboxAccount &account)
 {
@@ -201,34 +178,19 @@ void setServer(CURL *handle, const MailboxAccount &account, const QString &passw
 {
     curl_easy_setopt(handle, CURLOPT_URL, address(account).constData());
     curl_easy_setopt(handle, CURLOPT_PROTOCOLS_STR, "smtp,smtps");
-    curl_easy_setopt(handle, CURLOPT_PROXY, "");
-    curl_easy_setopt(handle, CURLOPT_USE_SSL, long(CURLUSESSL_ALL));
-    curl_easy_setopt(handle, CURLOPT_SSLVERSION, long(CURL_SSLVERSION_TLSv1_2));
-    if (account.user.isEmpty())
-        return;
-    curl_easy_setopt(handle, CURLOPT_USERNAME, account.user.toUtf8().constData());
-    curl_easy_setopt(handle, CURLOPT_PASSWORD, password.toUtf8().constData());
-    curl_easy_setopt(handle, CURLOPT_LOGIN_OPTIONS, "AUTH=PLAIN;AUTH=LOGIN");
+    if (!account.user.isEmpty())
+        identify(handle, account.user, password);
 }
 
-void setDialogue(CURL *handle, Dialogue &dialogue, const SmtpConditions &conditions)
+void setDialogue(CURL *handle, Dialogue &dialogue)
 {
-    curl_easy_setopt(handle, CURLOPT_NOSIGNAL, 1L);
     curl_easy_setopt(handle, CURLOPT_FORBID_REUSE, 1L);
-    curl_easy_setopt(handle, CURLOPT_CONNECTTIMEOUT_MS, long(conditions.limit.count()));
-    curl_easy_setopt(handle, CURLOPT_CERTINFO, 1L);
-    if (!conditions.authorities.isEmpty())
-        curl_easy_setopt(handle, CURLOPT_CAINFO, conditions.authorities.constData());
     curl_easy_setopt(handle, CURLOPT_VERBOSE, 1L); // makes it call the next one
     curl_easy_setopt(handle, CURLOPT_DEBUGFUNCTION, follow);
     curl_easy_setopt(handle, CURLOPT_DEBUGDATA, &dialogue);
     curl_easy_setopt(handle, CURLOPT_WRITEFUNCTION, ignore);
     curl_easy_setopt(handle, CURLOPT_READFUNCTION, giveText);
     curl_easy_setopt(handle, CURLOPT_READDATA, &dialogue);
-    curl_easy_setopt(handle, CURLOPT_OPENSOCKETFUNCTION, openSocket);
-    curl_easy_setopt(handle, CURLOPT_OPENSOCKETDATA, &dialogue);
-    curl_easy_setopt(handle, CURLOPT_CLOSESOCKETFUNCTION, closeSocket);
-    curl_easy_setopt(handle, CURLOPT_CLOSESOCKETDATA, &dialogue);
 }
 
 List setMessage(CURL *handle, const SmtpMessage &message)
@@ -243,61 +205,15 @@ List setMessage(CURL *handle, const SmtpMessage &message)
     return recipients;
 }
 
-/// The part of a distinguished name that a person knows: its common name, else its organisation.
-///
-///   "C = FR, O = Exemple, CN = smtp.example.fr" -> "smtp.example.fr"
-QString commonName(const QString &name)
-{
-    for (const QString &kind : {u"CN"_s, u"O"_s}) {
-        for (const QString &part : name.split(u',')) {
-            if (part.section(u'=', 0, 0).trimmed() == kind)
-                return part.section(u'=', 1).trimmed();
-        }
-    }
-    return name;
-}
-
-std::optional<ServerCertificate> shownCertificate(CURL *handle)
-{
-    curl_certinfo *chain = nullptr;
-    if (curl_easy_getinfo(handle, CURLINFO_CERTINFO, &chain) != CURLE_OK || !chain ||
-        chain->num_of_certs == 0)
-        return {};
-    ServerCertificate certificate;
-    for (const curl_slist *line = chain->certinfo[0]; line; line = line->next) {
-        const QString text = QString::fromUtf8(line->data);
-        const QString value = text.section(u':', 1);
-        const auto date = [&] { return QDate::fromString(value.left(10), Qt::ISODate); };
-        const auto tells = [&](QStringView what) {
-            return text.startsWith(what, Qt::CaseInsensitive); // the libraries differ in it
-        };
-        if (tells(u"Subject:"))
-            certificate.name = commonName(value);
-        else if (tells(u"Issuer:"))
-            certificate.issuer = commonName(value);
-        else if (tells(u"Start date:"))
-            certificate.from = date();
-        else if (tells(u"Expire date:"))
-            certificate.until = date();
-    }
-    return certificate;
-}
-
-void initialiseOnce()
-{
-    [[maybe_unused]] static const CURLcode done = curl_global_init(CURL_GLOBAL_DEFAULT);
-}
-
 } // namespace
 
 SmtpReport deliver(const SmtpMessage &message, const MailboxAccount &account,
                    const QString &password, const SmtpConditions &conditions)
 {
-    initialiseOnce();
     Dialogue dialogue(message.text, conditions);
-    const Handle handle(curl_easy_init());
+    const MailConnection handle = makeConnection(dialogue.watch(), conditions);
     setServer(handle.get(), account, password);
-    setDialogue(handle.get(), dialogue, conditions);
+    setDialogue(handle.get(), dialogue);
     const List recipients = setMessage(handle.get(), message);
     const CURLcode result = curl_easy_perform(handle.get());
     SmtpReport report = dialogue.report(result);

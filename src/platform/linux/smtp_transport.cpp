@@ -17,10 +17,10 @@ const QString noPassword = u"Le mot de passe de votre boîte aux lettres n’est
 } // namespace
 
 SmtpTransport::SmtpTransport(const Clock &clock, Preferences &preferences,
-                             std::shared_ptr<const KnownPasswords> passwords,
+                             std::shared_ptr<const KnownPasswords> passwords, SentCopies &copies,
                              SmtpConditions conditions)
     : m_clock(clock), m_settings(preferences), m_ids(preferences),
-      m_passwords(std::move(passwords)), m_conditions(std::move(conditions))
+      m_passwords(std::move(passwords)), m_copies(copies), m_conditions(std::move(conditions))
 {
 }
 
@@ -51,6 +51,8 @@ TransportResult SmtpTransport::send(const OutgoingMessage &message)
         result = failureOf(report, account, message.recipients.join(u", "_s).trimmed());
     if (!result || result->fate == Fate::kept)
         m_ids.settle(id);
+    if (!result)
+        m_copies.keep(envelope.text);
     return result;
 }
 

@@ -3,6 +3,7 @@
 #include "platform/clock.h"
 #include "platform/linux/known_passwords.h"
 #include "platform/linux/message_ids.h"
+#include "platform/linux/sent_copies.h"
 #include "platform/linux/smtp_delivery.h"
 #include "platform/mail_transport.h"
 
@@ -15,7 +16,8 @@ namespace quenoria {
 class SmtpTransport {
 public:
     SmtpTransport(const Clock &clock, Preferences &preferences,
-                  std::shared_ptr<const KnownPasswords> passwords, SmtpConditions conditions = {});
+                  std::shared_ptr<const KnownPasswords> passwords, SentCopies &copies,
+                  SmtpConditions conditions = {});
 
     [[nodiscard]] TransportResult send(const OutgoingMessage &message);
 
@@ -24,6 +26,7 @@ private:
     MailSettings m_settings;
     MessageIds m_ids;
     std::shared_ptr<const KnownPasswords> m_passwords;
+    SentCopies &m_copies;
     SmtpConditions m_conditions;
 };
 

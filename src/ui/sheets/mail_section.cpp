@@ -90,6 +90,7 @@ MailSection::MailSection(Mailbox &mailbox, Preferences &preferences, QWidget *pa
     connect(m_form, &MailboxForm::edited, this, &MailSection::refresh);
     refreshRoads();
     findPassword();
+    tellOfCopy({});
 }
 
 void MailSection::addRoads()
@@ -216,10 +217,24 @@ void MailSection::showOutcome(const TransportResult &result)
         return m_outcome->setStatus(
             result->message.value_or(u"L’e-mail d’essai n’est pas parti."_s), Tint::negative,
             u"exclamationmark.triangle.fill"_s);
-    m_outcome->setStatus(
+    const QString words =
         u"E-mail d’essai : accepté à %1. Regardez s’il arrive dans votre boîte."_s.arg(
-            QTime::currentTime().toString(u"HH:mm"_s)),
-        Tint::positive, u"checkmark.circle.fill"_s);
+            QTime::currentTime().toString(u"HH:mm"_s));
+    m_outcome->setStatus(words, Tint::positive, u"checkmark.circle.fill"_s);
+    tellOfCopy(words + u' ');
+}
+
+/// Adds that the last copy was not kept, to what stands there.
+void MailSection::tellOfCopy(const QString &before)
+{
+    auto *watcher = new QFutureWatcher<std::optional<QString>>(this);
+    connect(watcher, &QFutureWatcherBase::finished, this, [this, watcher, before] {
+        watcher->deleteLater();
+        if (const std::optional<QString> problem = watcher->result())
+            m_outcome->setStatus(before + *problem, Tint::negative,
+                                 u"exclamationmark.triangle.fill"_s);
+    });
+    watcher->setFuture(m_mailbox.copyProblem());
 }
 
 } // namespace quenoria

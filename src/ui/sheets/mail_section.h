@@ -33,6 +33,7 @@ private:
     void showPlace(const QFuture<PasswordPlace> &answer);
     void test();
     void showOutcome(const TransportResult &result);
+    void tellOfCopy(const QString &before);
 
     Mailbox &m_mailbox;
     Preferences &m_preferences;

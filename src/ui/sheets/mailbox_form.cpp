@@ -1,8 +1,10 @@
 #include "ui/sheets/mailbox_form.h"
 
 #include "platform/mail_providers.h"
+#include "ui/kit/plain_text.h"
 #include "ui/kit/status_label.h"
 
+#include <QCheckBox>
 #include <QComboBox>
 #include <QLineEdit>
 #include <QSpinBox>
@@ -30,15 +32,20 @@ QSpinBox *makeNumber(int most, const QString &unit = {})
 MailboxForm::MailboxForm(QWidget *parent)
     : Form(parent), m_address(addField(u"Votre adresse"_s)), m_host(addField(u"Serveur d’envoi"_s)),
       m_port(makeNumber(lastPort)), m_security(new QComboBox), m_passwordWords(new StatusLabel),
-      m_advice(new StatusLabel), m_perMinute(makeNumber(mostPerMinute, u" par minute"_s)),
+      m_advice(new StatusLabel),
+      m_copies(new QCheckBox(u"Ranger une copie dans le dossier « Envoyés » de la boîte (IMAP)"_s)),
+      m_imapPort(makeNumber(lastPort)), m_perMinute(makeNumber(mostPerMinute, u" par minute"_s)),
       m_perDay(makeNumber(mostPerDay, u" par jour"_s))
 {
     setFrameShape(QFrame::NoFrame);
     addServer();
+    addCopies();
     addPace();
     for (const QLineEdit *field : findChildren<QLineEdit *>())
         connect(field, &QLineEdit::textChanged, this, &MailboxForm::edited);
     connect(m_security, &QComboBox::currentIndexChanged, this, &MailboxForm::edited);
+    connect(m_copies, &QCheckBox::toggled, this, &MailboxForm::edited);
+    connect(m_copies, &QCheckBox::toggled, this, &MailboxForm::showCopies);
     connect(m_address, &QLineEdit::textEdited, this, &MailboxForm::followAddress);
     connect(m_address, &QLineEdit::textChanged, this, &MailboxForm::advise);
     connect(m_host, &QLineEdit::textEdited, this, [this] { m_followsAddress = false; });
@@ -60,6 +67,23 @@ void MailboxForm::addServer()
     m_replyTo->setPlaceholderText(u"Votre adresse, si ce champ est vide"_s);
 }
 
+void MailboxForm::addCopies()
+{
+    m_copies->setToolTip(tipText(u"Certains fournisseurs, dont Gmail et Outlook, en gardent déjà "
+                                 "une d’eux-mêmes."_s));
+    addRow(m_copies);
+    m_imapHost = addField(u"Serveur IMAP"_s);
+    addRow(u"Port IMAP"_s, m_imapPort);
+}
+
+/// The server of the copies only matters to who wants them.
+void MailboxForm::showCopies()
+{
+    setRowVisible(m_copies, m_hasServer);
+    for (QWidget *row : std::initializer_list<QWidget *>{m_imapHost, m_imapPort})
+        setRowVisible(row, m_hasServer && m_copies->isChecked());
+}
+
 void MailboxForm::addPace()
 {
     addRow(u"Au plus"_s, m_perMinute);
@@ -73,6 +97,7 @@ void MailboxForm::setAccount(const MailboxAccount &account)
     m_address->setText(account.senderAddress);
     m_name->setText(account.senderName);
     m_replyTo->setText(account.replyTo);
+    m_copies->setChecked(account.keepsCopies);
     show(account);
     advise();
 }
@@ -98,6 +123,8 @@ void MailboxForm::show(const MailboxAccount &account)
     m_port->setValue(account.port);
     m_security->setCurrentIndex(m_security->findData(int(account.security)));
     m_user->setText(account.user);
+    m_imapHost->setText(account.imapHost);
+    m_imapPort->setValue(account.imapPort);
 }
 
 void MailboxForm::advise()
@@ -113,6 +140,8 @@ void MailboxForm::setServerVisible(bool visible)
                              m_perDay,   m_passwordWords, m_advice};
     for (QWidget *row : rows)
         setRowVisible(row, visible);
+    m_hasServer = visible;
+    showCopies();
     if (visible)
         advise();
 }
@@ -132,7 +161,10 @@ MailboxAccount MailboxForm::account() const
             m_user->text().trimmed(),
             m_name->text().trimmed(),
             m_address->text().trimmed(),
-            m_replyTo->text().trimmed()};
+            m_replyTo->text().trimmed(),
+            m_copies->isChecked(),
+            m_imapHost->text().trimmed(),
+            m_imapPort->value()};
 }
 
 MailPace MailboxForm::pace() const { return {m_perMinute->value(), m_perDay->value()}; }

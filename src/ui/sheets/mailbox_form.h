@@ -3,6 +3,7 @@
 #include "platform/mail_settings.h"
 #include "ui/kit/form.h"
 
+class QCheckBox;
 class QComboBox;
 class QSpinBox;
 
@@ -38,6 +39,8 @@ Q_SIGNALS:
 private:
     void addServer();
     void addPace();
+    void addCopies();
+    void showCopies();
     void followAddress(const QString &address);
     void show(const MailboxAccount &account);
     void advise();
@@ -52,9 +55,13 @@ private:
     StatusLabel *m_advice;
     QLineEdit *m_name;
     QLineEdit *m_replyTo;
+    QCheckBox *m_copies;
+    QLineEdit *m_imapHost;
+    QSpinBox *m_imapPort;
     QSpinBox *m_perMinute;
     QSpinBox *m_perDay;
     bool m_followsAddress = true;
+    bool m_hasServer = true;
 };
 
 } // namespace quenoria

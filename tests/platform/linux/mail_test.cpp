@@ -217,7 +217,10 @@ TEST_F(Mail, RefusesWhatCannotTravel)
 TEST_F(Mail, GoesToTheRegisteredApplicationUnlessAProgramIsSetUp)
 {
     MemoryPreferences preferences;
-    SmtpTransport smtp(clock, preferences, std::make_shared<KnownPasswords>());
+    RecordingLog log;
+    const auto passwords = std::make_shared<KnownPasswords>();
+    SentCopies copies(preferences, passwords, log);
+    SmtpTransport smtp(clock, preferences, passwords, copies);
     SendmailTransport sendmail(clock, drafts, progress);
     const MailCarrier carrier(smtp, sendmail, preferences);
     FakeCarriers carriers;

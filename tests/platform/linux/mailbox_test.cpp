@@ -1,5 +1,6 @@
 #include "platform/linux/linux_mailbox.h"
 #include "platform/linux/mail_carrier.h"
+#include "platform/linux/sent_folder.h"
 #include "platform/mail_providers.h"
 #include "support/fake_desktop.h"
 
@@ -56,8 +57,10 @@ protected:
 
     ~OwnMailbox() override
     {
-        server.kill();
-        server.waitForFinished();
+        for (QProcess *process : {&server, &imap}) {
+            process->kill();
+            process->waitForFinished();
+        }
     }
 
     void start(QStringList arguments)
@@ -86,7 +89,8 @@ protected:
     {
         MailSettings(preferences).setAccount(account);
         passwords->set(KnownPasswords::name(account), secret);
-        const auto failure = SmtpTransport(clock, preferences, passwords, conditions).send(message);
+        const auto failure =
+            SmtpTransport(clock, preferences, passwords, copies, conditions).send(message);
         if (!failure)
             return u"sent"_s;
         return (failure->fate == Fate::perhapsSent ? u"? "_s : QString()) +
@@ -100,7 +104,10 @@ protected:
     SmtpConditions conditions;
     OutgoingMessage message{
         false, u"Été"_s, u"Bonjour,\n\n.\nÀ bientôt\n"_s, {u"alix@example.fr"_s}, {}};
+    RecordingLog log;
+    SentCopies copies{preferences, passwords, log, {400ms, authority().toUtf8()}};
     QProcess server;
+    QProcess imap;
 };
 
 struct Conduct {
@@ -221,6 +228,54 @@ TEST_F(OwnMailbox, NamesAMessageThatIsSentAgainAfterDoubtAsBefore)
     EXPECT_NE(ids[0], ids[2]) << "a message that was refused has not reached anybody";
 }
 
+struct CopyConduct {
+    const char *imap;
+    const char *problem; ///< behind the words that the message has left
+};
+
+class Copies : public OwnMailbox, public testing::WithParamInterface<CopyConduct> {};
+
+/// Whatever becomes of the copy, the message is sent, and once.
+TEST_P(Copies, NeverMakeASentMessageUnsent)
+{
+    QStringList arguments{QStringLiteral(QUENORIA_TEST_DATA "/../support/imap_sink.py"),
+                          path(u"both"_s)};
+    arguments += QString::fromUtf8(GetParam().imap).split(u'|');
+    imap.start(u"/usr/bin/python3"_s, arguments);
+    ASSERT_TRUE(imap.waitForReadyRead());
+    account.keepsCopies = true;
+    account.imapHost = u"localhost"_s;
+    account.imapPort = imap.readLine().trimmed().toInt();
+    start({u"accept"_s});
+    ASSERT_EQ(send(), u"sent"_s);
+    const QString told = copies.lastProblem().result().value_or(u"… : "_s);
+    EXPECT_EQ(told.section(u" : "_s, 1).toStdString(), GetParam().problem);
+    EXPECT_EQ(log.lines.isEmpty(), *GetParam().problem == 0);
+    EXPECT_FALSE(received().isEmpty());
+    if (*GetParam().problem != 0)
+        return;
+    ASSERT_TRUE(imap.canReadLine() || imap.waitForReadyRead());
+    const QJsonObject kept = QJsonDocument::fromJson(imap.readLine()).object();
+    EXPECT_EQ(kept[u"folder"_s], u"Envoy&AOk-s"_s);
+    EXPECT_EQ(kept[u"flags"_s], u"\\Seen"_s);
+    EXPECT_TRUE(kept[u"text"_s].toString().contains(u"To: alix@example.fr\r\n"_s));
+}
+
+constexpr auto folders = "(\\HasChildren) \"/\" \"Sent\"|(\\sent) \"/\" \"Envoy&AOk-s\"";
+
+INSTANTIATE_TEST_SUITE_P(
+    Servers, Copies,
+    testing::Values(CopyConduct{folders, ""},
+                    CopyConduct{"() \"/\" \"INBOX\"", "La boîte n’a pas de dossier « Envoyés »."},
+                    CopyConduct{"AUTHENTICATE=NO Non",
+                                "Le serveur « localhost » refuse l’identifiant « "
+                                "agence@example.com » ou son mot de passe."},
+                    CopyConduct{"() \".\" INBOX.Sent|END=NO [OVERQUOTA] Pleine",
+                                "Le serveur « localhost » a refusé : [OVERQUOTA] Pleine"},
+                    CopyConduct{"() \".\" Sent|END=drop",
+                                "La connexion au serveur « localhost » a été coupée."},
+                    CopyConduct{"LIST=hang", "Le serveur « localhost » n’a pas répondu à temps."}));
+
 TEST_F(OwnMailbox, CarriesSixtyMegabytes)
 {
     const QByteArray bytes = QByteArray("60 Mo\r\n.\r\n").repeated(6'000'000);
@@ -259,14 +314,14 @@ TEST_F(OwnMailbox, KeepsThePasswordInTheKeyringAndForItsServerOnly)
 {
     MailSettings settings(preferences);
     FakeKeyring keyring;
-    SmtpTransport smtp(clock, preferences, passwords, conditions);
+    SmtpTransport smtp(clock, preferences, passwords, copies, conditions);
     DraftOpener drafts{QDBusConnection(u"no bus"_s)};
     HandOverProgress progress;
     SendmailTransport sendmail(clock, drafts, progress);
     MailCarrier carrier(smtp, sendmail, preferences);
     const auto mailbox = [&] {
         passwords = std::make_shared<KnownPasswords>();
-        return LinuxMailbox(preferences, keyring, passwords, carrier);
+        return LinuxMailbox(preferences, keyring, passwords, carrier, copies);
     };
     settings.setRoad(MailRoad::mailbox);
     EXPECT_FALSE(carrier.isSetUp());

@@ -141,6 +141,8 @@ TEST_F(CarriersSheet, SetsUpTheMailboxAndTestsIt)
     EXPECT_TRUE(probe.shows(u"compte Google"_s));
     probe.type(u"Mot de passe"_s, u"secret"_s);
     EXPECT_TRUE(sheet.hasUnsavedInput());
+    for (auto *box : sheet.findChildren<QCheckBox *>())
+        box->setChecked(box->text().startsWith(u"Ranger"_s));
     desktop.mailbox.testResult = TransportFailure{u"Refusé <b>"_s};
     desktop.mailbox.placeOfNew = PasswordPlace::memory;
     test()->click();
@@ -154,6 +156,12 @@ TEST_F(CarriersSheet, SetsUpTheMailboxAndTestsIt)
     EXPECT_EQ(settings.road(), MailRoad::mailbox);
     EXPECT_EQ(settings.account().host, u"smtp.example.com"_s) << "the user's own, trimmed";
     EXPECT_EQ(settings.account().senderAddress, u"alix@gmail.com"_s);
+    EXPECT_TRUE(settings.account().keepsCopies);
+    desktop.mailbox.testResult = {};
+    desktop.mailbox.problem = u"Pas rangée"_s;
+    test()->click();
+    settle();
+    EXPECT_TRUE(probe.shows(u"Regardez s’il arrive dans votre boîte. Pas rangée"_s));
     EXPECT_FALSE(std::ranges::any_of(
         desktop.preferences.texts, [](const auto &entry) { return entry.second == u"secret"_s; }));
 }
