@@ -49,22 +49,24 @@ std::size_t giveText(char *buffer, std::size_t size, std::size_t count, void *ex
 std::size_t takeList(char *data, std::size_t size, std::size_t count, void *exchange)
 {
     constexpr qsizetype most = 1'000'000;
+    const std::size_t length = size * count;
     auto *self = static_cast<Exchange *>(exchange);
     if (self->list.size() < most)
-        self->list.append(data, qsizetype(size * count));
-    return size * count;
+        self->list.append(data, qsizetype(length));
+    return length;
 }
 
 /// Lines of the dialogue: "A004 NO [OVERQUOTA] Pleine".
 std::size_t hear(char *data, std::size_t size, std::size_t count, void *exchange)
 {
     static const QRegularExpression refusal(u"^[A-Z]\\d+ (?:NO|BAD) (.*)"_s);
+    const std::size_t length = size * count;
     auto *self = static_cast<Exchange *>(exchange);
     self->watch.progress();
-    const auto found = refusal.match(QString::fromUtf8(data, qsizetype(size * count)).simplified());
+    const auto found = refusal.match(QString::fromUtf8(data, qsizetype(length)).simplified());
     if (found.hasMatch())
         self->refusal = found.captured(1);
-    return size * count;
+    return length;
 }
 
 QByteArray address(const MailboxAccount &account, const QByteArray &folder)
