@@ -79,7 +79,8 @@ public:
             m_reply.code = code;
     }
 
-    /// The next piece of the message; none is left when the final full stop is about to be said.
+    /// The next piece of the message. With the last one the final full stop is about to be said,
+    /// and a size that is known is not always asked for more.
     std::size_t read(char *buffer, std::size_t room)
     {
         const std::size_t size = std::min(room, std::size_t(m_text.size()) - m_position);
@@ -87,7 +88,7 @@ public:
         m_position += size;
         if (m_progress)
             m_progress->set(qint64(m_position), m_text.size());
-        if (size == 0)
+        if (m_position == std::size_t(m_text.size()) && m_step != SmtpStep::answer)
             begin(SmtpStep::answer);
         return size;
     }
@@ -114,6 +115,8 @@ private:
         if (m_watch.hasExpired())
             return SmtpFault::timedOut;
         switch (result) {
+        case CURLE_OK: // the server's word on the whole message
+            return SmtpFault::none;
         case CURLE_URL_MALFORMAT:
         case CURLE_COULDNT_RESOLVE_HOST:
             return SmtpFault::unknownHost;

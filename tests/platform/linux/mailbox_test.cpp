@@ -103,7 +103,7 @@ protected:
     MailboxAccount account;
     SmtpConditions conditions;
     OutgoingMessage message{
-        false, u"Été"_s, u"Bonjour,\n\n.\nÀ bientôt\n"_s, {u"alix@example.fr"_s}, {}};
+        false, u"Été"_s, u"Bonjour,\nÀ bientôt\n"_s, {u"alix@example.fr"_s}, {}};
     RecordingLog log;
     SentCopies copies{preferences, passwords, log, {400ms, authority().toUtf8()}};
     QProcess server;
@@ -193,6 +193,7 @@ TEST_F(OwnMailbox, TakesNoOrderFromATextAndSaysWhoSends)
     account.senderName += u"\r\nBcc: tous@example.fr"_s;
     account.replyTo = u"reponse@example.com"_s;
     message.subject += u"\r\nBcc: tous@example.fr"_s + QString(300, u'é');
+    message.content += u".\nP.-S.\n"_s;
     start({u"accept"_s});
     ASSERT_EQ(send(), u"sent"_s);
     const QJsonObject mail = received();
