@@ -3,7 +3,11 @@
 #include <QDir>
 
 // Outside any namespace: the macro declares a function of the resource compiler.
-static void registerFiles() { Q_INIT_RESOURCE(built_in); }
+static void registerFiles()
+{
+    Q_INIT_RESOURCE(built_in);
+    Q_INIT_RESOURCE(guide);
+}
 
 namespace quenoria {
 

@@ -1,7 +1,9 @@
 #include "import/prospect_excel_importer.h"
 #include "resources/resources.h"
 
+#include <QDir>
 #include <QFile>
+#include <QRegularExpression>
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
@@ -39,6 +41,25 @@ TEST(Workbooks, EveryContactOfTheDemonstrationCanBeImported)
         EXPECT_TRUE(prospect.phone.isEmpty() || prospect.phone.startsWith(u"06 39 98 "_s));
         EXPECT_TRUE(prospect.email.value_or(u"@example.org"_s).endsWith(u"@example.org"_s));
     }
+}
+
+TEST(Guide, EveryLinkAndEachPictureInBothAppearancesIsThere)
+{
+    initResources();
+    int followed = 0;
+    const QDir pages(u":/guide"_s);
+    for (const QString &name : pages.entryList()) {
+        QFile page(pages.filePath(name));
+        ASSERT_TRUE(page.open(QIODevice::ReadOnly));
+        static const QRegularExpression link(u"\\]\\(([^)#:]+)\\)"_s);
+        auto links = link.globalMatch(QString::fromUtf8(page.readAll()));
+        for (; links.hasNext(); ++followed) {
+            QString target = pages.filePath(links.next().captured(1));
+            EXPECT_TRUE(QFile::exists(target)) << qPrintable(name + u" → "_s + target);
+            EXPECT_TRUE(QFile::exists(target.replace(u"clair"_s, u"sombre"_s)));
+        }
+    }
+    EXPECT_GT(followed, 25);
 }
 
 } // namespace

@@ -5,6 +5,7 @@
 #include "ui/window/command_actions.h"
 
 #include <QMainWindow>
+#include <QPointer>
 
 class QVBoxLayout;
 
@@ -14,6 +15,7 @@ class ContactTableView;
 class DoubtAlerts;
 class Farewell;
 class FileAlerts;
+class GuideWindow;
 class ManyTicks;
 class OutcomeLine;
 class QueueSheet;
@@ -45,6 +47,8 @@ public:
     void addContact();
     void importExcelFile();
     void showImportHelp();
+    void showGuide();
+    void openDataFolder();
     void manageDepartments();
     void manageMessages();
     void manageEmailMessages();
@@ -59,6 +63,8 @@ public:
     void deleteTickedContacts();
     void editCurrentContact();
     void showCurrentHistory();
+    void copyPhone();
+    void copyEmail();
     void startSearch();
     void toggleFullScreen();
     void resetColumnWidths();
@@ -92,6 +98,7 @@ private:
     void restoreLayout();
     void saveLayout();
     void presentQueue(QueueSheet &queue);
+    void copy(const QString &text, const QString &absence);
     void editContact(const QString &id);
     void showHistory(const QString &id);
     void fillContactMenu(QMenu &menu, const QString &id);
@@ -112,6 +119,7 @@ private:
     TablePages *m_pages;
     ManyTicks *m_ticks;
     OutcomeLine *m_outcome;
+    QPointer<GuideWindow> m_guide;
     QVBoxLayout *m_column;
 };
 

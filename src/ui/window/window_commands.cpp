@@ -1,5 +1,6 @@
 #include "messaging/send_desk.h"
 #include "ui/kit/alert.h"
+#include "ui/kit/plain_text.h"
 #include "ui/queue/queue_sheet.h"
 #include "ui/sheets/about_view.h"
 #include "ui/sheets/add_prospect_view.h"
@@ -14,7 +15,9 @@
 #include "ui/sheets/test_message_view.h"
 #include "ui/table/contact_table_view.h"
 #include "ui/window/content_view.h"
+#include "ui/window/guide_window.h"
 #include "ui/window/many_ticks.h"
+#include "ui/window/outcome_line.h"
 #include "ui/window/window_header.h"
 #include "ui/window/workbook_import.h"
 
@@ -81,6 +84,26 @@ void ContentView::composeMessage(const Composition &message)
 
 void ContentView::showAbout() { present<AboutView>(); }
 
+/// Beside the window, so that one can do what one reads.
+void ContentView::showGuide()
+{
+    if (!m_guide) {
+        m_guide = new GuideWindow(this);
+        connect(m_guide, &GuideWindow::leftFor, this,
+                [this](const QUrl &url) { std::ignore = m_platform.workspace.openUrl(url); });
+    }
+    m_guide->show();
+    m_guide->raise();
+    m_guide->activateWindow();
+}
+
+void ContentView::openDataFolder()
+{
+    const QString folder = m_platform.folders.data();
+    if (!m_platform.workspace.openUrl(QUrl::fromLocalFile(folder)))
+        m_outcome->tell(u"Le dossier n’a pas pu être ouvert : %1"_s.arg(folder));
+}
+
 void ContentView::showImportHelp() { present<ExcelFormatHelpView>(m_platform); }
 
 void ContentView::openSMSQueue()
@@ -145,6 +168,26 @@ void ContentView::deleteTickedContacts()
                 m_store.deleteProspects(doomed);
                 m_model.clearDeleteSelection();
             });
+}
+
+void ContentView::copyPhone()
+{
+    if (const Prospect *current = m_table->currentContact())
+        copy(current->phone, u"Ce contact n’a pas de numéro."_s);
+}
+
+void ContentView::copyEmail()
+{
+    if (const Prospect *current = m_table->currentContact())
+        copy(current->email.value_or(QString()), u"Ce contact n’a pas d’adresse e-mail."_s);
+}
+
+void ContentView::copy(const QString &text, const QString &absence)
+{
+    if (text.isEmpty())
+        return m_outcome->tell(absence);
+    m_platform.pasteboard.setText(text);
+    m_outcome->tell(u"Copié : "_s + oneLine(text));
 }
 
 void ContentView::startSearch()
