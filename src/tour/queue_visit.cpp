@@ -86,6 +86,27 @@ QStringList visitQueue(Guide &guide, const ProspectStore &store, const QueueText
     return ids;
 }
 
+void offerStopReplies(Guide &guide)
+{
+    guide.press(u"Moyens d’envoi…"_s);
+    guide.untilSheetIsOpen();
+    guide.check(u"Proposer les réponses STOP"_s, true);
+    guide.picture(u"moyens-d-envoi"_s);
+    guide.closeSheet();
+}
+
+/// The first automatic SMS has been answered by then.
+void decideOnStopReply(Guide &guide)
+{
+    guide.picture(u"reponse-stop-recue"_s);
+    guide.press(u"Réponses STOP (1)"_s);
+    guide.untilSheetIsOpen();
+    guide.picture(u"reponses-stop"_s);
+    guide.press(u"Marquer STOP"_s);
+    guide.closeSheet();
+    guide.say(u"Une réponse STOP reçue, et marquée."_s);
+}
+
 } // namespace
 
 VisitedContacts visitQueues(Guide &guide, const ProspectStore &store)
@@ -93,8 +114,10 @@ VisitedContacts visitQueues(Guide &guide, const ProspectStore &store)
     const QStringList names{u"BOULANGERIE DU STEÏR"_s, u"FLEURS DE KERLOUAN"_s,
                             u"PLOMBERIE LE GOFF"_s};
     VisitedContacts visited;
-    visited.sms = visitQueue(guide, store, smsTexts, names);
+    offerStopReplies(guide);
     visited.emails = visitQueue(guide, store, emailTexts, names);
+    visited.sms = visitQueue(guide, store, smsTexts, names);
+    decideOnStopReply(guide);
     return visited;
 }
 

@@ -80,7 +80,6 @@ void visitSheets(Guide &guide, ContentView &window)
     lookAt(guide, u"Format Excel attendu"_s, u"format-excel"_s);
     lookAt(guide, u"Gérer les SMS"_s, u"modeles-sms"_s);
     lookAt(guide, u"Gérer les e-mails"_s, u"modeles-emails"_s);
-    lookAt(guide, u"Moyens d’envoi…"_s, u"moyens-d-envoi"_s);
     lookAt(guide, u"À propos"_s, u"a-propos"_s);
     guide.say(u"Chaque feuille a été ouverte."_s);
 }

@@ -19,7 +19,7 @@ struct VisitedContacts {
 void visitImport(Guide &guide);
 
 /// Works through both queues: one message prepared and confirmed by hand, the others sent by the
-/// automatic run.
+/// automatic run. One of the recipients answers STOP.
 [[nodiscard]] VisitedContacts visitQueues(Guide &guide, const ProspectStore &store);
 
 /// Opens every other sheet and uses some of them.

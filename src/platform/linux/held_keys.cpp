@@ -8,8 +8,10 @@ namespace quenoria {
 
 void askForHeldKeys()
 {
-    if (const auto *display = qGuiApp->nativeInterface<QNativeInterface::QX11Application>())
-        XkbSetDetectableAutoRepeat(display->display(), True, nullptr);
+    // Without a screen the toolkit offers the interface all the same, and no display behind it.
+    const auto *application = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
+    if (application && application->display())
+        XkbSetDetectableAutoRepeat(application->display(), True, nullptr);
 }
 
 } // namespace quenoria

@@ -181,6 +181,14 @@ TEST_F(ModemBench, ThePinOpensTheCardAndTheListFollows)
     EXPECT_EQ(send(u"a"_s), u"Le service des modems (ModemManager) n’est pas en marche."_s);
 }
 
+TEST_F(ModemBench, SaysThatThereIsNothingWithoutABus)
+{
+    ModemRoad lost{QDBusConnection(u"no bus"_s)};
+    lost.watch();
+    const auto isTold = [&] { return lost.found()[0].state == CarrierState::notInstalled; };
+    EXPECT_TRUE(QTest::qWaitFor(isTold, patience));
+}
+
 TEST_F(ModemBench, ReadsTheAnswersThatItMayReadAndNoOther)
 {
     startModem({u"answer=Stop svp|Bonjour à vous"_s});
