@@ -1,3 +1,4 @@
+#include "import/contact_keys.h"
 #include "import/import_report.h"
 #include "import/prospect_excel_importer.h"
 #include "model/contact_rules.h"
@@ -8,23 +9,6 @@ using namespace Qt::StringLiterals;
 namespace quenoria {
 
 namespace {
-
-/// Contact ids by duplicate key; of two contacts with one key the first in the list counts. An id
-/// that is no key any more still stands for its contact, which was edited since.
-QHash<QString, QString> idsByKey(const std::vector<Prospect> &prospects)
-{
-    QHash<QString, QString> ids;
-    for (const Prospect &prospect : prospects) {
-        const QString key = duplicateKey(prospect);
-        if (!ids.contains(key))
-            ids.insert(key, prospect.id);
-    }
-    for (const Prospect &prospect : prospects) {
-        if (!ids.contains(prospect.id))
-            ids.insert(prospect.id, prospect.id);
-    }
-    return ids;
-}
 
 QString reportMessage(const ProspectImportAnalysis &analysis)
 {

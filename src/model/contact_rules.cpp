@@ -118,6 +118,22 @@ QString contactLabel(const QString &name, const QString &town, const QString &de
            shownPhone;
 }
 
+LabelParts labelParts(QString label)
+{
+    constexpr auto unicode = QRegularExpression::UseUnicodePropertiesOption;
+    static const QRegularExpression phone(uR"(\s+—\s+(?:\+?\d[\d .-]*)$)"_s, unicode);
+    static const QRegularExpression whole(uR"(^(.*?)\s+—\s+(.*?)\s+\((?:\d{2,3}|2A|2B)\)$)"_s,
+                                          unicode | QRegularExpression::CaseInsensitiveOption);
+    static const QRegularExpression department(uR"(\s+\((?:\d{2,3}|2A|2B)\)$)"_s, unicode);
+    label.remove(phone);
+    const QRegularExpressionMatch match = whole.match(label);
+    if (!match.hasMatch())
+        return {label.remove(department), {}};
+    const QString town = match.captured(2);
+    const bool typedByHand = town.compare(u"AJOUT MANUEL"_s, Qt::CaseInsensitive) == 0;
+    return {match.captured(1), typedByHand ? QString() : town};
+}
+
 QString duplicateKey(const Prospect &prospect)
 {
     QString digits = normalizePhone(prospect.phone);

@@ -36,6 +36,20 @@ struct Prospect;
 [[nodiscard]] QString contactLabel(const QString &name, const QString &town,
                                    const QString &department, const QString &shownPhone);
 
+/// What a label was made of.
+struct LabelParts {
+    QString name;
+    QString town; ///< empty when there is none
+};
+
+/// Reads back the name and the town from a label that adding, editing or importing built:
+///
+///   "ACME — BREST (29) — 06 39 98 00 10" -> "ACME", "BREST"
+///   "ACME — AJOUT MANUEL (29)"           -> "ACME", ""
+///   "ACME (2A)"                          -> "ACME", ""
+///   "ACME, rue du Port"                  -> "ACME, rue du Port", ""
+[[nodiscard]] LabelParts labelParts(QString label);
+
 /// Key under which two contacts count as one: the mobile's digits, else "email:" and the valid
 /// address, else the contact's id.
 [[nodiscard]] QString duplicateKey(const Prospect &prospect);

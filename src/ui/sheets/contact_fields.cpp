@@ -1,6 +1,6 @@
 #include "ui/sheets/contact_fields.h"
 
-#include <QRegularExpression>
+#include "model/contact_rules.h"
 
 using namespace Qt::StringLiterals;
 
@@ -9,28 +9,6 @@ namespace quenoria {
 namespace {
 
 const QString firstDepartment = u"29"_s;
-const QString manualEntry = u"AJOUT MANUEL"_s;
-
-struct NameAndCommune {
-    QString name;
-    QString commune;
-};
-
-NameAndCommune readLabel(QString label)
-{
-    constexpr auto unicode = QRegularExpression::UseUnicodePropertiesOption;
-    static const QRegularExpression phone(uR"(\s+—\s+(?:\+?\d[\d .-]*)$)"_s, unicode);
-    static const QRegularExpression whole(uR"(^(.*?)\s+—\s+(.*?)\s+\((?:\d{2,3}|2A|2B)\)$)"_s,
-                                          unicode | QRegularExpression::CaseInsensitiveOption);
-    static const QRegularExpression department(uR"(\s+\((?:\d{2,3}|2A|2B)\)$)"_s, unicode);
-    label.remove(phone);
-    const QRegularExpressionMatch match = whole.match(label);
-    if (!match.hasMatch())
-        return {label.remove(department), {}};
-    const QString commune = match.captured(2);
-    const bool typedByHand = commune.compare(manualEntry, Qt::CaseInsensitive) == 0;
-    return {match.captured(1), typedByHand ? QString() : commune};
-}
 
 } // namespace
 
@@ -43,7 +21,7 @@ ContactFields newContactFields()
 
 ContactFields contactFields(const Prospect &prospect)
 {
-    const auto [name, commune] = readLabel(prospect.label);
+    const auto [name, commune] = labelParts(prospect.label);
     return {name,
             commune,
             prospect.phone,

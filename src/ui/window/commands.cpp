@@ -22,6 +22,8 @@ constexpr std::array commands{
             &ContentView::addContact},
     Command{u"Importer Excel", u"tablecells.badge.ellipsis", u"Ctrl+I", file, header,
             &ContentView::importExcelFile},
+    Command{u"Exporter…", u"", u"Ctrl+Shift+X", file, none, &ContentView::exportData, nullptr,
+            true},
     Command{u"Format Excel attendu", u"questionmark.circle", u"F1", help, header,
             &ContentView::showImportHelp},
     Command{u"Guide d’utilisation", u"", u"Shift+F1", help, none, &ContentView::showGuide},

@@ -46,6 +46,7 @@ public:
     // The commands.
     void addContact();
     void importExcelFile();
+    void exportData();
     void showImportHelp();
     void showGuide();
     void openDataFolder();

@@ -8,6 +8,7 @@
 #include "ui/sheets/department_manager_view.h"
 #include "ui/sheets/edit_prospect_view.h"
 #include "ui/sheets/excel_format_help_view.h"
+#include "ui/sheets/export_view.h"
 #include "ui/sheets/new_message_view.h"
 #include "ui/sheets/send_history_view.h"
 #include "ui/sheets/stop_replies_view.h"
@@ -105,6 +106,15 @@ void ContentView::openDataFolder()
 }
 
 void ContentView::showImportHelp() { present<ExcelFormatHelpView>(m_platform); }
+
+void ContentView::exportData()
+{
+    std::vector<Prospect> shown;
+    shown.reserve(std::size_t(m_model.contacts().size()));
+    for (int row = 0; row < m_model.contacts().size(); ++row)
+        shown.push_back(m_model.contacts().at(row));
+    present<ExportView>(m_platform, m_store, std::move(shown));
+}
 
 void ContentView::openSMSQueue()
 {

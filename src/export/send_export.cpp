@@ -1,0 +1,84 @@
+#include "export/export_tables.h"
+
+#include "export/contact_cells_out.h"
+
+using namespace Qt::StringLiterals;
+
+namespace quenoria {
+
+namespace {
+
+const std::vector<ExportColumn> sendColumns{
+    {u"Date d’envoi", 18, ExportKind::moment},
+    {u"Canal", 10},
+    {u"Nom", 36},
+    {u"Lieu", 24},
+    {u"Département", 24},
+    {u"Téléphone", 18},
+    {u"Adresse", 34},
+    {u"Métier", 20},
+};
+
+struct Send {
+    Instant instant;
+    Channel channel;
+    std::size_t contact; ///< where it stands in the list
+};
+
+struct Sends {
+    std::vector<Prospect> contacts;
+    std::vector<QString> departments;
+    std::vector<Send> sends;
+};
+
+void fillRow(const Sends &all, const Send &send, std::vector<ExportCell> &cells)
+{
+    const Prospect &contact = all.contacts[send.contact];
+    const auto [name, town] = labelParts(contact.label);
+    cells = {send.instant,
+             send.channel == Channel::sms ? u"SMS"_s : u"E-mail"_s,
+             name,
+             town,
+             all.departments[send.contact],
+             shownPhone(contact),
+             contact.email.value_or(QString()),
+             contact.profession.value_or(QString())};
+}
+
+} // namespace
+
+ExportTable sendTable(const ProspectStore &store, QDate first, QDate last, const QTimeZone &zone)
+{
+    const auto startOf = [&zone](QDate day) {
+        return Instant(std::chrono::milliseconds(day.startOfDay(zone).toMSecsSinceEpoch()));
+    };
+    const Instant from = startOf(first);
+    const Instant end = startOf(last.addDays(1));
+    const auto all = std::make_shared<Sends>();
+    for (const Prospect &contact : store.allProspects()) {
+        const std::size_t before = all->sends.size();
+        const auto take = [&](Channel channel, const std::vector<Instant> &history) {
+            for (const Instant instant : history) {
+                if (instant >= from && instant < end)
+                    all->sends.push_back({instant, channel, all->contacts.size()});
+            }
+        };
+        take(Channel::sms, store.sendHistory(contact));
+        take(Channel::email, store.emailHistory(contact));
+        if (all->sends.size() == before)
+            continue;
+        all->contacts.push_back(contact);
+        all->departments.push_back(
+            departmentCell(contact.department, store.departmentName(contact.department)));
+    }
+    std::ranges::stable_sort(all->sends, {}, &Send::instant);
+    return {
+        .name = u"Envois"_s,
+        .columns = sendColumns,
+        .rows = all->sends.size(),
+        .fill = [all](std::size_t row,
+                      std::vector<ExportCell> &cells) { fillRow(*all, all->sends[row], cells); },
+        .zone = zone};
+}
+
+} // namespace quenoria

@@ -1,0 +1,36 @@
+#include "export/export_tables.h"
+
+#include "export/contact_cells_out.h"
+
+using namespace Qt::StringLiterals;
+
+namespace quenoria {
+
+namespace {
+
+const std::vector<ExportColumn> stopColumns{
+    {u"Téléphone", 18}, {u"Adresse", 34}, {u"Nom", 36}, {u"Lieu", 24}, {u"Département", 24},
+};
+
+} // namespace
+
+ExportTable stopTable(const ProspectStore &store, const QTimeZone &zone)
+{
+    const auto rows = std::make_shared<std::vector<std::vector<ExportCell>>>();
+    for (const Prospect &contact : store.allProspects()) {
+        if (!store.isStopped(contact))
+            continue;
+        const auto [name, town] = labelParts(contact.label);
+        rows->push_back(
+            {shownPhone(contact), contact.email.value_or(QString()), name, town,
+             departmentCell(contact.department, store.departmentName(contact.department))});
+    }
+    return {
+        .name = u"Liste STOP"_s,
+        .columns = stopColumns,
+        .rows = rows->size(),
+        .fill = [rows](std::size_t row, std::vector<ExportCell> &cells) { cells = (*rows)[row]; },
+        .zone = zone};
+}
+
+} // namespace quenoria
