@@ -36,6 +36,9 @@ public:
     /// Leaves the sheet, once the user has said what becomes of unsaved input.
     void reject() override;
 
+    /// Leaves the sheet and what is typed in it, as the user has chosen elsewhere.
+    void abandon() { QDialog::reject(); }
+
 protected:
     /// Goes on at once, or once the unsaved input is saved or given up, as the user chooses. It is
     /// not when he calls it off or when the input was refused.

@@ -62,8 +62,10 @@ bool Farewell::mayLeave()
         showNotice();
         return false;
     }
-    if (m_files.mayLeave())
+    if (m_files.mayLeave()) {
+        abandonSheets();
         return true;
+    }
     callOff();
     return false;
 }
@@ -82,11 +84,24 @@ bool Farewell::settle(bool mayAsk)
     return m_files.mayLeave() || !mayAsk;
 }
 
+QList<Sheet *> Farewell::openSheets() const
+{
+    QList<Sheet *> sheets = m_window->findChildren<Sheet *>();
+    sheets.removeIf([](const Sheet *sheet) { return !sheet->isVisible(); });
+    return sheets;
+}
+
 bool Farewell::hasUnsavedInput() const
 {
-    const QList<Sheet *> sheets = m_window->findChildren<Sheet *>();
-    return std::ranges::any_of(
-        sheets, [](const Sheet *sheet) { return sheet->isVisible() && sheet->hasUnsavedInput(); });
+    return std::ranges::any_of(openSheets(), &Sheet::hasUnsavedInput);
+}
+
+/// They close with the application, which asks each one: the user has answered already.
+void Farewell::abandonSheets() const
+{
+    const QList<Sheet *> sheets = openSheets();
+    for (Sheet *sheet : sheets)
+        sheet->abandon();
 }
 
 void Farewell::askAboutInput()

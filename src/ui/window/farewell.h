@@ -10,6 +10,7 @@ namespace quenoria {
 
 class FileAlerts;
 class SendDesk;
+class Sheet;
 
 /// The one way out, whoever asks: the window's cross, "Quitter", a signal or the session's end.
 ///
@@ -38,7 +39,9 @@ Q_SIGNALS:
     void calledOff();
 
 private:
+    QList<Sheet *> openSheets() const;
     bool hasUnsavedInput() const;
+    void abandonSheets() const;
     void askAboutInput();
     bool awaitAnswer();
     void showNotice();

@@ -313,6 +313,8 @@ TEST_F(Window, AFilledFormAsksOnceBeforeTheExit)
     EXPECT_FALSE(window().close());
     press(u"Quitter"_s);
     EXPECT_FALSE(window().isVisible());
+    QApplication::closeAllWindows();
+    EXPECT_EQ(alert(), QString()) << "the sheet does not ask again";
 }
 
 TEST_F(Window, ADoubtIsAskedAtTheStartWithAllThatIsKnown)
