@@ -104,19 +104,6 @@ INSTANTIATE_TEST_SUITE_P(
                                            "sendHistory":["2026-02-01T10:00:00Z",null]}})"}),
     [](const auto &undecodable) { return undecodable.param.name; });
 
-TEST_F(Files, FailedWriteIsLoggedAndMemoryKeepsTheChange)
-{
-    store();
-    const QString path = store().file(Collection::statuses);
-    ASSERT_TRUE(QFile::remove(path));
-    ASSERT_TRUE(QDir().mkpath(path + u"/in the way"_s));
-    store().setComment(u"gardé"_s, alix());
-    EXPECT_EQ(store().status(alix())->comment, u"gardé"_s);
-    ASSERT_EQ(desktop.log.lines.size(), 1);
-    EXPECT_TRUE(
-        desktop.log.lines.front().startsWith(u"Impossible d’enregistrer le suivi SMS : "_s));
-}
-
 TEST_F(Files, EachFailureIsLoggedInTheWordsOfItsCollection)
 {
     store();

@@ -36,14 +36,6 @@ TEST_F(StartUp, BuiltInListFollowsItsLines)
     EXPECT_TRUE(ProspectStore::loadProspects(desktop.resources).empty());
 }
 
-TEST_F(StartUp, DefaultTemplatesKeepTheirLastLines)
-{
-    EXPECT_TRUE(defaultMessage().body.startsWith(u"Bonjour,\n\n"_s));
-    EXPECT_TRUE(defaultMessage().body.endsWith(u"\n\nSTOP pour ne plus recevoir de message."_s));
-    EXPECT_TRUE(defaultEmailTemplate().body.endsWith(
-        u"\n\nSi vous ne souhaitez plus recevoir de message de notre part, répondez simplement STOP à cet e-mail."_s));
-}
-
 TEST_F(StartUp, SeedsTheDefaultTemplatesBeforeTheUsersOwn)
 {
     desktop.writeFile(u"modeles-messages.json"_s,

@@ -29,17 +29,6 @@ protected:
     }
 };
 
-TEST_F(TableModel, HeadersStandInTheirOrder)
-{
-    QStringList headers;
-    for (int column = 0; column < model().columnCount(); ++column)
-        headers << model().headerData(column, Qt::Horizontal).toString();
-    EXPECT_EQ(headers.join(u'|'),
-              u"Supprimer|Envoyer SMS|SMS envoyé|Envoyer mail|Mail envoyé|STOP|Contact|"
-              "Département|Métier|Message SMS|Message e-mail|Fichier joint|Adresse e-mail|Mobile|"
-              "Dates et heures d’envoi|Commentaire|Actions"_s);
-}
-
 TEST_F(TableModel, TicksReachTheStore)
 {
     EXPECT_TRUE(check(alix(), SortColumn::selection, Qt::Checked));
