@@ -16,6 +16,13 @@ namespace {
 
 constexpr uint completelyReceived = 3;
 
+/// Such a message may answer one whose send is not recorded yet: it is asked about again.
+bool isRecent(const QDateTime &stamp)
+{
+    constexpr int hour = 3600;
+    return stamp.isValid() && stamp > QDateTime::currentDateTimeUtc().addSecs(-hour);
+}
+
 } // namespace
 
 ModemInbox::ModemInbox(BusService daemon, MayRead mayRead)
@@ -63,6 +70,8 @@ void ModemInbox::readSender(const QString &path)
             const Instant date{std::chrono::milliseconds(stamp.toMSecsSinceEpoch())};
             if (stamp.isValid() && m_mayRead(number.toString(), date))
                 readText(path, number.toString(), date);
+            else if (isRecent(stamp))
+                m_seen.remove(path);
         });
     });
 }

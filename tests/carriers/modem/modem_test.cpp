@@ -189,6 +189,23 @@ TEST_F(ModemBench, SaysThatThereIsNothingWithoutABus)
     EXPECT_TRUE(QTest::qWaitFor(isTold, patience));
 }
 
+/// The answer is faster than the record of the send.
+TEST_F(ModemBench, AsksAgainForAnAnswerThatCouldNotBeReadAtFirst)
+{
+    startModem({u"answer=STOP"_s});
+    QSignalSpy heard(&road, &SmsRoad::received);
+    bool isRecorded = false, wasAsked = false;
+    road.listen(equipment, [&](const QString &, Instant) {
+        wasAsked = true;
+        return isRecorded;
+    });
+    ASSERT_EQ(send(u"a"_s), u"parti"_s);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return wasAsked; }, patience));
+    isRecorded = true;
+    EXPECT_EQ(send(u"a"_s), u"parti"_s); // the daemon tells of it, as of every change
+    EXPECT_TRUE(QTest::qWaitFor([&] { return heard.size() == 1; }, patience));
+}
+
 TEST_F(ModemBench, ReadsTheAnswersThatItMayReadAndNoOther)
 {
     startModem({u"answer=Stop svp|Bonjour à vous"_s});
@@ -202,9 +219,9 @@ TEST_F(ModemBench, ReadsTheAnswersThatItMayReadAndNoOther)
     });
     for (qsizetype count = 1; count <= 2; ++count) {
         ASSERT_EQ(send(u"a"_s), u"parti"_s);
-        EXPECT_TRUE(QTest::qWaitFor([&] { return asked.size() == count; }, patience));
+        EXPECT_TRUE(QTest::qWaitFor([&] { return asked.size() >= count; }, patience));
     }
-    EXPECT_TRUE(QTest::qWaitFor([&] { return asked.size() == 2 && heard.size() == 1; }, patience));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return heard.size() == 1; }, patience));
     EXPECT_EQ(asked.constFirst(), handle);
     const auto noon = std::chrono::sys_days(std::chrono::year(2027) / 3 / 1) + 12h;
     const std::vector stop{ReceivedMessage{handle, u"Stop svp"_s, noon}};
