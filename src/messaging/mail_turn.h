@@ -36,6 +36,7 @@ public:
 
     /// That an e-mail waits for the pace, and until when; empty while none does.
     [[nodiscard]] QString notice() const;
+    [[nodiscard]] std::optional<Instant> pausedUntil() const { return m_pausedUntil; }
 
 Q_SIGNALS:
     void noticeChanged();

@@ -8,6 +8,8 @@
 #include <QCoroFuture>
 #include <QPointer>
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace quenoria {
@@ -155,15 +157,20 @@ QCoro::Task<SendOutcome> ProspectStore::handOverSMS(Prospect contact, bool freeP
     co_return co_await sending;
 }
 
-QCoro::Task<> ProspectStore::waitForAutomaticSMSInterval(std::stop_token stop)
+std::chrono::nanoseconds ProspectStore::automaticSMSWait() const
 {
     if (!m_lastAutomaticSMSSentAt)
-        co_return;
+        return {};
     const std::chrono::nanoseconds elapsed = m_platform.clock.now() - *m_lastAutomaticSMSSentAt;
     // A clock that was set back must not make the queue wait for longer than the interval.
-    const auto remainder =
-        std::min(automaticSMSMinimumInterval - elapsed, automaticSMSMinimumInterval);
-    if (remainder <= std::chrono::nanoseconds::zero())
+    return std::clamp(automaticSMSMinimumInterval - elapsed, std::chrono::nanoseconds::zero(),
+                      automaticSMSMinimumInterval);
+}
+
+QCoro::Task<> ProspectStore::waitForAutomaticSMSInterval(std::stop_token stop)
+{
+    const std::chrono::nanoseconds remainder = automaticSMSWait();
+    if (remainder == std::chrono::nanoseconds::zero())
         co_return;
     const QFuture<void> sleep = m_platform.clock.sleep(remainder, stop);
     co_await sleep;

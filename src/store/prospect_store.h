@@ -70,6 +70,8 @@ public:
     }
     std::optional<Instant> lastAutomaticSMSSentAt() const { return m_lastAutomaticSMSSentAt; }
     bool automaticSMSBusy() const { return m_automaticSMSBusy; }
+    /// How long the next automatic SMS has to wait at least; zero when it may go now.
+    std::chrono::nanoseconds automaticSMSWait() const;
 
     // The merged contact list: built-in and custom contacts, as edited, without the deleted ones.
     // Recomputed after a change; references live until the next one.

@@ -23,14 +23,17 @@ constexpr std::chrono::milliseconds pauseBetweenContacts{800};
 BatchQueue::BatchQueue(const QueueChannel &channel, SendDesk &desk, Switches &switches,
                        Clock &clock)
     : QObject(&desk), m_channel(channel), m_desk(desk), m_store(desk.store()), m_switches(switches),
-      m_clock(clock), m_wasAutomatic(isAutomatic())
+      m_clock(clock), m_countdown(clock), m_wasAutomatic(isAutomatic())
 {
     connect(&m_store, &ProspectStore::published, this, &BatchQueue::followStore);
     connect(&switches, &Switches::changed, this, &BatchQueue::followSwitches);
     connect(&desk, &SendDesk::closing, this, &BatchQueue::callOff);
     connect(this, &BatchQueue::runAsked, this, &BatchQueue::runAutomaticQueue,
             Qt::QueuedConnection);
-    connect(&desk.mailTurn(), &MailTurn::noticeChanged, this, &BatchQueue::changed);
+    connect(&desk.mailTurn(), &MailTurn::noticeChanged, this, [this] {
+        m_countdown.follow(nextSend());
+        Q_EMIT changed();
+    });
     connect(&desk.stopReplies(), &StopReplies::changed, this, &BatchQueue::followStopReplies);
     connect(&desk, &SendDesk::doubtAnswered, this,
             [this](Channel where, const QString &contactId, DoubtAnswer answer) {
@@ -48,6 +51,14 @@ void BatchQueue::open()
 void BatchQueue::pressPrimary() { take(PrimaryPressed{}); }
 void BatchQueue::confirm() { take(Confirmed{}); }
 void BatchQueue::skip() { take(Skipped{}); }
+
+void BatchQueue::stop()
+{
+    if (!isRunning())
+        return;
+    (m_switches.*m_channel.setAutomatic)(false);
+    stopWaiting();
+}
 
 void BatchQueue::close()
 {
@@ -115,9 +126,30 @@ bool BatchQueue::isQuotaReached() const
     return !m_switches.freeProPlan() && m_store.remainingStandardSMSRecipientsThisMonth() == 0;
 }
 
-QString BatchQueue::pauseText() const
+QString BatchQueue::runText() const
 {
-    return m_channel.channel == Channel::email ? m_desk.mailTurn().notice() : QString();
+    const QString notice =
+        m_channel.channel == Channel::email ? m_desk.mailTurn().notice() : QString();
+    QStringList parts{notice.isEmpty() ? u"Envoi automatique en cours…"_s : notice};
+    if (!isAutomatic() && !m_countdown.seconds())
+        parts << u"La file s’arrête après ce contact."_s;
+    else if (m_countdown.seconds() > 60)
+        parts << u"prochain %1 dans %2 min"_s.arg(m_channel.noun)
+                     .arg((m_countdown.seconds() + 59) / 60);
+    else if (m_countdown.seconds())
+        parts << u"prochain %1 dans %2 s"_s.arg(m_channel.noun).arg(m_countdown.seconds());
+    parts << m_desk.progress().text();
+    return parts.join(u' ').trimmed();
+}
+
+/// What the run waits for, of more than the pause between two contacts.
+std::optional<Instant> BatchQueue::nextSend() const
+{
+    if (!isRunning())
+        return std::nullopt;
+    if (m_channel.channel == Channel::email)
+        return m_desk.mailTurn().pausedUntil();
+    return m_clock.now() + ceil<std::chrono::milliseconds>(m_store.automaticSMSWait());
 }
 
 QString BatchQueue::costText() const
@@ -150,6 +182,7 @@ QueueAction BatchQueue::take(const QueueEvent &event)
     m_isCalledOff = m_isCalledOff && isRunning();
     perform(step.action, contact);
     passOverServed();
+    m_countdown.follow(nextSend());
     Q_EMIT changed();
     if (!wasClosed && m_state.phase == QueueState::Phase::closed) {
         deleteLater();

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "messaging/send_desk.h"
+#include "ui/queue/countdown.h"
 #include "ui/queue/queue_channel.h"
 #include "ui/queue/queue_state.h"
 
@@ -26,11 +27,15 @@ public:
     void pressPrimary();
     void confirm();
     void skip();
+    /// Ends the run before its next contact, as turning the switch off does, and without the wait
+    /// for a message that no carrier has yet.
+    void stop();
     /// An SMS that still waits for its turn is abandoned; one handed over is recorded.
     void close();
 
     const QueueState &state() const { return m_state; }
     const HandOverWatch &progress() const { return m_desk.progress(); }
+    const Countdown &countdown() const { return m_countdown; }
     const QueueChannel &channel() const { return m_channel; }
     const Prospect *current() const; ///< null when the queue is empty or its head was deleted
     bool isAutomatic() const;
@@ -43,7 +48,7 @@ public:
     QueuedMessage message() const { return m_channel.message(m_store, *current()); }
     QString quotaText() const; ///< of the SMS channel
     bool isQuotaReached() const;
-    QString pauseText() const; ///< that the run waits for the mailbox's pace, or nothing
+    QString runText() const; ///< what the run does or waits for
 
     /// Labels of those who are left out of the queue, since they have answered STOP.
     QStringList heldLabels() const;
@@ -68,6 +73,7 @@ private:
     void passOverServed();
     void perform(QueueAction action, const std::optional<Prospect> &contact);
     QCoro::Task<> runAutomaticQueue();
+    std::optional<Instant> nextSend() const;
     void stopWaiting();
     void followStore();
     void followStopReplies();
@@ -80,6 +86,7 @@ private:
     Switches &m_switches;
     Clock &m_clock;
     QueueState m_state;
+    Countdown m_countdown;
     struct Served {
         QString id;
         QString label;

@@ -42,6 +42,7 @@ const QueueChannel &emailChannel()
                         "« E-mail envoyé, suivant »."_s,
         .finishedNote = u"Les e-mails confirmés sont cochés comme envoyés."_s,
         .errorSymbol = u"exclamationmark.triangle.fill"_s,
+        .noun = u"e-mail"_s,
         .size = {780, 680},
         .hasQuota = false,
         .channel = Channel::email,

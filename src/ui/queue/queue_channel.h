@@ -29,6 +29,7 @@ struct QueueChannel {
     QString preparedNote;
     QString finishedNote;
     QString errorSymbol;
+    QString noun; ///< "SMS", as in "prochain SMS"
     QSize size;
     bool hasQuota;
 

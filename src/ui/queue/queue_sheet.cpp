@@ -8,6 +8,7 @@
 #include "ui/queue/queue_options.h"
 #include "ui/queue/slim_progress_bar.h"
 
+#include <QKeyEvent>
 #include <QPushButton>
 #include <QShortcut>
 #include <QVBoxLayout>
@@ -94,17 +95,21 @@ QWidget *QueueSheet::makeButtons()
 {
     auto *buttons = new QWidget;
     m_skip = new QPushButton(u"Ignorer"_s);
+    m_stop = new QPushButton(u"Arrêter"_s);
     m_primary = new QPushButton(m_channel.prepare);
     m_confirm = new QPushButton(m_channel.confirm);
     makeProminent(m_primary);
     // Enter prepares, wherever the focus is: nobody confirms or skips with one Enter too many.
     m_skip->setAutoDefault(false);
+    m_stop->setAutoDefault(false);
+    m_stop->setToolTip(tipText(u"N’envoyer aucun autre message (Échap)"_s));
     m_confirm->setAutoDefault(false);
     auto *row = new QHBoxLayout(buttons);
     row->setContentsMargins({});
     row->setSpacing(buttonGap);
     row->addWidget(m_skip);
     row->addStretch();
+    row->addWidget(m_stop);
     row->addWidget(m_primary);
     row->addWidget(m_confirm);
     auto *skip = new QShortcut(Qt::CTRL | Qt::Key_I, this);
@@ -161,8 +166,10 @@ void QueueSheet::connectQueue()
             accept();
     });
     connect(&m_queue->progress(), &HandOverWatch::changed, this, &QueueSheet::refreshStatus);
+    connect(&m_queue->countdown(), &Countdown::changed, this, &QueueSheet::refreshStatus);
     connect(this, &QDialog::finished, m_queue, &BatchQueue::close);
     connect(m_skip, &QPushButton::clicked, m_queue, &BatchQueue::skip);
+    connect(m_stop, &QPushButton::clicked, m_queue, &BatchQueue::stop);
     connect(m_primary, &QPushButton::clicked, m_queue, &BatchQueue::pressPrimary);
     connect(m_confirm, &QPushButton::clicked, m_queue, &BatchQueue::confirm);
 }
@@ -175,6 +182,14 @@ void QueueSheet::showEvent(QShowEvent *event)
         m_cost->setText(m_queue->costText());
     }
     Sheet::showEvent(event);
+}
+
+void QueueSheet::keyPressEvent(QKeyEvent *event)
+{
+    if (event->matches(QKeySequence::Cancel) && m_queue && m_queue->isRunning())
+        m_queue->stop();
+    else
+        Sheet::keyPressEvent(event);
 }
 
 void QueueSheet::refresh()
@@ -198,12 +213,8 @@ void QueueSheet::refresh()
 
 void QueueSheet::refreshStatus()
 {
-    if (const QString pause = m_queue->pauseText(); m_queue->isRunning() && !pause.isEmpty())
-        m_status->setStatus(pause, Tint::accent, u"clock"_s);
-    else if (m_queue->isRunning())
-        m_status->setStatus(
-            (u"Envoi automatique en cours… "_s + m_queue->progress().text()).trimmed(),
-            Tint::accent, u"gearshape.2.fill"_s);
+    if (m_queue->isRunning())
+        m_status->setStatus(m_queue->runText(), Tint::accent, u"gearshape.2.fill"_s);
     else if (m_queue->canConfirm())
         m_status->setStatus(m_channel.preparedNote, Tint::positive, u"checkmark.circle.fill"_s);
     else
@@ -251,6 +262,8 @@ void QueueSheet::refreshButtons()
     m_primary->setDisabled(running);
     m_skip->setDisabled(running);
     m_confirm->setEnabled(m_queue->canConfirm());
+    m_stop->setVisible(running);
+    m_stop->setEnabled(m_queue->isAutomatic());
     next->setDefault(true);
     if (moves && !running)
         next->setFocus();
@@ -263,6 +276,8 @@ bool QueueSheet::keepsFocus(const QWidget *widget) const
         return false;
     if (widget == m_confirm)
         return m_queue->canConfirm();
+    if (widget == m_stop)
+        return m_queue->isRunning() && m_queue->isAutomatic();
     return widget != m_skip || !m_queue->isRunning();
 }
 

@@ -38,6 +38,9 @@ protected:
 
     void showEvent(QShowEvent *event) override;
 
+    /// Escape during a run stops it; only then does it leave the sheet.
+    void keyPressEvent(QKeyEvent *event) override;
+
 private:
     QWidget *makeProgress();
     QWidget *makeFinishedPanel();
@@ -74,6 +77,7 @@ private:
     StatusLabel *m_carrierWords;
     QWidget *m_buttons;
     QPushButton *m_skip;
+    QPushButton *m_stop;
     QPushButton *m_primary;
     QPushButton *m_confirm;
 };

@@ -38,6 +38,7 @@ const QueueChannel &smsChannel()
                         "« Envoyé, suivant »."_s,
         .finishedNote = u"Les SMS confirmés sont cochés avec leur nouvelle date et heure."_s,
         .errorSymbol = u"hand.raised.circle.fill"_s,
+        .noun = u"SMS"_s,
         .size = {760, 680},
         .hasQuota = true,
         .channel = Channel::sms,

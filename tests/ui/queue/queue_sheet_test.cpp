@@ -317,13 +317,53 @@ TEST_F(QueueSheets, ADoubtStopsTheRunAndItsAnswerMovesOn)
     EXPECT_EQ(store->emailSendSelection().size(), 2U);
 }
 
+/// By the button, by Escape and by the switch; before the contact that the countdown names or, if
+/// its message is with the carrier already, after it.
+TEST_F(QueueSheets, ARunCountsDownToItsNextMessageAndStopsBeforeIt)
+{
+    const auto escape = [this] { QTest::keyClick(sheet, Qt::Key_Escape); };
+    const auto byButton = [this] { button(u"Arrêter"_s)->click(); };
+    const auto bySwitch = [this] { switches.setAutoValidateSMS(false); };
+    struct Row {
+        const char *name;
+        std::function<void()> stop;
+        std::size_t sends; ///< after everything that was waited for
+    };
+    for (const auto &[name, stop, sends] :
+         {Row{"button", byButton, 1}, Row{"Escape", escape, 1}, Row{"switch", bySwitch, 2}}) {
+        SCOPED_TRACE(name);
+        desktop.clock.advance(1h);
+        desktop.scripts.sources.clear();
+        switches.setAutoValidateSMS(true);
+        show();
+        EXPECT_TRUE(button(u"Arrêter"_s)->isVisible());
+        settle();
+        EXPECT_TRUE(shows(u"Envoi automatique en cours… prochain SMS dans 11 s"_s));
+        for (int second = 0; second < 5; ++second)
+            desktop.clock.advance(800ms);
+        EXPECT_TRUE(shows(u"Envoi automatique en cours… prochain SMS dans 7 s"_s));
+        stop();
+        settle();
+        for (int second = 0; second < 20; ++second)
+            desktop.clock.advance(1s);
+        ASSERT_TRUE(sheet);
+        EXPECT_FALSE(switches.autoValidateSMS() || button(u"Arrêter"_s)->isVisible());
+        EXPECT_EQ(std::size_t(desktop.scripts.sources.size()), sends);
+        EXPECT_EQ(desktop.clock.pending().size(), 0U);
+        escape();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        EXPECT_FALSE(sheet) << "Escape leaves the sheet once no run is under way";
+        start();
+    }
+}
+
 TEST_F(QueueSheets, ClosedWhileWaitingSendsNothingMore)
 {
     switches.setAutoValidateSMS(true);
     show();
     settle();
     desktop.clock.advance(800ms);
-    ASSERT_EQ(desktop.clock.pending(), std::vector{10200ms});
+    ASSERT_EQ(desktop.clock.pending(), (std::vector{200ms, 10200ms}));
     sheet->close();
     desktop.clock.advance(0ms);
     EXPECT_FALSE(sheet || desk->isBusy() || store->automaticSMSBusy());
