@@ -90,9 +90,10 @@ void drawButtonPanel(QPainter *painter, const QStyleOption *option, const QWidge
     const bool prominent = buttonRole(widget) == ButtonRole::prominent;
     const auto color = [option](QPalette::ColorRole role) { return option->palette.color(role); };
     QColor fill = color(prominent ? QPalette::Highlight : QPalette::Button);
-    if (!prominent && option->state & QStyle::State_On)
+    const bool isOn = !prominent && option->state & QStyle::State_On;
+    if (isOn)
         fill = color(QPalette::Midlight);
-    QPen border(color(prominent ? QPalette::Highlight : QPalette::Mid), 1);
+    QPen border(color(prominent || isOn ? QPalette::Highlight : QPalette::Mid), 1);
     if (hasKeyboardFocus(option->state))
         border = QPen(color(prominent ? QPalette::WindowText : QPalette::Highlight), 2);
     drawBox(painter, option->rect, shaded(fill, option->state), border);

@@ -184,17 +184,6 @@ QString attachmentName(const Cell &cell)
     return cell.store.attachmentName(cell.contact).value_or(QString());
 }
 
-bool attachmentIsMissing(const Cell &cell)
-{
-    if (attachmentName(cell).isEmpty())
-        return false;
-    auto found = cell.state.attachmentsFound.constFind(cell.contact.id);
-    if (found == cell.state.attachmentsFound.cend())
-        found = cell.state.attachmentsFound.insert(cell.contact.id,
-                                                   cell.store.attachmentExists(cell.contact));
-    return !*found;
-}
-
 QString attachmentWarning(const Cell &cell)
 {
     return attachmentIsMissing(cell)
@@ -424,6 +413,17 @@ static_assert(std::accumulate(columns.begin(), columns.end(), 0,
                               }) == tableContentWidth);
 
 } // namespace
+
+bool attachmentIsMissing(const Cell &cell)
+{
+    if (attachmentName(cell).isEmpty())
+        return false;
+    auto found = cell.state.attachmentsFound.constFind(cell.contact.id);
+    if (found == cell.state.attachmentsFound.cend())
+        found = cell.state.attachmentsFound.insert(cell.contact.id,
+                                                   cell.store.attachmentExists(cell.contact));
+    return !*found;
+}
 
 std::span<const ContactColumn> contactColumns() { return columns; }
 

@@ -80,6 +80,9 @@ struct ContactColumn {
     bool recordsDates = false;    ///< its ticks stay in the history, so that many are asked about
 };
 
+/// Whether its attached file is gone, as far as the last look at the disk tells.
+[[nodiscard]] bool attachmentIsMissing(const Cell &cell);
+
 /// Parts two texts that a search looks in: no character, so that no search runs over it.
 inline constexpr QChar textSeparator(0xFFFF);
 

@@ -47,7 +47,14 @@ void ContactList::setSearchText(const QString &text)
             readTexts(entry);
     }
     settle();
-    filter();
+    find();
+}
+
+void ContactList::setFilter(const ContactFilter &filter)
+{
+    m_filter = filter;
+    settle();
+    find();
 }
 
 void ContactList::sort(SortColumn column, Qt::SortOrder order)
@@ -138,7 +145,11 @@ ContactList::Entry ContactList::fresh(const Prospect &contact) const
 {
     const SendStatus *sms = m_store.status(contact);
     const EmailSendStatus *email = m_store.emailStatus(contact);
-    return {contact, orderKey(contact), sms && sms->sent, email && email->sent};
+    return {.contact = contact,
+            .key = orderKey(contact),
+            .smsSent = sms && sms->sent,
+            .emailSent = email && email->sent,
+            .filteredBy = FilteredBy::of({m_store, m_state, contact})};
 }
 
 void ContactList::tally(const Entry &entry, int by)
@@ -193,6 +204,10 @@ const QCollatorSortKey &ContactList::labelKey(const Entry &entry)
 
 bool ContactList::matches(std::size_t entry) const
 {
+    const Entry &candidate = m_entries[entry];
+    if (!m_filter.isEmpty() &&
+        !m_filter.accepts({m_store, m_state, candidate.contact}, candidate.filteredBy))
+        return false;
     if (!m_needle)
         return true;
     readTexts(entry);
@@ -223,10 +238,10 @@ void ContactList::arrange()
     std::ranges::sort(m_order, [this](std::uint32_t a, std::uint32_t b) { return precedes(a, b); });
     m_displaced.clear();
     m_isDisplaced = false;
-    filter();
+    find();
 }
 
-void ContactList::filter()
+void ContactList::find()
 {
     m_shown.clear();
     std::ranges::copy_if(m_order, std::back_inserter(m_shown),

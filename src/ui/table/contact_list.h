@@ -1,17 +1,19 @@
 #pragma once
 
-#include "ui/table/contact_columns.h"
+#include "ui/table/contact_filter.h"
 #include "ui/table/search_texts.h"
 
 #include <QCollator>
 
+#include <map>
 #include <set>
 
 namespace quenoria {
 
-/// The contacts as the table displays them: those that the search finds, in the order of one
-/// column. What a search or a comparison needs of a contact is computed once and kept until the
-/// contact changes, so that a keystroke costs one pass and a change of one contact next to none.
+/// The contacts as the table displays them: those that the search finds and the filter accepts, in
+/// the order of one column. What a search or a comparison needs of a contact is computed once and
+/// kept until the contact changes, so that a keystroke costs one pass and a change of one contact
+/// next to none.
 ///
 /// No row moves under the hand: a contact that changed keeps its place, though it would sort or be
 /// searched otherwise, until the user sorts, searches or adds.
@@ -35,6 +37,18 @@ public:
 
     void setSearchText(const QString &text);
     const QString &searchText() const { return m_searchText; }
+    void setFilter(const ContactFilter &filter);
+    const ContactFilter &filter() const { return m_filter; }
+
+    /// How many of all contacts have each value; absent ones count as empty.
+    template <typename Text>
+    std::map<QString, int> countBy(Text Prospect::*member) const
+    {
+        QHash<QString, int> counts;
+        for (const Entry &entry : m_entries)
+            ++counts[std::optional<QString>(entry.contact.*member).value_or(QString())];
+        return {counts.keyValueBegin(), counts.keyValueEnd()};
+    }
 
     void sort(SortColumn column, Qt::SortOrder order);
     SortColumn sortColumn() const { return m_sortColumn; }
@@ -58,6 +72,7 @@ private:
         OrderKey key;
         bool smsSent;
         bool emailSent;
+        FilteredBy filteredBy;
         mutable std::optional<QCollatorSortKey> label = {}; ///< made once a comparison needs it
     };
 
@@ -73,7 +88,7 @@ private:
     bool keepOrder(const std::vector<QString> &idsBefore);
     void settle();
     void arrange();
-    void filter();
+    void find();
 
     ProspectStore &m_store;
     TableState &m_state;
@@ -84,8 +99,9 @@ private:
     std::set<std::uint32_t> m_displaced; ///< entries that would sort elsewhere by now
     bool m_isDisplaced = false;          ///< any entry might
     QString m_searchText;
-    std::optional<std::string> m_needle; ///< folded; none when everything is shown
-    mutable SearchTexts m_texts;         ///< read once a search looks for them
+    std::optional<std::string> m_needle; ///< folded; none when nothing is looked for
+    ContactFilter m_filter;
+    mutable SearchTexts m_texts; ///< read once a search looks for them
     SortColumn m_sortColumn = SortColumn::name;
     Qt::SortOrder m_sortOrder = Qt::AscendingOrder;
     int m_smsSent = 0;

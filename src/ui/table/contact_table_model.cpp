@@ -236,6 +236,17 @@ void ContactTableModel::setSearchText(const QString &text)
     Q_EMIT changed();
 }
 
+void ContactTableModel::setFilter(const ContactFilter &filter)
+{
+    if (filter == m_list.filter())
+        return;
+    beginResetModel();
+    m_list.setFilter(filter);
+    m_allAreTicked.reset();
+    endResetModel();
+    Q_EMIT changed();
+}
+
 void ContactTableModel::clearDeleteSelection()
 {
     m_state.deleteSelection.clear();

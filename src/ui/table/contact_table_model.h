@@ -33,6 +33,7 @@ public:
     void toggleSort(int column);
 
     void setSearchText(const QString &text);
+    void setFilter(const ContactFilter &filter);
 
     /// The displayed contacts; rowOf() gives ContactList::none for one that is not.
     const ContactList &contacts() const { return m_list; }
@@ -41,6 +42,7 @@ public:
     ManyContacts tickMany(int column, bool ticked, const IdSet &ids);
 
     IdSet shownContacts() const;
+    const QTimeZone &zone() const { return m_state.zone; } ///< of the dates
 
     // Contacts ticked for deletion. A search hides ticked contacts without unticking them.
     const IdSet &deleteSelection() const { return m_state.deleteSelection; }

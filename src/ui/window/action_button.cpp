@@ -13,6 +13,7 @@ namespace quenoria {
 namespace {
 
 constexpr int boxPadding = 14;   ///< that a quiet button can do without, both sides together
+constexpr int chipPadding = 20;  ///< both sides together
 constexpr int switchHeight = 32; ///< of the buttons that a switch stands beside
 
 } // namespace
@@ -30,20 +31,25 @@ ActionButton::ActionButton(QAction *action, Look look, QWidget *parent)
 QSize ActionButton::sizeHint() const
 {
     const QSize size = QPushButton::sizeHint();
-    return m_look == Look::quiet ? size - QSize(boxPadding, 0) : size;
+    if (m_look != Look::chip)
+        return m_look == Look::quiet ? size - QSize(boxPadding, 0) : size;
+    const int content = fontMetrics().size(Qt::TextShowMnemonic, this->text()).width();
+    return {content + chipPadding, size.height()};
 }
 
 void ActionButton::paintEvent(QPaintEvent *)
 {
     QStyleOptionButton option;
     initStyleOption(&option);
-    const bool hasBox = m_look == Look::boxed || underMouse() || isDown() || hasFocus();
+    const bool hasBox = m_look != Look::quiet || underMouse() || isDown() || hasFocus();
     QStylePainter(this).drawControl(hasBox ? QStyle::CE_PushButton : QStyle::CE_PushButtonLabel,
                                     option);
 }
 
 void ActionButton::follow(const QAction &action)
 {
+    setCheckable(action.isCheckable());
+    setChecked(action.isChecked());
     setText(action.text());
     setEnabled(action.isEnabled());
     const QString shortcut = action.shortcut().toString(QKeySequence::NativeText);

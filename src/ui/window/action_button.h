@@ -12,8 +12,8 @@ class ActionButton : public QPushButton {
     Q_OBJECT
 
 public:
-    /// A quiet button has no box until the mouse or the keyboard is on it.
-    enum class Look { boxed, quiet };
+    /// A quiet button has no box until the mouse or the keyboard is on it; a chip is a narrow one.
+    enum class Look { boxed, quiet, chip };
 
     ActionButton(QAction *action, Look look, QWidget *parent = nullptr);
 

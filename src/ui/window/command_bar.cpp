@@ -32,13 +32,16 @@ protected:
 
 } // namespace
 
-CommandBar::CommandBar(const QList<QAction *> &commands, QWidget *parent)
+CommandBar::CommandBar(const QList<QAction *> &commands, Purpose purpose, QWidget *parent)
     : QWidget(parent), m_commands(commands), m_more(new MoreButton(this))
 {
+    const bool areCommands = purpose == Purpose::commands;
     for (QAction *command : commands)
-        m_buttons << new ActionButton(command, ActionButton::Look::quiet, this);
+        m_buttons << new ActionButton(
+            command, areCommands ? ActionButton::Look::quiet : ActionButton::Look::chip, this);
+    setFocusProxy(m_buttons.value(0));
     m_more->setText(u"»"_s);
-    m_more->setAccessibleName(u"Autres commandes"_s);
+    m_more->setAccessibleName(areCommands ? u"Autres commandes"_s : u"Autres filtres"_s);
     m_more->setToolTip(tipText(m_more->accessibleName()));
     m_more->setFocusPolicy(Qt::StrongFocus);
     m_more->setAutoRaise(true);
@@ -46,6 +49,15 @@ CommandBar::CommandBar(const QList<QAction *> &commands, QWidget *parent)
     m_more->setMenu(new QMenu(m_more));
     connect(m_more->menu(), &QMenu::aboutToShow, this, &CommandBar::fillMenu);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+}
+
+QPoint CommandBar::below(const QAction *command) const
+{
+    const qsizetype place = m_commands.indexOf(command);
+    const QWidget *button = m_more;
+    if (place >= 0 && m_buttons[place]->isVisible())
+        button = m_buttons[place];
+    return button->mapToGlobal(QPoint(0, button->height()));
 }
 
 QSize CommandBar::sizeHint() const

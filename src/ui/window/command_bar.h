@@ -16,7 +16,13 @@ class CommandBar : public QWidget {
     Q_OBJECT
 
 public:
-    explicit CommandBar(const QList<QAction *> &commands, QWidget *parent = nullptr);
+    enum class Purpose { commands, filters };
+
+    explicit CommandBar(const QList<QAction *> &commands, Purpose purpose = Purpose::commands,
+                        QWidget *parent = nullptr);
+
+    /// Where something belongs that the command opens: under its button, or under "»".
+    QPoint below(const QAction *command) const;
 
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;

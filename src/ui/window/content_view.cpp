@@ -10,6 +10,7 @@
 #include "ui/window/doubt_alerts.h"
 #include "ui/window/farewell.h"
 #include "ui/window/file_alerts.h"
+#include "ui/window/filter_bar.h"
 #include "ui/window/many_ticks.h"
 #include "ui/window/outcome_line.h"
 #include "ui/window/row_actions.h"
@@ -58,8 +59,8 @@ ContentView::ContentView(SendDesk &desk, Switches &switches, const Platform &pla
       m_farewell(new Farewell(desk, *m_files, this)),
       m_doubts(new DoubtAlerts(desk, platform.clock.zone(), this)),
       m_header(new WindowHeader(m_commands)), m_table(new ContactTableView(m_model)),
-      m_pages(new TablePages(m_table)), m_ticks(new ManyTicks(m_model, this)),
-      m_outcome(new OutcomeLine), m_column(new QVBoxLayout)
+      m_pages(new TablePages(m_table)), m_filters(new FilterBar(m_model, m_store, platform.clock)),
+      m_ticks(new ManyTicks(m_model, this)), m_outcome(new OutcomeLine), m_column(new QVBoxLayout)
 {
     build();
     m_commands.fillMenuBar(*menuBar());
@@ -76,6 +77,8 @@ void ContentView::build()
 {
     setWindowTitle(u"Quenoria"_s);
     setAcceptDrops(true);
+    m_filters->hide();
+    m_header->addFilters(m_filters);
     m_column->setContentsMargins({});
     m_column->setSpacing(0);
     m_column->addWidget(m_header);
@@ -124,6 +127,8 @@ void ContentView::followModel()
     });
     connect(m_header->searchField(), &QLineEdit::textChanged, &m_model,
             &ContactTableModel::setSearchText);
+    connect(m_filters, &FilterBar::showAllRequested, this, &ContentView::showAll);
+    connect(m_pages, &TablePages::showAllRequested, this, &ContentView::showAll);
     connect(m_header->searchField(), &QLineEdit::returnPressed, m_table,
             qOverload<>(&QWidget::setFocus));
 }
@@ -214,7 +219,9 @@ void ContentView::refresh()
     const HeaderTexts texts = HeaderTexts::of(m_desk, m_switches, m_model);
     m_header->showTexts(texts);
     m_commands.showTexts(texts);
-    m_pages->follow(m_model.contacts());
+    m_filters->refresh();
+    m_pages->follow(m_model.contacts(),
+                    m_model.contacts().filter().inWords(m_store, m_model.zone()));
 }
 
 void ContentView::showBanner(const QString &text)

@@ -15,6 +15,7 @@ class ContactTableView;
 class DoubtAlerts;
 class Farewell;
 class FileAlerts;
+class FilterBar;
 class GuideWindow;
 class ManyTicks;
 class OutcomeLine;
@@ -69,6 +70,8 @@ public:
     void startSearch();
     void toggleFullScreen();
     void resetColumnWidths();
+    void toggleFilters(); ///< hidden, they hide no contact
+    void showAll();       ///< no search, no filter
     void tickShownForSMS();
     void tickShownForEmail();
     void untickShownForSMS();
@@ -118,6 +121,7 @@ private:
     WindowHeader *m_header;
     ContactTableView *m_table;
     TablePages *m_pages;
+    FilterBar *m_filters;
     ManyTicks *m_ticks;
     OutcomeLine *m_outcome;
     QPointer<GuideWindow> m_guide;

@@ -3,7 +3,7 @@
 #include <QStyle>
 #include <QWidget>
 
-#include <utility>
+#include <algorithm>
 
 namespace quenoria {
 
@@ -87,11 +87,15 @@ void FlowLayout::placeLine(const Line &line, const QRect &rect) const
     int spare = rect.width() - spacing() * int(line.size() - 1);
     for (const QLayoutItem *item : line)
         spare -= item->sizeHint().width();
+    const auto stretches = [](const QLayoutItem *item) {
+        return bool(item->expandingDirections() & Qt::Horizontal);
+    };
+    const auto widest = std::find_if(line.rbegin(), line.rend(), stretches);
     int x = rect.left();
     for (QLayoutItem *item : line) {
         int width = item->sizeHint().width();
-        if (item->expandingDirections() & Qt::Horizontal)
-            width += std::exchange(spare, 0);
+        if (widest != line.rend() && item == *widest)
+            width += spare;
         const QRect place(x, rect.top(), width, rect.height());
         item->setGeometry(QStyle::visualRect(parentWidget()->layoutDirection(), rect, place));
         x += width + spacing();

@@ -7,8 +7,8 @@
 
 namespace quenoria {
 
-/// Places its items side by side like words, and goes on in a new line where the width ends. An
-/// item that expands takes what its line leaves.
+/// Places its items side by side like words, and goes on in a new line where the width ends. The
+/// last item of a line that expands takes what the line leaves.
 class FlowLayout : public QLayout {
     Q_OBJECT
 

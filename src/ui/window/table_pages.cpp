@@ -1,12 +1,36 @@
 #include "ui/window/table_pages.h"
 
 #include "ui/kit/empty_state.h"
+#include "ui/kit/plain_text.h"
 #include "ui/table/contact_list.h"
 #include "ui/table/contact_table_view.h"
+
+#include <QPushButton>
 
 using namespace Qt::StringLiterals;
 
 namespace quenoria {
+
+namespace {
+
+/// What hides the contacts, and what to do about it.
+QString whatHides(const QString &search, const QStringList &filter)
+{
+    const QString hint =
+        u"Essayez un nom, une ville, un numéro écrit avec ses espaces ou une adresse e-mail."_s;
+    if (filter.isEmpty())
+        return u"Aucun contact ne contient ce texte. "_s + hint;
+    QStringList quoted;
+    for (const QString &each : filter)
+        quoted << u"« %1 »"_s.arg(oneLine(each));
+    const QString filters = filter.size() > 1 ? u"aux filtres "_s : u"au filtre "_s;
+    if (search.isEmpty())
+        return u"Aucun contact ne répond %1%2."_s.arg(filters, quoted.join(u", "_s));
+    return u"Aucun contact qui contient « %1 » ne répond %2%3."_s.arg(oneLine(search), filters,
+                                                                      quoted.join(u", "_s));
+}
+
+} // namespace
 
 TablePages::TablePages(ContactTableView *table, QWidget *parent)
     : QStackedWidget(parent), m_table(table),
@@ -14,18 +38,22 @@ TablePages::TablePages(ContactTableView *table, QWidget *parent)
           u"tablecells.badge.ellipsis"_s, u"Aucun contact pour le moment"_s,
           u"Importez un classeur Excel (Ctrl+I), déposez-le dans cette fenêtre, ou ajoutez un "
           "premier contact (Ctrl+N)."_s)),
-      m_nothingFound(new EmptyState(
-          u"magnifyingglass"_s, u"Aucun contact trouvé"_s,
-          u"Aucun contact ne contient ce texte. Essayez un nom, une ville, un numéro écrit avec "
-          "ses espaces ou une adresse e-mail."_s))
+      m_nothingFound(new EmptyState(u"magnifyingglass"_s, u"Aucun contact trouvé"_s, {}))
 {
+    auto *all = new QPushButton(u"Tout afficher"_s);
+    connect(all, &QPushButton::clicked, this, &TablePages::showAllRequested);
+    m_nothingFound->addButton(all);
+    for (QWidget *empty : {m_noContact, static_cast<QWidget *>(m_nothingFound)})
+        empty->setSizePolicy(QSizePolicy::Expanding,
+                             QSizePolicy::Ignored); // unseen, they take none
     addWidget(m_table);
     addWidget(m_noContact);
     addWidget(m_nothingFound);
 }
 
-void TablePages::follow(const ContactList &contacts)
+void TablePages::follow(const ContactList &contacts, const QStringList &filter)
 {
+    m_nothingFound->setDescription(whatHides(contacts.searchText().trimmed(), filter));
     if (contacts.size() > 0)
         setCurrentWidget(m_table);
     else

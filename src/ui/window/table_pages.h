@@ -6,6 +6,7 @@ namespace quenoria {
 
 class ContactList;
 class ContactTableView;
+class EmptyState;
 
 /// The table, or what to do next while it has nothing to show.
 class TablePages : public QStackedWidget {
@@ -14,12 +15,17 @@ class TablePages : public QStackedWidget {
 public:
     explicit TablePages(ContactTableView *table, QWidget *parent = nullptr);
 
-    void follow(const ContactList &contacts);
+    /// The filter is given in words.
+    void follow(const ContactList &contacts, const QStringList &filter);
+
+Q_SIGNALS:
+    /// Neither filter nor search is to hide any contact.
+    void showAllRequested();
 
 private:
     QWidget *m_table;
     QWidget *m_noContact;
-    QWidget *m_nothingFound;
+    EmptyState *m_nothingFound;
 };
 
 } // namespace quenoria

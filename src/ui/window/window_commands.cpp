@@ -16,6 +16,7 @@
 #include "ui/sheets/test_message_view.h"
 #include "ui/table/contact_table_view.h"
 #include "ui/window/content_view.h"
+#include "ui/window/filter_bar.h"
 #include "ui/window/guide_window.h"
 #include "ui/window/many_ticks.h"
 #include "ui/window/outcome_line.h"
@@ -207,6 +208,22 @@ void ContentView::startSearch()
 }
 
 void ContentView::toggleFullScreen() { setWindowState(windowState() ^ Qt::WindowFullScreen); }
+
+void ContentView::toggleFilters()
+{
+    m_filters->setVisible(m_filters->isHidden());
+    if (m_filters->isHidden())
+        m_model.setFilter({});
+    else
+        m_filters->setFocus(Qt::ShortcutFocusReason);
+}
+
+void ContentView::showAll()
+{
+    m_header->searchField()->clear();
+    m_model.setFilter({});
+    m_table->setFocus();
+}
 
 void ContentView::resetColumnWidths() { m_table->resetColumnWidths(); }
 

@@ -84,14 +84,15 @@ QLayout *makeCommandRow(const CommandActions &actions)
 
 WindowHeader::WindowHeader(const CommandActions &actions, QWidget *parent)
     : QWidget(parent), m_counts(makeLine({}, TextStyle::headline)),
-      m_quota(makeLine({}, TextStyle::footnote)), m_search(new QLineEdit)
+      m_quota(makeLine({}, TextStyle::footnote)), m_search(new QLineEdit),
+      m_searchRow(makeSwitchRow(actions))
 {
     auto *rows = new QVBoxLayout(this);
     rows->setContentsMargins(margin, outerGap, margin, outerGap);
     rows->setSpacing(rowGap);
     rows->addWidget(makeTitleLine(actions));
     rows->addLayout(makeCommandRow(actions));
-    rows->addLayout(makeSwitchRow(actions));
+    rows->addLayout(m_searchRow);
 }
 
 QWidget *WindowHeader::makeTitleLine(const CommandActions &actions)
@@ -119,7 +120,7 @@ QWidget *WindowHeader::makeTitleLine(const CommandActions &actions)
     return line;
 }
 
-QLayout *WindowHeader::makeSwitchRow(const CommandActions &actions)
+FlowLayout *WindowHeader::makeSwitchRow(const CommandActions &actions)
 {
     auto *row = new FlowLayout(switchGap);
     for (QAction *entry : actions.switches())
@@ -133,6 +134,8 @@ QLayout *WindowHeader::makeSwitchRow(const CommandActions &actions)
     row->addWidget(m_search);
     return row;
 }
+
+void WindowHeader::addFilters(QWidget *filters) { m_searchRow->addWidget(filters); }
 
 void WindowHeader::furnishSearch()
 {

@@ -11,6 +11,7 @@ namespace quenoria {
 
 class ActionButton;
 class CommandActions;
+class FlowLayout;
 class TextLabel;
 
 /// The header of the window: a line of name and counts, a line of commands and queues, and the
@@ -23,17 +24,19 @@ public:
     explicit WindowHeader(const CommandActions &actions, QWidget *parent = nullptr);
 
     QLineEdit *searchField() const { return m_search; }
+    void addFilters(QWidget *filters); ///< beside the search
     void showTexts(const HeaderTexts &texts);
 
 private:
     QWidget *makeTitleLine(const CommandActions &actions);
-    QLayout *makeSwitchRow(const CommandActions &actions);
+    FlowLayout *makeSwitchRow(const CommandActions &actions);
     void furnishSearch();
 
     ActionButton *m_stopReplies = nullptr;
     TextLabel *m_counts;
     TextLabel *m_quota;
     QLineEdit *m_search;
+    FlowLayout *m_searchRow;
 };
 
 } // namespace quenoria

@@ -51,6 +51,53 @@ INSTANTIATE_TEST_SUITE_P(
             .toStdString();
     });
 
+struct Filtering {
+    const char *name;
+    ContactFilter filter;
+    const char16_t *typed;
+    const char16_t *left;
+};
+
+class Filters : public TableTest, public testing::WithParamInterface<Filtering> {};
+
+TEST_P(Filters, LeaveWhatIsAskedForAndFound)
+{
+    const QString file = desktop.folders.root.filePath(u"là.pdf"_s);
+    ASSERT_TRUE(QFile(file).open(QIODevice::WriteOnly));
+    store().setAttachment(file, chloe());
+    store().setAttachment(u"/nulle part.pdf"_s, alix());
+    store().recordSentNow(alix());
+    store().recordEmailSent(contact(u"email:dora@example.fr"), desktop.clock.now() - 48h);
+    store().setStopped(true, chloe());
+    ContactFilter filter = GetParam().filter;
+    if (filter.contactedSince)
+        filter.contactedSince = desktop.clock.now() - 24h;
+    model().setFilter(filter);
+    model().setSearchText(QString::fromUtf16(GetParam().typed));
+    EXPECT_EQ(shown(), QString::fromUtf16(GetParam().left));
+    store().setStopped(true, alix());
+    EXPECT_EQ(shown(), QString::fromUtf16(GetParam().left)) << "no row leaves under the hand";
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Table, Filters,
+    testing::Values(
+        Filtering{"neverContacted", {.traits = 1}, u"", u"BRUNO, CHLOÉ, CLIENT 10, CLIENT 2"},
+        Filtering{"stopped", {.traits = 2}, u"", u"CHLOÉ"},
+        Filtering{"fileMissing", {.traits = 4}, u"", u"ALIX"},
+        Filtering{"noMobile", {.traits = 8}, u"", u"BRUNO, dora"},
+        Filtering{"noAddress", {.traits = 16}, u"client", u"CLIENT 10, CLIENT 2"},
+        Filtering{"neither", {.traits = 24}, u"", u"BRUNO"},
+        Filtering{
+            "oneOfTheDepartments", {.departments = {u"29"_s, u"56"_s}}, u"", u"ALIX, CHLOÉ, dora"},
+        Filtering{"noTrade",
+                  {.professions = {QString()}},
+                  u"",
+                  u"BRUNO, CHLOÉ, CLIENT 10, CLIENT 2, dora"},
+        Filtering{"trade", {.professions = {u"Fleuriste"_s}}, u"", u"ALIX"},
+        Filtering{"since", {.contactedSince = Instant()}, u"", u"ALIX"}),
+    [](const auto &row) { return row.param.name; });
+
 struct Sorting {
     const char *name;
     SortColumn column;

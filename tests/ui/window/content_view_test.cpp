@@ -249,7 +249,18 @@ TEST_F(Window, AnEmptyTableSaysWhatToDo)
 {
     search(u"zzz"_s);
     EXPECT_TRUE(shows(u"Aucun contact trouvé"_s));
-    search({});
+    press(u"Filtrer"_s);
+    press(u"Sans mobile"_s);
+    EXPECT_TRUE(shows(u"0 sur 3"_s));
+    EXPECT_TRUE(
+        shows(u"Aucun contact qui contient « zzz » ne répond au filtre « Sans mobile »."_s));
+    press(u"Tout afficher"_s);
+    EXPECT_EQ(model().rowCount(), 3);
+    EXPECT_TRUE(window().findChild<QLineEdit *>()->text().isEmpty());
+    press(u"Sans mobile"_s);
+    EXPECT_EQ(model().rowCount(), 1);
+    press(u"Filtrer"_s);
+    EXPECT_EQ(model().rowCount(), 3) << "no filter works unseen";
     EXPECT_TRUE(table().isVisible());
     store().deleteProspects({alix().id, chloe().id, QString()});
     settle();
