@@ -105,6 +105,11 @@ public:
         figure("one letter, ms", fastest([this](int run) { type(run % 2 ? u"ga"_s : u"g"_s); }),
                frame);
         figure("search emptied, ms", milliseconds([this] { type({}); }));
+        m_model->setFilter({.departments = {u"29"_s, u"22"_s, u"35"_s}});
+        figure("one letter with a filter, ms",
+               fastest([this](int run) { type(run % 2 ? u"ga"_s : u"g"_s); }), frame);
+        type({});
+        m_model->setFilter({});
     }
 
     void sort()

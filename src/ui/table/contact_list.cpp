@@ -53,9 +53,12 @@ void ContactList::setSearchText(const QString &text)
 void ContactList::setFilter(const ContactFilter &filter)
 {
     m_filter = filter;
+    filterAnew();
     settle();
     find();
 }
+
+void ContactList::filterAnew() { m_accepted.assign(m_entries.size(), Accepted::unknown); }
 
 void ContactList::sort(SortColumn column, Qt::SortOrder order)
 {
@@ -84,6 +87,7 @@ void ContactList::rebuild()
         m_entriesById.insert(contact.id, std::uint32_t(m_entries.size()));
         tally(m_entries.emplace_back(fresh(contact)), 1);
     }
+    filterAnew();
     if (keepOrder(idsBefore)) {
         m_isDisplaced = true;
         return;
@@ -137,6 +141,7 @@ void ContactList::take(std::uint32_t entry)
     tally(kept, -1);
     kept = fresh(Prospect(isThere ? all[entry] : kept.contact));
     m_texts.forget(entry);
+    m_accepted[entry] = Accepted::unknown;
     tally(kept, 1);
     m_displaced.insert(entry);
 }
@@ -202,11 +207,20 @@ const QCollatorSortKey &ContactList::labelKey(const Entry &entry)
     return *entry.label;
 }
 
+bool ContactList::isAccepted(std::size_t entry) const
+{
+    Accepted &known = m_accepted[entry];
+    if (known == Accepted::unknown) {
+        const Entry &asked = m_entries[entry];
+        const bool accepts = m_filter.accepts({m_store, m_state, asked.contact}, asked.filteredBy);
+        known = accepts ? Accepted::yes : Accepted::no;
+    }
+    return known == Accepted::yes;
+}
+
 bool ContactList::matches(std::size_t entry) const
 {
-    const Entry &candidate = m_entries[entry];
-    if (!m_filter.isEmpty() &&
-        !m_filter.accepts({m_store, m_state, candidate.contact}, candidate.filteredBy))
+    if (!isAccepted(entry))
         return false;
     if (!m_needle)
         return true;

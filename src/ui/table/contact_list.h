@@ -39,6 +39,7 @@ public:
     const QString &searchText() const { return m_searchText; }
     void setFilter(const ContactFilter &filter);
     const ContactFilter &filter() const { return m_filter; }
+    void filterAnew(); ///< at the next search or sort: files came or went
 
     /// How many of all contacts have each value; absent ones count as empty.
     template <typename Text>
@@ -83,6 +84,7 @@ private:
     static const QCollatorSortKey &labelKey(const Entry &entry);
     void readTexts(std::size_t entry) const;
     bool precedes(std::uint32_t a, std::uint32_t b) const;
+    bool isAccepted(std::size_t entry) const;
     bool matches(std::size_t entry) const;
     static std::size_t placeOf(const Order &order, std::uint32_t entry);
     bool keepOrder(const std::vector<QString> &idsBefore);
@@ -101,7 +103,9 @@ private:
     QString m_searchText;
     std::optional<std::string> m_needle; ///< folded; none when nothing is looked for
     ContactFilter m_filter;
-    mutable SearchTexts m_texts; ///< read once a search looks for them
+    enum class Accepted : char { unknown, no, yes };
+    mutable std::vector<Accepted> m_accepted; ///< by the filter, asked once of each entry
+    mutable SearchTexts m_texts;              ///< read once a search looks for them
     SortColumn m_sortColumn = SortColumn::name;
     Qt::SortOrder m_sortOrder = Qt::AscendingOrder;
     int m_smsSent = 0;

@@ -285,6 +285,7 @@ void ContactTableModel::tickAll(bool ticked)
 void ContactTableModel::lookForAttachments()
 {
     m_state.attachmentsFound.clear();
+    m_list.filterAnew();
     if (m_list.size() == 0)
         return;
     for (const int column : columnsThat(&ContactColumn::followsDisk))
