@@ -18,7 +18,7 @@ namespace quenoria {
 [[nodiscard]] ExportTable sendTable(const ProspectStore &store, QDate first, QDate last,
                                     const QTimeZone &zone);
 
-/// Everybody who wants no more messages.
+/// Everybody who wants no more messages, those included who are no contacts.
 [[nodiscard]] ExportTable stopTable(const ProspectStore &store, const QTimeZone &zone);
 
 } // namespace quenoria

@@ -8,6 +8,8 @@ namespace quenoria {
 
 namespace {
 
+const QString emailPrefix = u"email:"_s;
+
 const std::vector<ExportColumn> stopColumns{
     {u"Téléphone", 18}, {u"Adresse", 34}, {u"Nom", 36}, {u"Lieu", 24}, {u"Département", 24},
 };
@@ -24,6 +26,11 @@ ExportTable stopTable(const ProspectStore &store, const QTimeZone &zone)
         rows->push_back(
             {shownPhone(contact), contact.email.value_or(QString()), name, town,
              departmentCell(contact.department, store.departmentName(contact.department))});
+    }
+    for (const QString &key : store.doNotContact().keys()) {
+        const bool isAddress = key.startsWith(emailPrefix);
+        rows->push_back({isAddress ? QString() : formatPhone(key),
+                         isAddress ? key.sliced(emailPrefix.size()) : QString()});
     }
     return {
         .name = u"Liste STOP"_s,

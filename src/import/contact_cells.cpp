@@ -32,12 +32,18 @@ std::string national(std::string digits)
     return digits;
 }
 
-/// The digits of a mobile that stands among other text.
-std::string mobileDigitsWithin(std::string_view cell)
+const QRegularExpression &mobilePattern()
 {
     static const QRegularExpression pattern(
         uR"((?:(?:\+|00)33[ .-]?[67]|0[67])(?:[ .-]?\d{2}){4})"_s);
-    const auto match = pattern.match(QString::fromUtf8(cell.data(), qsizetype(cell.size())));
+    return pattern;
+}
+
+/// The digits of a mobile that stands among other text.
+std::string mobileDigitsWithin(std::string_view cell)
+{
+    const auto match =
+        mobilePattern().match(QString::fromUtf8(cell.data(), qsizetype(cell.size())));
     return national(digitsOf(match.captured().toStdString()));
 }
 
@@ -116,6 +122,25 @@ std::optional<QString> mobileIn(std::string_view cell)
     if (mobile.size() != mobileLength || !(mobile.starts_with("06") || mobile.starts_with("07")))
         return std::nullopt;
     return QString::fromLatin1(mobile.data(), qsizetype(mobile.size()));
+}
+
+std::vector<QString> mobilesWithin(std::string_view cell)
+{
+    std::vector<QString> mobiles;
+    auto matches =
+        mobilePattern().globalMatch(QString::fromUtf8(cell.data(), qsizetype(cell.size())));
+    while (matches.hasNext())
+        mobiles.push_back(
+            QString::fromStdString(national(digitsOf(matches.next().captured().toStdString()))));
+    return mobiles;
+}
+
+std::optional<QString> numberIn(std::string_view cell)
+{
+    const std::string digits = national(digitsOf(cell));
+    if (digits.size() < mobileLength)
+        return std::nullopt;
+    return QString::fromStdString(digits);
 }
 
 std::optional<QString> emailIn(std::string_view cell)

@@ -51,6 +51,27 @@ IdSet ProspectStore::duplicateKeys() const
     return keys;
 }
 
+/// Contacts whom the workbook brings, or gives an address, that must not be contacted.
+IdSet ProspectStore::listedAsStopped(const ProspectImportAnalysis &analysis,
+                                     const QHash<QString, QString> &knownIds) const
+{
+    IdSet ids;
+    if (m_doNotContact.keys().empty())
+        return ids;
+    const auto isListed = [this](const QString &address) {
+        return m_doNotContact.contains(u"email:"_s + address);
+    };
+    for (const Prospect &contact : analysis.prospects) {
+        if (m_doNotContact.contains(contact.id) || isListed(contact.email.value_or(QString())))
+            ids.insert(contact.id);
+    }
+    for (const auto &[key, address] : analysis.emailUpdates) {
+        if (isListed(address))
+            ids.insert(knownIds.value(key, key));
+    }
+    return ids;
+}
+
 ImportReport ProspectStore::importProspects(const QString &workbookPath)
 {
     return merge(ProspectExcelImporter::analyze(workbookPath, duplicateKeys()));
@@ -66,6 +87,9 @@ ImportReport ProspectStore::merge(ProspectImportAnalysis analysis)
     // Keys of the contacts known before: the new ones have their key as id.
     const auto knownIds =
         analysis.emailUpdates.empty() ? QHash<QString, QString>() : idsByKey(allProspects());
+    // Before the contacts are there: a cut between the two files must not leave them unmarked.
+    if (const int marked = stopAll(listedAsStopped(analysis, knownIds)); marked > 0)
+        report.message += u"\n%1 contact(s) marqué(s) STOP, à ne pas contacter."_s.arg(marked);
     if (!analysis.prospects.empty()) {
         m_customProspects.append(std::move(analysis.prospects));
         publish(Collection::customProspects);

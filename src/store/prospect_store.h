@@ -5,6 +5,7 @@
 #include "platform/platform.h"
 #include "store/change.h"
 #include "store/collection.h"
+#include "store/do_not_contact.h"
 #include "store/many_contacts.h"
 #include "store/send_outcome.h"
 
@@ -106,11 +107,16 @@ public:
     void recordSMSRecipientUsage(const Prospect &prospect, Instant date); ///< in that month's quota
     void setDate(Instant date, const Prospect &prospect);
     void setStopped(bool stopped, const Prospect &prospect);
+    int stopAll(const IdSet &ids); ///< in one write; how many were not stopped before
     void setComment(const QString &comment, const Prospect &prospect);
     void setEmailSent(bool sent, const Prospect &prospect);
     void recordEmailSentNow(const Prospect &prospect);
     void recordEmailSent(const Prospect &prospect, Instant date);
     std::optional<Instant> lastContact(const Prospect &prospect) const; ///< newest of both channels
+
+    // Numbers and addresses that are no contacts and must not become such that get messages.
+    const DoNotContact &doNotContact() const { return m_doNotContact; }
+    [[nodiscard]] Refusal addToDoNotContact(const IdSet &keys) { return m_doNotContact.add(keys); }
 
     // The two selections, in memory only: contacts ticked for the next run.
     bool isSelectedForSending(const Prospect &prospect) const;
@@ -250,7 +256,11 @@ private:
                                                             std::optional<QUrl> attachment);
     std::optional<QString> defaultMailApplicationBundleIdentifier() const;
 
+    IdSet listedAsStopped(const ProspectImportAnalysis &analysis,
+                          const QHash<QString, QString> &knownIds) const;
+
     Platform m_platform;
+    DoNotContact m_doNotContact;
 
     Dictionary<SendStatus> m_statuses;
     Sequence<Prospect> m_customProspects;

@@ -39,9 +39,10 @@ std::optional<DecodedFile> decodeFile(const CollectionDescriptor &row, const QSt
 } // namespace
 
 ProspectStore::ProspectStore(const Platform &platform, QObject *parent)
-    : QObject(parent), m_platform(platform), m_testNumber(defaultTestNumber()),
-      m_prospects(loadProspects(platform.resources))
+    : QObject(parent), m_platform(platform), m_doNotContact(platform),
+      m_testNumber(defaultTestNumber()), m_prospects(loadProspects(platform.resources))
 {
+    m_filesSetAside = m_doNotContact.filesSetAside();
     m_gathered.emplace(); // what differs from its file
     loadFiles();
     m_testNumber = m_platform.preferences.text(testNumberKey).value_or(m_testNumber);

@@ -48,6 +48,7 @@ public:
     void addContact();
     void importExcelFile();
     void exportData();
+    void applyStopList();
     void showImportHelp();
     void showGuide();
     void openDataFolder();

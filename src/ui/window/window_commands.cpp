@@ -11,6 +11,7 @@
 #include "ui/sheets/export_view.h"
 #include "ui/sheets/new_message_view.h"
 #include "ui/sheets/send_history_view.h"
+#include "ui/sheets/stop_list_view.h"
 #include "ui/sheets/stop_replies_view.h"
 #include "ui/sheets/template_manager_view.h"
 #include "ui/sheets/test_message_view.h"
@@ -115,6 +116,17 @@ void ContentView::exportData()
     for (int row = 0; row < m_model.contacts().size(); ++row)
         shown.push_back(m_model.contacts().at(row));
     present<ExportView>(m_platform, m_store, std::move(shown));
+}
+
+void ContentView::applyStopList()
+{
+    const auto path = m_platform.panels.chooseFile(
+        {u"Appliquer une liste STOP"_s,
+         u"Choisissez un fichier .csv, .xlsx ou .txt avec des numéros ou des adresses e-mail."_s,
+         u"Lire"_s,
+         {}});
+    if (path)
+        present<StopListView>(m_store, *path);
 }
 
 void ContentView::openSMSQueue()
