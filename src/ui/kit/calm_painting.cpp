@@ -117,19 +117,44 @@ void drawButtonLabel(QPainter *painter, const QStyleOptionButton *button, const 
     painter->drawText(rect, flags, button->text);
 }
 
+namespace {
+
+/// The ground of what can be chosen, in the accent once it is.
+void drawChoice(QPainter *painter, const QStyleOption *option, bool chosen, qreal radius)
+{
+    const QPalette &palette = option->palette;
+    const QColor fill = palette.color(chosen ? QPalette::Highlight : QPalette::Base);
+    QPen border(palette.color(chosen ? QPalette::Highlight : QPalette::Dark), 1);
+    if (hasKeyboardFocus(option->state))
+        border = QPen(palette.color(chosen ? QPalette::WindowText : QPalette::Highlight), 2);
+    drawRounded(painter, option->rect, shaded(fill, option->state), border, radius);
+}
+
+} // namespace
+
+void drawRadioButton(QPainter *painter, const QStyleOption *option)
+{
+    constexpr qreal dot = 0.22; ///< radius, of the width
+    const QRectF circle = option->rect;
+    const bool chosen = option->state & QStyle::State_On;
+    drawChoice(painter, option, chosen, circle.width() / 2);
+    if (!chosen)
+        return;
+    painter->setPen(Qt::NoPen);
+    painter->setBrush(option->palette.color(QPalette::HighlightedText));
+    painter->setRenderHint(QPainter::Antialiasing);
+    painter->drawEllipse(circle.center(), dot * circle.width(), dot * circle.width());
+}
+
 void drawCheckBox(QPainter *painter, const QStyleOption *option)
 {
     const bool partly = option->state & QStyle::State_NoChange;
     const bool checked = partly || option->state & QStyle::State_On;
-    const QPalette &palette = option->palette;
-    const QColor fill = palette.color(checked ? QPalette::Highlight : QPalette::Base);
-    QPen border(palette.color(checked ? QPalette::Highlight : QPalette::Dark), 1);
-    if (hasKeyboardFocus(option->state))
-        border = QPen(palette.color(checked ? QPalette::WindowText : QPalette::Highlight), 2);
-    const QRectF box = option->rect;
-    drawRounded(painter, box, shaded(fill, option->state), border, checkRadius);
+    drawChoice(painter, option, checked, checkRadius);
     if (!checked)
         return;
+    const QPalette &palette = option->palette;
+    const QRectF box = option->rect;
     const auto at = [&box](qreal x, qreal y) {
         return box.topLeft() + QPointF(x * box.width(), y * box.height());
     };

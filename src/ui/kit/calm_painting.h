@@ -23,6 +23,7 @@ void drawButtonPanel(QPainter *painter, const QStyleOption *option, const QWidge
 void drawButtonLabel(QPainter *painter, const QStyleOptionButton *button, const QWidget *widget);
 
 void drawCheckBox(QPainter *painter, const QStyleOption *option);
+void drawRadioButton(QPainter *painter, const QStyleOption *option);
 
 enum class Pointing { up, down };
 void drawChevron(QPainter *painter, const QRect &rect, const QColor &color, Pointing pointing);

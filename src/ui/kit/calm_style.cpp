@@ -7,6 +7,7 @@
 #include <QLabel>
 #include <QPainter>
 #include <QPushButton>
+#include <QRadioButton>
 #include <QStyleOption>
 
 using namespace Qt::StringLiterals;
@@ -79,6 +80,8 @@ int CalmStyle::pixelMetric(PixelMetric metric, const QStyleOption *option,
         return 2; // a rounded corner still hides the square one of what it frames
     case PM_IndicatorWidth:
     case PM_IndicatorHeight:
+    case PM_ExclusiveIndicatorWidth:
+    case PM_ExclusiveIndicatorHeight:
         return 18;
     case PM_ButtonShiftHorizontal:
     case PM_ButtonShiftVertical:
@@ -88,6 +91,7 @@ int CalmStyle::pixelMetric(PixelMetric metric, const QStyleOption *option,
     case PM_ScrollBarExtent:
         return 12;
     case PM_CheckBoxLabelSpacing:
+    case PM_RadioButtonLabelSpacing:
     case PM_HeaderMargin:
         return rowPadding;
     case PM_FocusFrameHMargin:
@@ -173,12 +177,15 @@ void CalmStyle::drawPrimitive(PrimitiveElement element, const QStyleOption *opti
         return drawField(painter, option, QPalette::Base);
     case PE_IndicatorCheckBox:
         return drawCheckBox(painter, option);
+    case PE_IndicatorRadioButton:
+        return drawRadioButton(painter, option);
     case PE_FrameDefaultButton: // said by the accent
     case PE_FrameLineEdit:      // drawn with the panel
         return;
     case PE_FrameFocusRect:
-        if (qobject_cast<const QPushButton *>(widget) || qobject_cast<const QCheckBox *>(widget))
-            return; // drawn with the panel or the box
+        if (qobject_cast<const QPushButton *>(widget) || qobject_cast<const QCheckBox *>(widget) ||
+            qobject_cast<const QRadioButton *>(widget))
+            return; // drawn with the panel, the box or the circle
         break;
     default:
         break;
