@@ -1,6 +1,7 @@
 #include "export/export_file.h"
 
 #include "export/csv_export.h"
+#include "export/sheet_writer.h"
 #include "export/workbook_export.h"
 #include "import/import_error.h"
 
@@ -20,6 +21,8 @@ ExportOutcome writeExport(const ExportTable &table, const ExportTarget &target, 
             outcome.failure = writeWorkbook(table, target.path, files, watch, outcome.cutTexts);
     } catch (const ImportAbandoned &) {
         outcome.stopped = true;
+    } catch (const DraftLost &lost) {
+        outcome.failure = lost.reason;
     } catch (const std::bad_alloc &) {
         outcome.failure = u"la mémoire disponible ne suffit pas."_s;
     }

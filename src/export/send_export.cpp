@@ -31,6 +31,26 @@ struct Sends {
     std::vector<Send> sends;
 };
 
+/// Up to its end, which is no part of it.
+struct Period {
+    Instant from, end;
+};
+
+Instant startOf(QDate day, const QTimeZone &zone)
+{
+    return Instant(std::chrono::milliseconds(day.startOfDay(zone).toMSecsSinceEpoch()));
+}
+
+/// Those of the contact that comes next in the list.
+void takeSends(Sends &all, Channel channel, const std::vector<Instant> &history,
+               const Period &period)
+{
+    for (const Instant instant : history) {
+        if (instant >= period.from && instant < period.end)
+            all.sends.push_back({instant, channel, all.contacts.size()});
+    }
+}
+
 void fillRow(const Sends &all, const Send &send, std::vector<ExportCell> &cells)
 {
     const Prospect &contact = all.contacts[send.contact];
@@ -49,22 +69,12 @@ void fillRow(const Sends &all, const Send &send, std::vector<ExportCell> &cells)
 
 ExportTable sendTable(const ProspectStore &store, QDate first, QDate last, const QTimeZone &zone)
 {
-    const auto startOf = [&zone](QDate day) {
-        return Instant(std::chrono::milliseconds(day.startOfDay(zone).toMSecsSinceEpoch()));
-    };
-    const Instant from = startOf(first);
-    const Instant end = startOf(last.addDays(1));
     const auto all = std::make_shared<Sends>();
+    const Period period{startOf(first, zone), startOf(last.addDays(1), zone)};
     for (const Prospect &contact : store.allProspects()) {
         const std::size_t before = all->sends.size();
-        const auto take = [&](Channel channel, const std::vector<Instant> &history) {
-            for (const Instant instant : history) {
-                if (instant >= from && instant < end)
-                    all->sends.push_back({instant, channel, all->contacts.size()});
-            }
-        };
-        take(Channel::sms, store.sendHistory(contact));
-        take(Channel::email, store.emailHistory(contact));
+        takeSends(*all, Channel::sms, store.sendHistory(contact), period);
+        takeSends(*all, Channel::email, store.emailHistory(contact), period);
         if (all->sends.size() == before)
             continue;
         all->contacts.push_back(contact);

@@ -108,6 +108,10 @@ void SheetWriter::beginSheet()
     const std::size_t number = m_sheetBytes.size();
     const QString name = number == 1 ? m_table.name : u"%1 (%2)"_s.arg(m_table.name).arg(number);
     m_sheet = workbook_add_worksheet(m_workbook, name.toUtf8().constData());
+    if (!m_sheet) { // it needs a file that waits for its rows
+        lxw_workbook_free(std::exchange(m_workbook, nullptr));
+        throw DraftLost{qt_error_string(errno != 0 ? errno : EIO)};
+    }
     m_row = 0;
     for (std::size_t each = 0; each < m_table.columns.size(); ++each) {
         const ExportColumn &column = m_table.columns[each];

@@ -11,11 +11,17 @@ struct lxw_worksheet;
 
 namespace quenoria {
 
+/// The draft of a workbook can be neither written nor read any more.
+struct DraftLost {
+    QString reason;
+};
+
 /// A text as a cell of a workbook may hold it: line breaks as line feeds, and without the few
 /// characters that XML has no form for.
 [[nodiscard]] std::string sheetText(const QString &text, bool &wasCut);
 
-/// Writes rows to a workbook one after the other, on as many sheets as they need.
+/// Writes rows to a workbook one after the other, on as many sheets as they need. Throws DraftLost
+/// where it cannot even begin a sheet.
 class SheetWriter {
 public:
     /// The path is of a new file, in a folder for this writer alone.

@@ -17,9 +17,6 @@ constexpr double writtenShare = 0.6; ///< of the time, before the library packs 
 constexpr std::size_t rowsBetweenLooks = 512;
 constexpr qint64 pieceSize = 256L * 1024;
 
-/// The workbook that was made cannot be read any more.
-struct DraftLost {};
-
 void tell(const ImportWatch &watch, double share)
 {
     if (watch.stop.stop_requested())
@@ -33,18 +30,14 @@ Refusal copyTo(const QString &path, const QString &source, FileWriter &files)
     QFile workbook(source);
     if (!workbook.open(QIODevice::ReadOnly | QIODevice::Unbuffered))
         return workbook.errorString();
-    try {
-        return files.writePieces(path, [&workbook](const TakePiece &take) {
-            QByteArray piece(pieceSize, Qt::Uninitialized);
-            qint64 size = workbook.read(piece.data(), pieceSize);
-            for (; size > 0; size = workbook.read(piece.data(), pieceSize))
-                take({piece.constData(), std::size_t(size)});
-            if (size < 0)
-                throw DraftLost();
-        });
-    } catch (const DraftLost &) {
-        return workbook.errorString();
-    }
+    return files.writePieces(path, [&workbook](const TakePiece &take) {
+        QByteArray piece(pieceSize, Qt::Uninitialized);
+        qint64 size = workbook.read(piece.data(), pieceSize);
+        for (; size > 0; size = workbook.read(piece.data(), pieceSize))
+            take({piece.constData(), std::size_t(size)});
+        if (size < 0)
+            throw DraftLost{workbook.errorString()};
+    });
 }
 
 } // namespace
@@ -66,7 +59,7 @@ Refusal writeWorkbook(const ExportTable &table, const QString &path, FileWriter 
     }
     cutTexts = writer.cutTexts();
     tell(watch, writtenShare);
-    if (const Refusal refusal = writer.close())
+    if (Refusal refusal = writer.close())
         return refusal;
     tell(watch, 1);
     return copyTo(path, draft, files);

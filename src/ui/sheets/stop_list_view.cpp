@@ -97,7 +97,7 @@ void StopListView::addParts(const QString &path)
 std::shared_ptr<StopListView::Reading> StopListView::read(const QString &path,
                                                           const std::stop_token &stop)
 {
-    const auto reading = std::make_shared<Reading>();
+    auto reading = std::make_shared<Reading>();
     try {
         reading->list = readStopList(path, {stop, {}});
     } catch (const ImportFailure &failure) {
