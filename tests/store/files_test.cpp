@@ -162,13 +162,4 @@ TEST_F(Files, AFolderThatWasTakenAwayIsNotMadeAnewAndLosesNothing)
     EXPECT_TRUE(desktop.file(u"suivi-envois.json"_s).contains("gardé"));
 }
 
-TEST_F(Files, StartUpSurvivesAFolderThatCannotBeCreated)
-{
-    ASSERT_TRUE(QDir().mkpath(QFileInfo(desktop.folders.data()).path()));
-    QFile inTheWay(desktop.folders.data());
-    ASSERT_TRUE(inTheWay.open(QIODevice::WriteOnly));
-    EXPECT_TRUE(store().isReady());
-    EXPECT_EQ(desktop.log.lines.size(), 12);
-}
-
 } // namespace

@@ -110,13 +110,4 @@ TEST_F(StartUp, MergedListAppliesOverridesAndDeletions)
     EXPECT_EQ(array(u"departements.json"_s).last().toObject().value(u"code"_s), u"974"_s);
 }
 
-TEST_F(StartUp, TestNumberLivesInThePreferences)
-{
-    EXPECT_EQ(store().testNumber(), u"06 39 98 00 00"_s);
-    EXPECT_TRUE(desktop.preferences.texts.empty());
-    store().setTestNumber(u"06 39 98 00 77"_s);
-    restart();
-    EXPECT_EQ(store().testNumber(), u"06 39 98 00 77"_s);
-}
-
 } // namespace

@@ -31,14 +31,6 @@ TEST_F(Templates, ADeletedTemplateGivesItsContactsTheDefault)
     EXPECT_TRUE(object(u"associations-messages.json"_s).isEmpty());
 }
 
-TEST_F(Templates, AStaleAssignmentReadsAsTheDefault)
-{
-    desktop.writeFile(u"associations-messages.json"_s, R"({"0639980010":"disparu"})");
-    desktop.writeFile(u"associations-mails.json"_s, R"({"0639980010":"disparu"})");
-    EXPECT_EQ(store().assignedMessage(alix()), defaultMessage());
-    EXPECT_EQ(store().assignedEmailTemplate(alix()), defaultEmailTemplate());
-}
-
 TEST_F(Templates, EmailTemplatesLiveLikeMessages)
 {
     const QString id = store().createEmailTemplate(u"T"_s, u"O"_s, u"C"_s);

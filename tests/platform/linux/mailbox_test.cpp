@@ -1,7 +1,6 @@
 #include "platform/linux/linux_mailbox.h"
 #include "platform/linux/mail_carrier.h"
 #include "platform/linux/sent_folder.h"
-#include "platform/mail_providers.h"
 #include "support/fake_desktop.h"
 
 #include <QCryptographicHash>
@@ -349,18 +348,6 @@ TEST_F(OwnMailbox, KeepsThePasswordInTheKeyringAndForItsServerOnly)
     EXPECT_EQ(settings.account(), account);
     for (const auto &[key, value] : preferences.texts)
         EXPECT_FALSE(value.contains(password)) << key.toStdString();
-}
-
-TEST_F(OwnMailbox, ProposesWhatLargeProvidersPublish)
-{
-    const auto free = providerSettings(u" Alix@Free.fr "_s);
-    ASSERT_TRUE(free);
-    EXPECT_EQ(free->user, u"Alix"_s);
-    EXPECT_EQ(free->senderAddress, u"Alix@Free.fr"_s);
-    EXPECT_EQ(free->security, SmtpSecurity::implicitTls);
-    EXPECT_EQ(providerSettings(u"alix@notfree.fr"_s), std::nullopt);
-    EXPECT_EQ(providerSettings(u"free.fr"_s), std::nullopt);
-    EXPECT_TRUE(passwordAdvice(u"alix@gmail.com"_s).contains(u"mot de passe d’application"_s));
 }
 
 } // namespace

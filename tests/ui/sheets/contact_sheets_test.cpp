@@ -85,19 +85,6 @@ TEST_F(ContactSheets, ADepartmentCreatedFromTheFormIsSelectedInIt)
     EXPECT_EQ(store().customProspects()[0].department, u"2A"_s);
 }
 
-TEST_F(ContactSheets, ARefusedDepartmentKeepsItsSheetOpen)
-{
-    NewDepartmentView sheet(store(), nullptr);
-    const Probe probe(sheet);
-    QSignalSpy created(&sheet, &NewDepartmentView::created);
-    probe.type(u"Code du département, par exemple 75"_s, u"29"_s);
-    probe.type(u"Nom du département, par exemple Paris"_s, u"Encore"_s);
-    probe.press(u"Créer"_s);
-    EXPECT_EQ(probe.status(), u"Ce département existe déjà."_s);
-    EXPECT_TRUE(sheet.isVisible());
-    EXPECT_EQ(created.count(), 0);
-}
-
 TEST_F(ContactSheets, ADepartmentOutsideTheListIsStillTheOneAdded)
 {
     desktop.writeFile(u"departements.json"_s, R"([{"code":"56","name":"Morbihan"}])");

@@ -1,4 +1,3 @@
-#include "ui/sheets/about_view.h"
 #include "ui/sheets/excel_format_help_view.h"
 #include "ui/sheets/history_rows.h"
 #include "ui/sheets/send_history_view.h"
@@ -96,19 +95,6 @@ TEST_F(Export, AFailureIsShownWithTheSystemsReason)
     desktop.panels.answer = target;
     probe.press(u"Enregistrer le modèle Excel…"_s);
     EXPECT_EQ(probe.statusRole(), tintRole(Tint::positive));
-}
-
-TEST(About, SaysTheVersionAndItsOwnWhereNoneIsKnown)
-{
-    const auto shows = [](const QString &version, const QVariant &build, const QString &line) {
-        QCoreApplication::setApplicationVersion(version);
-        qApp->setProperty(buildNumberProperty, build);
-        AboutView sheet(nullptr);
-        return Probe(sheet).shows(line);
-    };
-    EXPECT_TRUE(shows(u"8.0"_s, u"812"_s, u"Version 8.0 — build 812"_s));
-    EXPECT_TRUE(shows(u"8.0"_s, 812, u"Version 8.0 — build 7290"_s));
-    EXPECT_TRUE(shows({}, {}, u"Version 7.29 — build 7290"_s));
 }
 
 } // namespace

@@ -153,21 +153,6 @@ TEST_F(ManagerSheets, TheMessageSheetCountsCharactersAndSaysEverythingInRed)
     EXPECT_EQ(probe.status(), QString());
 }
 
-TEST_F(ManagerSheets, TheEmailSheetHasASubjectAndSaysSuccessInGreen)
-{
-    EmailMessageManagerView sheet(store(), nullptr);
-    const Probe probe(sheet);
-    EXPECT_FALSE(probe.shows(u"caractères"_s));
-    probe.type(u"Objet de l’e-mail"_s, u" "_s);
-    probe.press(u"Enregistrer le modèle"_s);
-    EXPECT_EQ(probe.statusRole(), tintRole(Tint::negative));
-    probe.type(u"Objet de l’e-mail"_s, u"Nouvel objet"_s);
-    probe.press(u"Enregistrer le modèle"_s);
-    EXPECT_EQ(probe.status(), u"Modèle enregistré."_s);
-    EXPECT_EQ(probe.statusRole(), tintRole(Tint::positive));
-    EXPECT_EQ(store().emailTemplates()[0].subject, u"Nouvel objet"_s);
-}
-
 class TestSheet : public SheetTest {};
 
 TEST_F(TestSheet, PreparesTheChosenTemplateOnTheNumberAndRemembersIt)

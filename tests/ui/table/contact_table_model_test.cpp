@@ -29,31 +29,6 @@ protected:
     }
 };
 
-TEST_F(TableModel, TicksReachTheStore)
-{
-    EXPECT_TRUE(check(alix(), SortColumn::selection, Qt::Checked));
-    EXPECT_TRUE(store().isSelectedForSending(alix()));
-    EXPECT_TRUE(check(alix(), SortColumn::sent, Qt::Checked));
-    EXPECT_TRUE(store().status(alix())->sent);
-    EXPECT_TRUE(check(alix(), SortColumn::emailSelection, Qt::Checked));
-    EXPECT_TRUE(store().isSelectedForEmailSending(alix()));
-    EXPECT_TRUE(check(alix(), SortColumn::emailSent, Qt::Checked));
-    EXPECT_TRUE(store().emailStatus(alix())->sent);
-    EXPECT_TRUE(check(alix(), SortColumn::stopped, Qt::Checked));
-    EXPECT_TRUE(store().isStopped(alix()));
-    EXPECT_TRUE(check(alix(), SortColumn::sent, Qt::Unchecked));
-    EXPECT_FALSE(store().status(alix())->sent);
-}
-
-TEST_F(TableModel, AContactThatCannotBeReachedCannotBeTicked)
-{
-    EXPECT_FALSE(check(chloe(), SortColumn::emailSelection, Qt::Checked));
-    EXPECT_FALSE(at(chloe(), SortColumn::emailSelection).flags() & Qt::ItemIsUserCheckable);
-    EXPECT_TRUE(at(chloe(), SortColumn::selection).flags() & Qt::ItemIsUserCheckable);
-    store().setStopped(true, chloe());
-    EXPECT_FALSE(at(chloe(), SortColumn::selection).flags() & Qt::ItemIsUserCheckable);
-}
-
 TEST_F(TableModel, CellsShowTheContactAndItsRecords)
 {
     EXPECT_EQ(text(alix(), SortColumn::department), u"Finistère (29)"_s);

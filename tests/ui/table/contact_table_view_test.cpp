@@ -137,18 +137,6 @@ TEST_F(TableView, SeveralRowsAreTickedTogetherAndAStrayClickUsesNothing)
     EXPECT_EQ(int(view.selectedContacts().size()), model().rowCount());
 }
 
-TEST_F(TableView, CommentsAreTypedInTheCell)
-{
-    click(at(alix(), SortColumn::comment));
-    auto *editor = view.findChild<QLineEdit *>();
-    ASSERT_NE(editor, nullptr);
-    EXPECT_EQ(editor->placeholderText(), u"Ajouter un commentaire"_s);
-    QTest::keyClicks(editor, u"rappeler"_s);
-    QTest::keyClick(editor, Qt::Key_Return);
-    settle();
-    EXPECT_EQ(at(alix(), SortColumn::comment).data(), u"rappeler"_s);
-}
-
 TEST_F(TableView, WhatIsBeingTypedOutlivesChangesOfTheContactAndOfTheList)
 {
     click(at(alix(), SortColumn::comment));
