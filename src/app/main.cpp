@@ -156,7 +156,7 @@ int main(int argc, char **argv)
     if (const auto answer = missingFonts())
         return print(*answer, std::cerr);
     askForHeldKeys();
-    const DeliberateInput input(application);
+    const DeliberateInput input(application, isKeyDown);
     application.setProperty(buildNumberProperty, QStringLiteral(QUENORIA_BUILD));
     QLocale::setDefault(displayLocale());
     QTranslator translator;

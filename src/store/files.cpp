@@ -55,13 +55,13 @@ void ProspectStore::save(Collection collection)
 void ProspectStore::publish(Collection collection, IdSet ids)
 {
     const CollectionDescriptor &row = descriptor(collection);
-    const Change change = row.change(collection, std::move(ids));
+    const Change change = row.change(collection, ids);
     if (row.shapesList)
         m_mergedIsCurrent = false;
     if (m_gathered) {
         IdSet &gathered = m_gathered->collections[collection];
-        if (const auto *contacts = std::get_if<ContactsChanged>(&change))
-            gathered.insert(contacts->ids.begin(), contacts->ids.end());
+        if (std::holds_alternative<ContactsChanged>(change))
+            gathered.merge(ids);
         return;
     }
     announce(change);

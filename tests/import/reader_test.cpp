@@ -116,7 +116,7 @@ QString contactsOf(const QString &path)
 }
 
 #ifdef __SANITIZE_ADDRESS__
-constexpr int patience = 3; // slower, and freed memory is kept back
+constexpr int patience = 4; // slower, and freed memory is kept back
 #else
 constexpr int patience = 1;
 #endif

@@ -8,6 +8,9 @@
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QTextEdit>
+#include <QWindow>
+
+#include <chrono>
 
 namespace quenoria {
 
@@ -15,6 +18,7 @@ namespace {
 
 /// A release may get lost while windows change; no display waits for so long before it repeats.
 constexpr quint64 longestGap = 1500;
+constexpr std::chrono::milliseconds keyboardInterval{20};
 
 template <typename... Kinds>
 bool isAnyOf(QObject *object)
@@ -48,9 +52,23 @@ bool takesEveryPress(QObject *target)
 
 } // namespace
 
-DeliberateInput::DeliberateInput(QApplication &application)
+DeliberateInput::DeliberateInput(QApplication &application, IsKeyDown isKeyDown)
+    : m_isKeyDown(std::move(isKeyDown))
 {
     application.installEventFilter(this);
+    m_keyboard.setInterval(keyboardInterval);
+    m_keyboard.callOnTimeout(this, &DeliberateInput::forgetReleased);
+    if (m_isKeyDown)
+        connect(&application, &QGuiApplication::focusWindowChanged, &m_keyboard,
+                qOverload<>(&QTimer::start));
+}
+
+void DeliberateInput::forgetReleased()
+{
+    m_down.removeIf(
+        [this](QHash<int, Press>::iterator press) { return !m_isKeyDown(press->code); });
+    if (m_down.isEmpty())
+        m_keyboard.stop();
 }
 
 bool DeliberateInput::eventFilter(QObject *watched, QEvent *event)
@@ -88,7 +106,7 @@ bool DeliberateInput::repeatsShortcut(const QKeyEvent &key)
     const quint64 now = key.timestamp();
     auto press = m_down.find(key.key());
     if (press == m_down.end() || now - press->last > longestGap)
-        press = m_down.insert(key.key(), {now, now});
+        press = m_down.insert(key.key(), {now, now, key.nativeScanCode()});
     press->last = now;
     return key.isAutoRepeat() || press->first != now;
 }

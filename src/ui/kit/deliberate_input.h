@@ -2,6 +2,9 @@
 
 #include <QHash>
 #include <QObject>
+#include <QTimer>
+
+#include <functional>
 
 class QApplication;
 class QKeyEvent;
@@ -16,8 +19,12 @@ namespace quenoria {
 /// repeats.
 class DeliberateInput : public QObject {
 public:
-    /// Watches the application for as long as it lives.
-    explicit DeliberateInput(QApplication &application);
+    /// Whether the key with the display's own code is down right now.
+    using IsKeyDown = std::function<bool(quint32 code)>;
+
+    /// Watches the application for as long as it lives. A window that closes on a press may take
+    /// the release with it: then the keyboard itself is asked, where it can be.
+    explicit DeliberateInput(QApplication &application, IsKeyDown isKeyDown = {});
 
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
@@ -29,9 +36,14 @@ private:
     struct Press {
         quint64 first; ///< milliseconds, as all of them
         quint64 last;
+        quint32 code;  ///< the display's own
         int count = 0; ///< of presses that reached a window
     };
+    void forgetReleased();
+
+    IsKeyDown m_isKeyDown;
     QHash<int, Press> m_down; ///< by key
+    QTimer m_keyboard;        ///< runs after a change of windows, until nothing is down
 };
 
 } // namespace quenoria

@@ -254,7 +254,8 @@ TEST_P(Copies, NeverMakeASentMessageUnsent)
     EXPECT_FALSE(received().isEmpty());
     if (*GetParam().problem != 0)
         return;
-    ASSERT_TRUE(imap.canReadLine() || imap.waitForReadyRead());
+    while (!imap.canReadLine() && imap.waitForReadyRead())
+        continue;
     const QJsonObject kept = QJsonDocument::fromJson(imap.readLine()).object();
     EXPECT_EQ(kept[u"folder"_s], u"Envoy&AOk-s"_s);
     EXPECT_EQ(kept[u"flags"_s], u"\\Seen"_s);

@@ -156,4 +156,28 @@ TEST_F(Hand, TheWheelScrollsThePageAndChangesNoValue)
     EXPECT_EQ(date->dateTime(), before);
 }
 
+TEST(Keyboard, AReleaseThatWentWithAClosedWindowLeavesTheNextAlertItsEnter)
+{
+    for (const bool isDown : {true, false}) {
+        DeliberateInput input(*qApp, [isDown](quint32) { return isDown; });
+        int pressed = 0;
+        for (int alert = 0; alert < 2; ++alert) { // each closes on the press
+            QDialog window;
+            QPushButton ok(u"OK"_s, &window);
+            QObject::connect(&ok, &QPushButton::clicked, [&] { ++pressed; });
+            ok.setDefault(true);
+            window.show();
+            window.activateWindow();
+            QTest::qWait(60);
+            QKeyEvent press(QEvent::KeyPress, Qt::Key_Return, {}, u"\r"_s);
+            QCoreApplication::sendEvent(window.windowHandle(), &press);
+            window.hide();
+            QTest::qWait(60);
+        }
+        EXPECT_EQ(pressed, isDown ? 1 : 2);
+        QKeyEvent release(QEvent::KeyRelease, Qt::Key_Return, {});
+        QCoreApplication::sendEvent(qApp, &release);
+    }
+}
+
 } // namespace
