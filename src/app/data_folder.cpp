@@ -4,6 +4,7 @@
 #include "platform/posix/whole_file_writer.h"
 #include "platform/qt/single_instance.h"
 #include "store/collection.h"
+#include "store/do_not_contact.h"
 #include "store/intent_file.h"
 
 #include <QCoreApplication>
@@ -26,7 +27,7 @@ const QStringList ownFiles{u"*.json"_s, u".quenoria*"_s, u"preferences.ini"_s,
 /// The data files that cannot be read, each with the system's reason.
 QStringList unreadableFiles(const QString &folder)
 {
-    QStringList names{IntentFile::fileName()};
+    QStringList names{IntentFile::fileName(), QString::fromUtf16(DoNotContact::fileName)};
     for (const CollectionDescriptor &each : collections())
         names << QString::fromUtf16(each.fileName);
     QStringList found;

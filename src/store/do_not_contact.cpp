@@ -12,14 +12,16 @@ namespace quenoria {
 
 DoNotContact::DoNotContact(const Platform &platform)
     : m_platform(platform),
-      m_path(QDir(platform.folders.data()).filePath(u"numeros-a-ne-pas-contacter.json"_s))
+      m_path(QDir(platform.folders.data()).filePath(QString::fromUtf16(fileName)))
 {
     QFile source(m_path);
     if (!source.exists())
         return;
-    auto read =
-        source.open(QIODevice::ReadOnly) ? decodeJson<IdSet>(source.readAll()) : std::nullopt;
-    if (read)
+    if (!source.open(QIODevice::ReadOnly)) {
+        m_unreadable = source.errorString();
+        return;
+    }
+    if (auto read = decodeJson<IdSet>(source.readAll()))
         m_keys = std::move(*read);
     else
         m_filesSetAside = setAside(m_platform, m_path);
@@ -27,6 +29,8 @@ DoNotContact::DoNotContact(const Platform &platform)
 
 Refusal DoNotContact::add(const IdSet &keys)
 {
+    if (m_unreadable)
+        return m_unreadable;
     IdSet all = m_keys;
     all.insert(keys.begin(), keys.end());
     if (all == m_keys)
@@ -34,9 +38,7 @@ Refusal DoNotContact::add(const IdSet &keys)
     std::string text;
     appendJson(text, all, 0);
     text += '\n';
-    Refusal refusal = m_platform.files.makeFolder(m_platform.folders.data());
-    if (!refusal)
-        refusal = m_platform.files.write(m_path, {text.data(), qsizetype(text.size())});
+    Refusal refusal = m_platform.files.write(m_path, {text.data(), qsizetype(text.size())});
     if (!refusal)
         m_keys = std::move(all);
     return refusal;

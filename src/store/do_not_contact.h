@@ -13,7 +13,10 @@ namespace quenoria {
 /// address.
 class DoNotContact {
 public:
-    /// A file that cannot be read is renamed aside.
+    static constexpr const char16_t *fileName = u"numeros-a-ne-pas-contacter.json";
+
+    /// A file that cannot be decoded is renamed aside; one that cannot be opened stays as it is,
+    /// and takes nothing.
     explicit DoNotContact(const Platform &platform);
 
     const IdSet &keys() const { return m_keys; }
@@ -28,6 +31,7 @@ private:
     Platform m_platform;
     QString m_path;
     IdSet m_keys;
+    Refusal m_unreadable; ///< why the file was left as it is
     QStringList m_filesSetAside;
 };
 
