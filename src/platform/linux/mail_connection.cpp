@@ -72,6 +72,28 @@ void identify(CURL *handle, const QString &user, const QString &password)
     curl_easy_setopt(handle, CURLOPT_LOGIN_OPTIONS, "AUTH=PLAIN;AUTH=LOGIN");
 }
 
+std::optional<SmtpFault> connectionFault(CURLcode result, const StallWatch &watch)
+{
+    if (watch.hasExpired())
+        return SmtpFault::timedOut;
+    switch (result) {
+    case CURLE_URL_MALFORMAT:
+    case CURLE_COULDNT_RESOLVE_HOST:
+        return SmtpFault::unknownHost;
+    case CURLE_COULDNT_CONNECT:
+        return SmtpFault::unreachable;
+    case CURLE_OPERATION_TIMEDOUT:
+        return SmtpFault::timedOut;
+    case CURLE_PEER_FAILED_VERIFICATION:
+        return SmtpFault::untrusted;
+    case CURLE_USE_SSL_FAILED:
+    case CURLE_SSL_CONNECT_ERROR:
+        return SmtpFault::noEncryption;
+    default:
+        return {};
+    }
+}
+
 std::optional<ServerCertificate> shownCertificate(CURL *handle)
 {
     curl_certinfo *chain = nullptr;

@@ -21,6 +21,9 @@ using MailConnection = std::unique_ptr<CURL, EndConnection>;
 /// Gives the server the password in one of the two ways that every provider offers.
 void identify(CURL *handle, const QString &user, const QString &password);
 
+/// Why the server could not be spoken to, whatever it was to be told; nothing when it could.
+[[nodiscard]] std::optional<SmtpFault> connectionFault(CURLcode result, const StallWatch &watch);
+
 /// The certificate that the server showed, if it came to that.
 [[nodiscard]] std::optional<ServerCertificate> shownCertificate(CURL *handle);
 

@@ -80,26 +80,11 @@ QByteArray address(const MailboxAccount &account, const QByteArray &folder)
 
 SmtpFault faultOf(CURLcode result, const Exchange &exchange)
 {
-    if (exchange.watch.hasExpired())
-        return SmtpFault::timedOut;
-    switch (result) {
-    case CURLE_OK:
+    if (const auto fault = connectionFault(result, exchange.watch))
+        return *fault;
+    if (result == CURLE_OK)
         return SmtpFault::none;
-    case CURLE_URL_MALFORMAT:
-    case CURLE_COULDNT_RESOLVE_HOST:
-        return SmtpFault::unknownHost;
-    case CURLE_COULDNT_CONNECT:
-        return SmtpFault::unreachable;
-    case CURLE_OPERATION_TIMEDOUT:
-        return SmtpFault::timedOut;
-    case CURLE_PEER_FAILED_VERIFICATION:
-        return SmtpFault::untrusted;
-    case CURLE_USE_SSL_FAILED:
-    case CURLE_SSL_CONNECT_ERROR:
-        return SmtpFault::noEncryption;
-    default:
-        return exchange.refusal.isEmpty() ? SmtpFault::lost : SmtpFault::refused;
-    }
+    return exchange.refusal.isEmpty() ? SmtpFault::lost : SmtpFault::refused;
 }
 
 /// What the user reads: of a server that cannot be spoken to the same as when it sends.

@@ -112,28 +112,11 @@ private:
             return SmtpFault::none;
         if (m_reply.code >= firstRefusal)
             return SmtpFault::refused;
-        if (m_watch.hasExpired())
-            return SmtpFault::timedOut;
-        switch (result) {
-        case CURLE_OK: // the server's word on the whole message
-            return SmtpFault::none;
-        case CURLE_URL_MALFORMAT:
-        case CURLE_COULDNT_RESOLVE_HOST:
-            return SmtpFault::unknownHost;
-        case CURLE_COULDNT_CONNECT:
-            return SmtpFault::unreachable;
-        case CURLE_OPERATION_TIMEDOUT:
-            return SmtpFault::timedOut;
-        case CURLE_PEER_FAILED_VERIFICATION:
-            return SmtpFault::untrusted;
-        case CURLE_USE_SSL_FAILED:
-        case CURLE_SSL_CONNECT_ERROR:
-            return SmtpFault::noEncryption;
-        case CURLE_LOGIN_DENIED:
+        if (const auto fault = connectionFault(result, m_watch))
+            return *fault;
+        if (result == CURLE_LOGIN_DENIED)
             return SmtpFault::noIdentity;
-        default:
-            return SmtpFault::lost;
-        }
+        return result == CURLE_OK ? SmtpFault::none : SmtpFault::lost; // its word on the whole
     }
 
     const QByteArray &m_text;
