@@ -27,6 +27,13 @@ QString reportMessage(const ProspectImportAnalysis &analysis)
     return lines.join(u'\n');
 }
 
+QString lineOnStops(const ManyContacts &marked)
+{
+    if (marked.changed.empty())
+        return {};
+    return u"\n%1 contact(s) marqué(s) STOP, à ne pas contacter."_s.arg(marked.changed.size());
+}
+
 /// A row that repeats the address under which a contact was first known must not undo what the
 /// user made of it.
 void dropUndoneAddresses(ProspectImportAnalysis &analysis, const ProspectStore &store)
@@ -88,8 +95,7 @@ ImportReport ProspectStore::merge(ProspectImportAnalysis analysis)
     const auto knownIds =
         analysis.emailUpdates.empty() ? QHash<QString, QString>() : idsByKey(allProspects());
     // Before the contacts are there: a cut between the two files must not leave them unmarked.
-    if (const int marked = stopAll(listedAsStopped(analysis, knownIds)); marked > 0)
-        report.message += u"\n%1 contact(s) marqué(s) STOP, à ne pas contacter."_s.arg(marked);
+    report.message += lineOnStops(setStopped(true, listedAsStopped(analysis, knownIds)));
     if (!analysis.prospects.empty()) {
         m_customProspects.append(std::move(analysis.prospects));
         publish(Collection::customProspects);

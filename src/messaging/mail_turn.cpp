@@ -1,5 +1,6 @@
 #include "messaging/mail_turn.h"
 
+#include "model/local_time.h"
 #include "store/prospect_store.h"
 
 #include <QCoroFuture>
@@ -15,11 +16,6 @@ namespace quenoria {
 namespace {
 
 constexpr auto day = 24h;
-
-QDateTime local(Instant instant, const QTimeZone &zone)
-{
-    return QDateTime::fromMSecsSinceEpoch(instant.time_since_epoch().count(), zone);
-}
 
 } // namespace
 
@@ -42,6 +38,12 @@ Instant nextMailTurn(std::span<const Instant> sent, MailPace pace, Instant now)
 MailTurn::MailTurn(const ProspectStore &store, const Platform &platform)
     : m_store(store), m_platform(platform)
 {
+}
+
+bool MailTurn::isNeeded() const
+{
+    return !m_platform.mailbox.isFixed() &&
+           MailSettings(m_platform.preferences).road() == MailRoad::mailbox;
 }
 
 QCoro::Task<> MailTurn::wait(std::stop_token stop)
@@ -86,15 +88,14 @@ QCoro::Task<> MailTurn::waitForPace(std::stop_token stop)
 /// The history counts what left, also before the program was started.
 Instant MailTurn::next(Instant now) const
 {
-    const MailSettings settings(m_platform.preferences);
-    if (m_platform.mailbox.isFixed() || settings.road() != MailRoad::mailbox)
+    if (!isNeeded())
         return now;
     std::vector<Instant> sent;
     m_store.emailStatuses().forEach([&](const QString &, const EmailSendStatus &status) {
         if (status.sendHistory)
             std::ranges::copy(*status.sendHistory, std::back_inserter(sent));
     });
-    return nextMailTurn(sent, settings.pace(), now);
+    return nextMailTurn(sent, MailSettings(m_platform.preferences).pace(), now);
 }
 
 void MailTurn::pauseUntil(std::optional<Instant> instant)
@@ -110,8 +111,8 @@ QString MailTurn::notice() const
     if (!m_pausedUntil)
         return {};
     const QTimeZone zone = m_platform.clock.zone();
-    const QDateTime until = local(*m_pausedUntil, zone);
-    const bool isToday = until.date() == local(m_platform.clock.now(), zone).date();
+    const QDateTime until = localDateTime(*m_pausedUntil, zone);
+    const bool isToday = until.date() == localDateTime(m_platform.clock.now(), zone).date();
     return u"Le rythme de votre boîte aux lettres est atteint : le prochain e-mail part %1."_s.arg(
         until.toString(isToday ? u"'à' HH:mm:ss"_s : u"'le' dd/MM 'à' HH:mm"_s));
 }

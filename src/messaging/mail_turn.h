@@ -32,6 +32,9 @@ public:
 
     void askPasswordWith(AskPassword ask) { m_askPassword = std::move(ask); }
 
+    /// Whether e-mails leave through the user's own mailbox.
+    [[nodiscard]] bool isNeeded() const;
+
     [[nodiscard]] QCoro::Task<> wait(std::stop_token stop);
 
     /// That an e-mail waits for the pace, and until when; empty while none does.

@@ -134,9 +134,8 @@ void SendDesk::callNextEmail()
 QCoro::Task<SendOutcome> SendDesk::carry(Place order, bool freeProEnabled)
 {
     const QPointer<SendDesk> self(this);
-    const bool isByMailbox = order->channel == Channel::email && !m_platform.mailbox.isFixed() &&
-                             MailSettings(m_platform.preferences).road() == MailRoad::mailbox;
-    if (isByMailbox && !order->stop.stop_requested()) {
+    if (order->channel == Channel::email && m_mailTurn.isNeeded() &&
+        !order->stop.stop_requested()) {
         const QCoro::Task<> turn = m_mailTurn.wait(order->stop.get_token());
         co_await turn;
         if (!self)

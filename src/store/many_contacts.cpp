@@ -51,10 +51,11 @@ ManyContacts ProspectStore::setStopped(bool stopped, const IdSet &ids)
     ManyContacts outcome;
     const Together together(*this);
     for (const QString &id : ids) {
-        const Prospect *contact = prospect(id);
-        if (!contact || isStopped(*contact) == stopped)
+        Prospect contact; // also one that an import is about to add
+        contact.id = id;
+        if (isStopped(contact) == stopped)
             continue;
-        setStopped(stopped, *contact);
+        setStopped(stopped, contact);
         outcome.changed.insert(id);
     }
     return outcome;

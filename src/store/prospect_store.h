@@ -105,9 +105,10 @@ public:
     void recordSentNow(const Prospect &prospect);
     void recordSent(const Prospect &prospect, Instant date); ///< a send of an earlier moment
     void recordSMSRecipientUsage(const Prospect &prospect, Instant date); ///< in that month's quota
+    bool isReachable(Channel channel, const Prospect &prospect) const; ///< has a number, an address
+    bool isMarkedSent(Channel channel, const Prospect &prospect) const;
     void setDate(Instant date, const Prospect &prospect);
     void setStopped(bool stopped, const Prospect &prospect);
-    int stopAll(const IdSet &ids); ///< in one write; how many were not stopped before
     void setComment(const QString &comment, const Prospect &prospect);
     void setEmailSent(bool sent, const Prospect &prospect);
     void recordEmailSentNow(const Prospect &prospect);
@@ -224,8 +225,6 @@ private:
 
     void setStatus(const QString &id, std::optional<SendStatus> status); ///< none: removes it
     void setEmailStatus(const QString &id, std::optional<EmailSendStatus> status);
-    bool isReachable(Channel channel, const Prospect &prospect) const;
-    bool isMarkedSent(Channel channel, const Prospect &prospect) const;
     void select(Channel channel, bool selected, const QString &id);
     void clearSelection(Channel channel);
     IdSet &selection(Channel channel);

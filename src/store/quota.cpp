@@ -1,4 +1,5 @@
 #include "model/contact_rules.h"
+#include "model/local_time.h"
 #include "store/prospect_store.h"
 
 #include <QDateTime>
@@ -18,9 +19,7 @@ const QString monthlyLimitReached =
 
 QString ProspectStore::monthKey(Instant date) const
 {
-    const QDate local =
-        QDateTime::fromMSecsSinceEpoch(date.time_since_epoch().count(), m_platform.clock.zone())
-            .date();
+    const QDate local = localDateTime(date, m_platform.clock.zone()).date();
     return u"%1-%2"_s.arg(local.year(), 4, 10, QChar(u'0')).arg(local.month(), 2, 10, QChar(u'0'));
 }
 

@@ -197,29 +197,6 @@ void ProspectStore::setStopped(bool stopped, const Prospect &prospect)
     setStatus(prospect.id, carriesNothing ? std::nullopt : std::optional(std::move(status)));
 }
 
-int ProspectStore::stopAll(const IdSet &ids)
-{
-    IdSet stopped;
-    for (const QString &id : ids) {
-        const SendStatus *existing = m_statuses.find(id);
-        if (existing && existing->stopped.value_or(false))
-            continue;
-        SendStatus status = existingOr(existing, m_platform.clock.now());
-        status.stopped = true;
-        m_statuses.set(id, std::move(status));
-        stopped.insert(id);
-    }
-    if (stopped.empty())
-        return 0;
-    for (const Channel channel : {Channel::sms, Channel::email}) {
-        for (const QString &id : stopped)
-            selection(channel).erase(id);
-        announce(SelectionChanged{channel, stopped});
-    }
-    publish(Collection::statuses, stopped);
-    return int(stopped.size());
-}
-
 void ProspectStore::setComment(const QString &comment, const Prospect &prospect)
 {
     SendStatus status = existingOr(this->status(prospect), m_platform.clock.now());

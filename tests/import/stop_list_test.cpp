@@ -81,7 +81,7 @@ TEST_F(StopListFiles, StopWhomTheyNameAndKeepTheOthersFromLaterImports)
     EXPECT_EQ(joined(matches.unknown), u"0639980050 email:z@example.org"_s);
 
     listen();
-    EXPECT_EQ(store().stopAll(matches.contacts), 1);
+    EXPECT_EQ(store().setStopped(true, matches.contacts).changed.size(), 1U);
     EXPECT_EQ(announced.filter(u"suivi-envois"_s).size(), 1) << "one write";
     EXPECT_TRUE(store().sendSelection().empty());
     desktop.files.refusal = u"plein"_s;
@@ -107,6 +107,11 @@ TEST_F(StopListFiles, StopWhomTheyNameAndKeepTheOthersFromLaterImports)
     restart();
     desktop.writeFile(u"numeros-a-ne-pas-contacter.json"_s, "[1");
     EXPECT_EQ(store().filesSetAside().size(), 1);
+    restart();
+    const QDir data(desktop.folders.data());
+    ASSERT_TRUE(data.mkdir(u"numeros-a-ne-pas-contacter.json"_s)); // nothing that can be opened
+    EXPECT_TRUE(store().filesSetAside().empty());
+    EXPECT_NE(store().addToDoNotContact({u"0639980050"_s}), std::nullopt);
 }
 
 } // namespace

@@ -1,5 +1,6 @@
 #include "platform/demo/outbox.h"
 
+#include "model/local_time.h"
 #include "platform/mime/mime_message.h"
 
 #include <QFile>
@@ -48,10 +49,7 @@ TransportResult Outbox::file(const OutgoingMessage &email)
     return write(freeName() + u".eml"_s, std::get<QByteArray>(mime));
 }
 
-QDateTime Outbox::now() const
-{
-    return QDateTime::fromMSecsSinceEpoch(m_clock.now().time_since_epoch().count(), m_clock.zone());
-}
+QDateTime Outbox::now() const { return localDateTime(m_clock.now(), m_clock.zone()); }
 
 /// Path without suffix: the universal time, since local time runs backwards once a year, and a
 /// number that sets messages of the same second apart.

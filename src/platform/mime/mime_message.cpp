@@ -1,5 +1,6 @@
 #include "platform/mime/mime_message.h"
 
+#include "model/local_time.h"
 #include "platform/mime/header_text.h"
 
 #include <QDateTime>
@@ -133,8 +134,7 @@ TransportFailure unreadable(const QString &path)
 
 void setDate(GMimeMessage *message, const Clock &clock)
 {
-    const qint64 now = clock.now().time_since_epoch().count();
-    const QDateTime date = QDateTime::fromMSecsSinceEpoch(now, clock.zone());
+    const QDateTime date = localDateTime(clock.now(), clock.zone());
     GTimeZone *zone = g_time_zone_new_offset(date.offsetFromUtc());
     GDateTime *utc = g_date_time_new_from_unix_utc(date.toSecsSinceEpoch());
     GDateTime *local = g_date_time_to_timezone(utc, zone);

@@ -1,6 +1,7 @@
 #include "ui/sheets/export_view.h"
 
 #include "export/export_tables.h"
+#include "model/local_time.h"
 #include "model/text_order.h"
 #include "ui/kit/labels.h"
 #include "ui/kit/status_label.h"
@@ -99,10 +100,7 @@ void ExportView::addChoices()
 
 void ExportView::addPeriod()
 {
-    const QDate today =
-        QDateTime::fromMSecsSinceEpoch(m_platform.clock.now().time_since_epoch().count(),
-                                       m_platform.clock.zone())
-            .date();
+    const QDate today = localDateTime(m_platform.clock.now(), m_platform.clock.zone()).date();
     m_first = makeDay(u"Premier jour"_s, QDate(today.year(), today.month(), 1));
     m_last = makeDay(u"Dernier jour"_s, today);
     auto *row = new QHBoxLayout;

@@ -1,5 +1,6 @@
 #include "ui/sheets/history_rows.h"
 
+#include "model/local_time.h"
 #include "model/text_order.h"
 
 #include <QLocale>
@@ -12,8 +13,7 @@ namespace {
 
 QString shownDate(Instant instant, const QTimeZone &zone)
 {
-    const QDateTime local =
-        QDateTime::fromMSecsSinceEpoch(instant.time_since_epoch().count(), zone);
+    const QDateTime local = localDateTime(instant, zone);
     const QLocale locale = displayLocale();
     const QString time = locale.toString(local.time(), QLocale::ShortFormat);
     return u"%1 à %2"_s.arg(locale.toString(local.date(), u"d MMMM yyyy"_s), time);

@@ -146,7 +146,7 @@ void StopListView::apply()
             return;
         }
     }
-    m_store.stopAll(m_matches.contacts);
+    m_store.setStopped(true, m_matches.contacts);
     accept();
 }
 

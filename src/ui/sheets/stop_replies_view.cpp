@@ -1,6 +1,7 @@
 #include "ui/sheets/stop_replies_view.h"
 
 #include "messaging/stop_replies.h"
+#include "model/local_time.h"
 #include "ui/kit/empty_state.h"
 #include "ui/kit/labels.h"
 
@@ -77,8 +78,7 @@ QWidget *StopRepliesView::makeContent()
 
 QWidget *StopRepliesView::makeRow(const StopReply &reply)
 {
-    const QDateTime hour =
-        QDateTime::fromMSecsSinceEpoch(reply.message.date.time_since_epoch().count(), m_zone);
+    const QDateTime hour = localDateTime(reply.message.date, m_zone);
     auto *row = new QFrame;
     row->setFrameShape(QFrame::StyledPanel);
     auto *texts = new QVBoxLayout;

@@ -1,6 +1,8 @@
 #include "ui/table/contact_columns.h"
 
+#include "model/local_time.h"
 #include "model/text_order.h"
+#include "ui/table/tick_operations.h"
 
 #include <QDateTime>
 #include <QLocale>
@@ -14,113 +16,15 @@ namespace quenoria {
 
 namespace {
 
-QVariant isTickedForDeletion(const Cell &cell)
-{
-    return cell.state.deleteSelection.contains(cell.contact.id);
-}
-
-void tickForDeletion(const Cell &cell, const QVariant &ticked)
-{
-    if (ticked.toBool())
-        cell.state.deleteSelection.insert(cell.contact.id);
-    else
-        cell.state.deleteSelection.erase(cell.contact.id);
-}
-
-ManyContacts tickManyForDeletion(ProspectStore &, TableState &state, bool on, const IdSet &ids)
-{
-    if (on) {
-        state.deleteSelection.insert(ids.begin(), ids.end());
-    } else {
-        for (const QString &id : ids)
-            state.deleteSelection.erase(id);
-    }
-    return {.changed = ids};
-}
-
-template <Channel channel>
-ManyContacts selectMany(ProspectStore &store, TableState &, bool on, const IdSet &ids)
-{
-    return store.setSelected(channel, on, ids);
-}
-
-template <Channel channel>
-ManyContacts markManySent(ProspectStore &store, TableState &, bool on, const IdSet &ids)
-{
-    return store.setSent(channel, on, ids);
-}
-
-ManyContacts stopMany(ProspectStore &store, TableState &, bool on, const IdSet &ids)
-{
-    return store.setStopped(on, ids);
-}
-
-QVariant isSelected(const Cell &cell) { return cell.store.isSelectedForSending(cell.contact); }
-
-void select(const Cell &cell, const QVariant &selected)
-{
-    cell.store.setSelectedForSending(selected.toBool(), cell.contact);
-}
-
-bool canBeSelected(const Cell &cell)
-{
-    return isSelected(cell).toBool() ||
-           (!cell.store.isStopped(cell.contact) && !cell.contact.phone.isEmpty());
-}
-
-QVariant isSent(const Cell &cell)
-{
-    const SendStatus *status = cell.store.status(cell.contact);
-    return status && status->sent;
-}
-
-void markSent(const Cell &cell, const QVariant &sent)
-{
-    cell.store.setSent(sent.toBool(), cell.contact);
-}
-
-QVariant isEmailSelected(const Cell &cell)
-{
-    return cell.store.isSelectedForEmailSending(cell.contact);
-}
-
-void selectEmail(const Cell &cell, const QVariant &selected)
-{
-    cell.store.setSelectedForEmailSending(selected.toBool(), cell.contact);
-}
-
-bool canBeEmailSelected(const Cell &cell)
-{
-    return isEmailSelected(cell).toBool() || (!cell.store.isStopped(cell.contact) &&
-                                              !cell.contact.email.value_or(QString()).isEmpty());
-}
-
-QVariant isEmailSent(const Cell &cell)
-{
-    const EmailSendStatus *status = cell.store.emailStatus(cell.contact);
-    return status && status->sent;
-}
-
-void markEmailSent(const Cell &cell, const QVariant &sent)
-{
-    cell.store.setEmailSent(sent.toBool(), cell.contact);
-}
-
-QVariant isStopped(const Cell &cell) { return cell.store.isStopped(cell.contact); }
-
-void stop(const Cell &cell, const QVariant &stopped)
-{
-    cell.store.setStopped(stopped.toBool(), cell.contact);
-}
-
 QString label(const Cell &cell) { return cell.contact.label; }
 
 ContactMark mark(const Cell &cell)
 {
     if (isStopped(cell).toBool())
         return ContactMark::stopped;
-    return isSent(cell).toBool() || isEmailSent(cell).toBool() ? ContactMark::sent
-                                                               : ContactMark::none;
+    return isSent<Channel::sms>(cell).toBool() || isSent<Channel::email>(cell).toBool()
+               ? ContactMark::sent
+               : ContactMark::none;
 }
 
 /// A contact without a department has nothing to name.
@@ -207,19 +111,15 @@ QString emailAddress(const Cell &cell) { return cell.contact.email.value_or(QStr
 QString phone(const Cell &cell) { return cell.contact.phone; }
 SortValue contactID(const Cell &cell) { return cell.contact.id; }
 
-QDateTime localTime(const Cell &cell, Instant instant)
-{
-    return QDateTime::fromMSecsSinceEpoch(instant.time_since_epoch().count(), cell.state.zone);
-}
-
 /// A contact that was only stopped or commented has a record, and no send in it.
 bool wasSent(const Cell &cell) { return !cell.store.sendHistory(cell.contact).empty(); }
 
 /// Editing starts from now where nothing was sent.
 QVariant lastDate(const Cell &cell)
 {
-    return localTime(cell, wasSent(cell) ? cell.store.status(cell.contact)->sentAt
-                                         : cell.state.clock.now());
+    return localDateTime(wasSent(cell) ? cell.store.status(cell.contact)->sentAt
+                                       : cell.state.clock.now(),
+                         cell.state.zone);
 }
 
 QString lastDateText(const Cell &cell)
@@ -278,53 +178,29 @@ CellButtons actions(const Cell &cell)
             sendButton(RowAction::sendEmail, email, state.emailUnderWay.contains(cell.contact.id))};
 }
 
-constexpr ContactColumn checkColumn(const char16_t *header, int width, SortColumn sort,
-                                    QVariant (*value)(const Cell &),
-                                    void (*edit)(const Cell &, const QVariant &),
-                                    decltype(ContactColumn::tickMany) tickMany)
+constexpr ContactColumn checkColumn(const char16_t *header, int width,
+                                    std::optional<SortColumn> sort, const TickOperations &ticks)
 {
     return {.header = header,
             .width = width,
             .kind = CellKind::check,
             .sort = sort,
-            .value = value,
-            .edit = edit,
-            .tickMany = tickMany};
-}
-
-constexpr ContactColumn available(ContactColumn column, bool (*test)(const Cell &),
-                                  const char16_t *unreachable)
-{
-    column.available = test;
-    column.unreachable = unreachable;
-    return column;
-}
-
-constexpr ContactColumn recordingDates(ContactColumn column)
-{
-    column.recordsDates = true;
-    return column;
+            .value = ticks.value,
+            .edit = ticks.edit,
+            .available = ticks.available,
+            .tickMany = ticks.tickMany,
+            .unreachable = ticks.unreachable,
+            .keptByTable = ticks.keptByTable,
+            .recordsDates = ticks.recordsDates};
 }
 
 constexpr std::array columns{
-    ContactColumn{.header = u"Supprimer",
-                  .width = 95,
-                  .kind = CellKind::check,
-                  .value = isTickedForDeletion,
-                  .edit = tickForDeletion,
-                  .tickMany = tickManyForDeletion,
-                  .keptByTable = true},
-    available(checkColumn(u"Envoyer SMS", 85, SortColumn::selection, isSelected, select,
-                          selectMany<Channel::sms>),
-              canBeSelected, u"sans numéro"),
-    recordingDates(checkColumn(u"SMS envoyé", 80, SortColumn::sent, isSent, markSent,
-                               markManySent<Channel::sms>)),
-    available(checkColumn(u"Envoyer mail", 90, SortColumn::emailSelection, isEmailSelected,
-                          selectEmail, selectMany<Channel::email>),
-              canBeEmailSelected, u"sans adresse"),
-    recordingDates(checkColumn(u"Mail envoyé", 85, SortColumn::emailSent, isEmailSent,
-                               markEmailSent, markManySent<Channel::email>)),
-    checkColumn(u"STOP", 60, SortColumn::stopped, isStopped, stop, stopMany),
+    checkColumn(u"Supprimer", 95, {}, deletionTicks),
+    checkColumn(u"Envoyer SMS", 85, SortColumn::selection, selectionTicks<Channel::sms>),
+    checkColumn(u"SMS envoyé", 80, SortColumn::sent, sentTicks<Channel::sms>),
+    checkColumn(u"Envoyer mail", 90, SortColumn::emailSelection, selectionTicks<Channel::email>),
+    checkColumn(u"Mail envoyé", 85, SortColumn::emailSent, sentTicks<Channel::email>),
+    checkColumn(u"STOP", 60, SortColumn::stopped, stopTicks),
     ContactColumn{.header = u"Contact",
                   .width = 680,
                   .sort = SortColumn::name,

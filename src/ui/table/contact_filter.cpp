@@ -1,5 +1,6 @@
 #include "ui/table/contact_filter.h"
 
+#include "model/local_time.h"
 #include "model/text_order.h"
 
 #include <QDateTime>
@@ -83,8 +84,7 @@ QStringList ContactFilter::inWords(const ProspectStore &store, const QTimeZone &
     for (const QString &profession : professions)
         words << (profession.isEmpty() ? u"sans métier"_s : profession);
     if (contactedSince) {
-        const auto day =
-            QDateTime::fromMSecsSinceEpoch(contactedSince->time_since_epoch().count(), zone);
+        const QDate day = localDateTime(*contactedSince, zone).date();
         words << u"contactés depuis le "_s + displayLocale().toString(day, u"dd/MM/yyyy"_s);
     }
     return words;

@@ -1,5 +1,6 @@
 #include "ui/window/doubt_alerts.h"
 
+#include "model/local_time.h"
 #include "ui/kit/alert.h"
 
 #include <QDateTime>
@@ -14,8 +15,7 @@ namespace {
 /// Label, recipient, channel and hour, one line each.
 QString account(const SendIntent &doubt, const QTimeZone &zone)
 {
-    const QDateTime hour =
-        QDateTime::fromMSecsSinceEpoch(doubt.instant.time_since_epoch().count(), zone);
+    const QDateTime hour = localDateTime(doubt.instant, zone);
     const QString channel = doubt.channel == u"sms"_s ? u"SMS"_s : u"E-mail"_s;
     return QStringList{doubt.label, doubt.recipient, channel,
                        hour.toString(u"dd/MM/yyyy 'à' HH:mm:ss"_s)}

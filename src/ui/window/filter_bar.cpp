@@ -1,5 +1,6 @@
 #include "ui/window/filter_bar.h"
 
+#include "model/local_time.h"
 #include "model/text_order.h"
 #include "platform/clock.h"
 #include "ui/kit/labels.h"
@@ -43,11 +44,7 @@ QString counted(const QString &name, const IdSet &chosen)
     return chosen.empty() ? name + u"…"_s : u"%1 (%2)"_s.arg(name).arg(chosen.size());
 }
 
-QDate today(const Clock &clock)
-{
-    return QDateTime::fromMSecsSinceEpoch(clock.now().time_since_epoch().count(), clock.zone())
-        .date();
-}
+QDate today(const Clock &clock) { return localDateTime(clock.now(), clock.zone()).date(); }
 
 } // namespace
 
@@ -124,43 +121,37 @@ void FilterBar::refresh()
 
 QPoint FilterBar::below(const QAction *chip) const { return m_chips->below(chip); }
 
-void FilterBar::offerDepartments()
+void FilterBar::offer(const QString &name, QAction *chip, IdSet ContactFilter::*chosen,
+                      const std::map<QString, int> &counts)
 {
     std::vector<ChoicePopup::Choice> choices;
-    const ContactFilter &filter = m_model.contacts().filter();
-    for (const auto &[code, count] : m_model.contacts().countBy(&Prospect::department)) {
-        const QString name =
-            ContactFilter{.departments = {code}}.inWords(m_store, m_model.zone()).first();
+    for (const auto &[value, count] : counts) {
+        ContactFilter one;
+        one.*chosen = {value};
         choices.push_back(
-            {code, u"%1 — %2"_s.arg(name, inFrench(count)), filter.departments.contains(code)});
+            {value, u"%1 — %2"_s.arg(one.inWords(m_store, m_model.zone()).first(), inFrench(count)),
+             (m_model.contacts().filter().*chosen).contains(value)});
     }
-    auto *popup = new ChoicePopup(u"Départements"_s, choices, this);
-    connect(popup, &ChoicePopup::chosen, this, [this](const IdSet &codes) {
+    auto *popup = new ChoicePopup(name, choices, this);
+    connect(popup, &ChoicePopup::chosen, this, [this, chosen](const IdSet &values) {
         ContactFilter changed = m_model.contacts().filter();
-        changed.departments = codes;
+        changed.*chosen = values;
         m_model.setFilter(changed);
     });
-    popup->openAt(below(m_departments));
+    popup->openAt(below(chip));
     refresh(); // a click alone ticks the chip
+}
+
+void FilterBar::offerDepartments()
+{
+    offer(u"Départements"_s, m_departments, &ContactFilter::departments,
+          m_model.contacts().countBy(&Prospect::department));
 }
 
 void FilterBar::offerProfessions()
 {
-    std::vector<ChoicePopup::Choice> choices;
-    const ContactFilter &filter = m_model.contacts().filter();
-    for (const auto &[profession, count] : m_model.contacts().countBy(&Prospect::profession)) {
-        const QString name = profession.isEmpty() ? u"Sans métier"_s : profession;
-        choices.push_back({profession, u"%1 — %2"_s.arg(name, inFrench(count)),
-                           filter.professions.contains(profession)});
-    }
-    auto *popup = new ChoicePopup(u"Métiers"_s, choices, this);
-    connect(popup, &ChoicePopup::chosen, this, [this](const IdSet &professions) {
-        ContactFilter changed = m_model.contacts().filter();
-        changed.professions = professions;
-        m_model.setFilter(changed);
-    });
-    popup->openAt(below(m_professions));
-    refresh();
+    offer(u"Métiers"_s, m_professions, &ContactFilter::professions,
+          m_model.contacts().countBy(&Prospect::profession));
 }
 
 void FilterBar::offerDays()

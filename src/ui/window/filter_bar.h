@@ -4,6 +4,8 @@
 
 #include <QWidget>
 
+#include <map>
+
 class QAction;
 class QPushButton;
 
@@ -11,6 +13,7 @@ namespace quenoria {
 
 class Clock;
 class CommandBar;
+struct ContactFilter;
 class ContactTableModel;
 class ProspectStore;
 class TextLabel;
@@ -35,6 +38,8 @@ Q_SIGNALS:
 private:
     QAction *addChip(const QString &text);
     void addTraits();
+    void offer(const QString &name, QAction *chip, IdSet ContactFilter::*chosen,
+               const std::map<QString, int> &counts);
     void offerDepartments();
     void offerProfessions();
     void offerDays();
