@@ -50,7 +50,7 @@ void ContactTableModel::refreshMany(const IdSet &ids)
 ManyContacts ContactTableModel::tickMany(int column, bool ticked, const IdSet &ids)
 {
     const ContactColumn &descriptor = contactColumns()[std::size_t(column)];
-    const ManyContacts outcome = descriptor.tickMany(m_store, m_state, ticked, ids);
+    ManyContacts outcome = descriptor.tickMany(m_store, m_state, ticked, ids);
     if (descriptor.keptByTable) { // the store announces nothing
         m_allAreTicked.reset();
         announce(&ContactColumn::keptByTable);
