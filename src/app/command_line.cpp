@@ -19,12 +19,17 @@ Answer refuse(const QString &reason)
     return {reason + u"\nEssayez « quenoria --help ».\n"_s, misuse};
 }
 
-/// A relative folder is meant from where the program was started, once and for all.
+/// A relative path is meant from where the program was started, once and for all.
+QString absolute(const QString &path)
+{
+    return QDir::cleanPath(QDir::current().absoluteFilePath(path));
+}
+
 std::optional<QString> folderOf(const QCommandLineParser &parser, const QCommandLineOption &option)
 {
     if (!parser.isSet(option))
         return std::nullopt;
-    return QDir::cleanPath(QDir::current().absoluteFilePath(parser.value(option)));
+    return absolute(parser.value(option));
 }
 
 /// What is wrong with an option that only a demonstration takes; nothing when all is well.
@@ -46,8 +51,11 @@ std::optional<QString> demonstrationFault(const QCommandLineParser &parser)
 /// The same for all that was given.
 std::optional<QString> argumentFault(const QCommandLineParser &parser)
 {
-    if (!parser.positionalArguments().isEmpty())
-        return u"Argument inattendu : %1"_s.arg(parser.positionalArguments().first());
+    const QStringList workbooks = parser.positionalArguments();
+    if (workbooks.size() > 1 || (!workbooks.isEmpty() && parser.isSet(u"tour"_s)))
+        return u"Argument inattendu : %1"_s.arg(workbooks.last());
+    if (workbooks.contains(QString()))
+        return u"Le nom du classeur est vide."_s;
     for (const QString &folder : {u"data-dir"_s, u"tour"_s}) {
         if (parser.isSet(folder) && parser.value(folder).isEmpty())
             return u"Le dossier de --%1 est vide."_s.arg(folder);
@@ -77,6 +85,8 @@ std::variant<StartOptions, Answer> parseCommandLine(const QStringList &arguments
     const QCommandLineOption help = parser.addHelpOption();
     const QCommandLineOption version = parser.addVersionOption();
     parser.addOptions({demo, data, tour, rehearsal, appearance});
+    parser.addPositionalArgument(u"classeur"_s, u"Classeur .xlsx à importer dans la fenêtre."_s,
+                                 u"[CLASSEUR]"_s);
 
     if (!parser.parse(arguments))
         return refuse(parser.errorText());
@@ -88,7 +98,9 @@ std::variant<StartOptions, Answer> parseCommandLine(const QStringList &arguments
         return refuse(*fault);
 
     StartOptions options{
-        parser.isSet(demo), folderOf(parser, data), folderOf(parser, tour), {}, {}};
+        parser.isSet(demo), folderOf(parser, data), folderOf(parser, tour), {}, {}, {}};
+    for (const QString &workbook : parser.positionalArguments())
+        options.workbook = absolute(workbook);
     if (parser.isSet(rehearsal))
         options.rehearsal = parser.value(rehearsal);
     if (parser.value(appearance) != u"auto"_s)

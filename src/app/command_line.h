@@ -14,6 +14,7 @@ struct StartOptions {
     std::optional<QString> dataFolder;
     std::optional<QString> tourFolder;  ///< where the visit leaves its pictures
     std::optional<QString> rehearsal;   ///< what the demonstration sends by itself
+    std::optional<QString> workbook;    ///< to import at once
     std::optional<bool> darkAppearance; ///< absent: the desktop's
 };
 

@@ -82,9 +82,9 @@ bool goesOnUnguarded(const QString &folder)
                u"Continuer"_s);
 }
 
-std::optional<Answer> own(const QString &folder, SingleInstance &instance)
+std::optional<Answer> own(const QString &folder, SingleInstance &instance, const QString &workbook)
 {
-    const SingleInstance::Ownership ownership = instance.own();
+    const SingleInstance::Ownership ownership = instance.own(workbook);
     if (const auto *lock = std::get_if<SingleInstance::Refused>(&ownership))
         return Answer{u"Le dossier de données « %1 » ne peut pas être verrouillé : %2\n"_s.arg(
                           folder, lock->reason),
@@ -123,12 +123,13 @@ bool waitForReadableFiles(const Platform &platform)
 
 } // namespace
 
-std::optional<Answer> enterDataFolder(const Platform &platform, SingleInstance &instance)
+std::optional<Answer> enterDataFolder(const Platform &platform, SingleInstance &instance,
+                                      const QString &workbook)
 {
     const QString folder = platform.folders.data();
     if (auto answer = prepareFolder(platform))
         return answer;
-    if (auto answer = own(folder, instance))
+    if (auto answer = own(folder, instance, workbook))
         return answer;
     platform.log.write(u"Quenoria %1, dossier de données « %2 »"_s.arg(
         QCoreApplication::applicationVersion(), folder));

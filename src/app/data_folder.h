@@ -8,8 +8,9 @@ namespace quenoria {
 class SingleInstance;
 
 /// Makes the data folder, or takes the one that is there and closes it to other users; then owns
-/// it, and asks the user until every data file can be read. Gives what to say instead of starting.
-[[nodiscard]] std::optional<Answer> enterDataFolder(const Platform &platform,
-                                                    SingleInstance &instance);
+/// it, and asks the user until every data file can be read. Gives what to say instead of starting;
+/// another owner is asked to open this workbook, when it is not empty.
+[[nodiscard]] std::optional<Answer>
+enterDataFolder(const Platform &platform, SingleInstance &instance, const QString &workbook);
 
 } // namespace quenoria

@@ -113,8 +113,14 @@ int run(const StartOptions &options)
     const std::unique_ptr<Desktop> desktop = makeDesktop(options);
     OlvakSMSManualApp application(*desktop);
     const Platform &platform = application.platform();
-    SingleInstance instance(platform.folders.data(), bringMainWindowToFront);
-    if (const auto answer = enterDataFolder(platform, instance))
+    ContentView *shown = nullptr;
+    SingleInstance instance(platform.folders.data(), [&shown](const QString &workbook) {
+        bringMainWindowToFront();
+        if (shown && !workbook.isEmpty())
+            shown->openWorkbook(workbook);
+    });
+    if (const auto answer =
+            enterDataFolder(platform, instance, options.workbook.value_or(QString())))
         return print(*answer, std::cerr);
     ColorSchemeSetting colorScheme(QDBusConnection::sessionBus());
     keepAppearance(options.darkAppearance, colorScheme);
@@ -122,11 +128,14 @@ int run(const StartOptions &options)
     if (const QString notice = desktop->notice(); !notice.isEmpty())
         window.showBanner(notice);
     window.show();
+    shown = &window;
     if (options.tourFolder)
         return Tour(window, application.store(), application.switches(), application.platform())
             .run(*options.tourFolder);
     if (options.demonstration)
         importDemonstration(window, application.store(), application.platform());
+    if (options.workbook)
+        window.openWorkbook(*options.workbook);
     if (options.rehearsal)
         rehearse(window, application.desk(), application.switches(), *options.rehearsal);
     return execute(window, termination);

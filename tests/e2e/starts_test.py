@@ -1,6 +1,7 @@
 """However many start at once, one owns the data folder; whatever stands in the way is said."""
 
 import os
+import pathlib
 import shutil
 import signal
 import subprocess
@@ -12,6 +13,7 @@ from desk import HOME, LIMIT, PROGRAM, Program, until
 ROUNDS = int(os.environ.get("QUENORIA_ROUNDS", "4"))
 STARTS = 10
 DATA = HOME / "prospects"
+WORKBOOK = pathlib.Path(__file__).parent.parent / "data/workbooks/openpyxl.xlsx"
 
 
 def start(*options, **environment):
@@ -86,6 +88,18 @@ class Starts(unittest.TestCase):
             found, said = end_of(*options, **environment)
             self.assertEqual(found, code, said)
             self.assertIn(words, said)
+
+    def test_a_workbook_goes_to_the_window_that_is_open(self):
+        shutil.rmtree(DATA, ignore_errors=True)
+        self.program = Program(DATA)
+        self.addCleanup(lambda: self.program.kill())
+        self.program.until_front("Quenoria")
+        found, said = end_of("--data-dir", DATA, os.path.relpath(WORKBOOK))
+        self.assertEqual(found, 0, said)
+        self.program.read("13 contact(s) ajouté(s).")
+        self.program.press("OK")
+        self.assertEqual(len(self.program.file("nouveaux-numeros")), 13)
+        self.assertEqual(self.program.quit(), 0)
 
 
 if __name__ == "__main__":

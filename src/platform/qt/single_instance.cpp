@@ -20,21 +20,36 @@ namespace {
 
 constexpr auto answerLimit = 5s;           ///< that a living owner gets to take the call
 constexpr unsigned long betweenCalls = 20; ///< milliseconds
+constexpr qint64 longestPath = 4096;       ///< bytes that a call may bring
 
 } // namespace
 
-SingleInstance::SingleInstance(QString folder, std::function<void()> startedAgain, FolderLock lock)
-    : m_folder(std::move(folder)), m_lock(std::move(lock))
+SingleInstance::SingleInstance(QString folder,
+                               std::function<void(const QString &file)> startedAgain,
+                               FolderLock lock)
+    : m_folder(std::move(folder)), m_startedAgain(std::move(startedAgain)), m_lock(std::move(lock))
 {
-    QObject::connect(&m_server, &QLocalServer::newConnection, &m_server,
-                     [this, startedAgain = std::move(startedAgain)] {
-                         m_server.nextPendingConnection()->deleteLater();
-                         startedAgain();
-                     });
+    QObject::connect(&m_server, &QLocalServer::newConnection, &m_server, [this] {
+        while (QLocalSocket *call = m_server.nextPendingConnection())
+            answer(call);
+    });
+}
+
+/// The caller writes its file's path, if it has one, and hangs up.
+void SingleInstance::answer(QLocalSocket *call)
+{
+    const auto heard = [this, call] {
+        call->deleteLater();
+        m_startedAgain(QString::fromUtf8(call->read(longestPath)));
+    };
+    if (call->state() == QLocalSocket::UnconnectedState)
+        heard();
+    else
+        QObject::connect(call, &QLocalSocket::disconnected, &m_server, heard);
 }
 
 /// Until the owner listens, or is gone: it may just be starting, or ending.
-SingleInstance::Ownership SingleInstance::own()
+SingleInstance::Ownership SingleInstance::own(const QString &file)
 {
     for (const QDeadlineTimer limit(answerLimit); !limit.hasExpired();
          QThread::msleep(betweenCalls)) {
@@ -42,12 +57,12 @@ SingleInstance::Ownership SingleInstance::own()
         if (const auto *failed = std::get_if<FolderLock::Failed>(&outcome))
             return Refused{failed->reason};
         if (std::holds_alternative<FolderLock::NoLocks>(outcome))
-            return callOwner() ? Ownership(OwnedByAnother{true}) : Unguarded{};
+            return callOwner(file) ? Ownership(OwnedByAnother{true}) : Unguarded{};
         if (std::holds_alternative<FolderLock::Held>(outcome)) {
             listen();
             return Owner{};
         }
-        if (callOwner())
+        if (callOwner(file))
             return OwnedByAnother{true};
     }
     return OwnedByAnother{false};
@@ -73,12 +88,19 @@ void SingleInstance::listen()
     }
 }
 
-bool SingleInstance::callOwner() const
+bool SingleInstance::callOwner(const QString &file) const
 {
-    return std::ranges::any_of(addresses(), [](const QString &address) {
+    return std::ranges::any_of(addresses(), [&file](const QString &address) {
+        constexpr int limit = int(std::chrono::milliseconds(answerLimit).count());
         QLocalSocket call;
         call.connectToServer(address);
-        return call.waitForConnected(int(std::chrono::milliseconds(answerLimit).count()));
+        if (!call.waitForConnected(limit))
+            return false;
+        if (!file.isEmpty()) {
+            call.write(file.toUtf8());
+            call.waitForBytesWritten(limit);
+        }
+        return true;
     });
 }
 

@@ -8,6 +8,8 @@
 #include <functional>
 #include <variant>
 
+class QLocalSocket;
+
 namespace quenoria {
 
 /// Ownership of a data folder: one living process at a time writes its files. The folder of a
@@ -24,20 +26,25 @@ public:
     };
     using Ownership = std::variant<Owner, OwnedByAnother, Unguarded, Refused>;
 
-    /// The callback runs in the owner, in its event loop, when somebody starts the program again.
-    SingleInstance(QString folder, std::function<void()> startedAgain, FolderLock lock = {});
+    /// The callback runs in the owner, in its event loop, when somebody starts the program again;
+    /// it gets that start's file, or nothing.
+    SingleInstance(QString folder, std::function<void(const QString &file)> startedAgain,
+                   FolderLock lock = {});
 
-    /// Tries to own the folder, which must be there; another owner is asked to come to the front.
-    [[nodiscard]] Ownership own();
+    /// Tries to own the folder, which must be there; another owner is asked to come to the front,
+    /// and to open this file if there is one.
+    [[nodiscard]] Ownership own(const QString &file = {});
 
     /// Listens to further starts all the same, on a file system without locks.
     void listen();
 
 private:
     QStringList addresses() const;
-    bool callOwner() const;
+    bool callOwner(const QString &file) const;
+    void answer(QLocalSocket *call);
 
     QString m_folder;
+    std::function<void(const QString &)> m_startedAgain;
     FolderLock m_lock;
     QLocalServer m_server;
 };

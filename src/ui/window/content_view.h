@@ -39,6 +39,8 @@ public:
     void showBanner(const QString &text);
 
     void importWorkbook(const QString &path);
+    /// The same from outside of the window, which may be busy with something else: it says so then.
+    void openWorkbook(const QString &path);
 
     /// Makes ready for the session's end: nothing is under way and all is on the disk when it comes
     /// back. False when the user, whom it asks only if it may, wants to stay.

@@ -25,6 +25,7 @@
 #include "ui/window/workbook_import.h"
 
 #include <QApplication>
+#include <QFileInfo>
 #include <QLineEdit>
 
 using namespace Qt::StringLiterals;
@@ -172,6 +173,16 @@ void ContentView::showHistory(const QString &id)
 
 void ContentView::importExcelFile() { m_import->choose(); }
 void ContentView::importWorkbook(const QString &path) { m_import->run(path); }
+
+void ContentView::openWorkbook(const QString &path)
+{
+    if (QApplication::activeModalWidget())
+        showAlert(this, u"Classeur non importé"_s,
+                  u"Fermez d’abord la fenêtre ouverte dans Quenoria, puis ouvrez de nouveau "
+                  "« %1 »."_s.arg(QFileInfo(path).fileName()));
+    else
+        importWorkbook(path);
+}
 
 /// Those that are ticked, else the one under the cursor.
 void ContentView::deleteTickedContacts()
