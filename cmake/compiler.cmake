@@ -10,6 +10,14 @@ target_compile_definitions(quenoria_compiler INTERFACE
     QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_FOREACH QT_NO_KEYWORDS
     QT_DISABLE_DEPRECATED_BEFORE=0x060400)
 
+# What a user runs defends itself, whether it was built by hand or as a package.
+if(CMAKE_BUILD_TYPE STREQUAL "Release")
+    target_compile_definitions(quenoria_compiler INTERFACE _FORTIFY_SOURCE=2)
+    target_compile_options(quenoria_compiler INTERFACE
+        -fstack-protector-strong -fstack-clash-protection)
+    target_link_options(quenoria_compiler INTERFACE -pie -Wl,-z,relro -Wl,-z,now)
+endif()
+
 if(QUENORIA_SANITIZE)
     target_compile_options(quenoria_compiler INTERFACE
         -fsanitize=address,undefined -fno-sanitize-recover=undefined -fno-omit-frame-pointer)

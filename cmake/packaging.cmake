@@ -1,4 +1,4 @@
-# What an installation holds, and the Debian package: cpack -G DEB in a release build.
+# What an installation holds; debian/ makes the package of it.
 install(TARGETS quenoria RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
 set(desktop ${CMAKE_SOURCE_DIR}/packaging/desktop)
 set(id com.example.Quenoria)
@@ -6,18 +6,7 @@ install(FILES ${desktop}/${id}.desktop DESTINATION ${CMAKE_INSTALL_DATADIR}/appl
 install(FILES ${desktop}/${id}.metainfo.xml DESTINATION ${CMAKE_INSTALL_DATADIR}/metainfo)
 install(FILES ${desktop}/${id}.svg
         DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/scalable/apps)
-install(FILES ${desktop}/quenoria.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/fr/man1)
-install(FILES LICENSE DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/quenoria)
-
-set(CPACK_GENERATOR DEB)
-set(CPACK_PACKAGE_NAME quenoria)
-set(CPACK_PACKAGE_VERSION ${PROJECT_VERSION_MAJOR}.${PROJECT_VERSION_MINOR})
-set(CPACK_PACKAGE_CONTACT "Quenoria <contact@example.com>")
-set(CPACK_PACKAGE_DESCRIPTION_SUMMARY ${PROJECT_DESCRIPTION})
-set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
-set(CPACK_DEBIAN_PACKAGE_SECTION misc)
-set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
-set(CPACK_DEBIAN_PACKAGE_DEPENDS "qt6-translations-l10n, libqt6svg6, xdg-utils, tzdata, ca-certificates, libsecret-1-0")
-set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "msmtp")
-set(CPACK_STRIP_FILES ON)
-include(CPack)
+install(FILES ${desktop}/quenoria.en.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 RENAME quenoria.1)
+install(FILES ${desktop}/quenoria.fr.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/fr/man1 RENAME quenoria.1)
+install(FILES ${desktop}/quenoria.bash
+        DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions RENAME quenoria)
