@@ -138,6 +138,7 @@ int run(const StartOptions &options)
         window.openWorkbook(*options.workbook);
     if (options.rehearsal)
         rehearse(window, application.desk(), application.switches(), *options.rehearsal);
+    window.startBackups();
     return execute(window, termination);
 }
 

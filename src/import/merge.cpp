@@ -86,6 +86,7 @@ ImportReport ProspectStore::importProspects(const QString &workbookPath)
 
 ImportReport ProspectStore::merge(ProspectImportAnalysis analysis)
 {
+    Q_EMIT aboutToSweep();
     dropUndoneAddresses(analysis, *this);
     ImportReport report;
     report.title = analysis.prospects.empty() ? u"Aucun nouveau contact"_s : u"Import terminé"_s;

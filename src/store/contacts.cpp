@@ -121,6 +121,7 @@ int ProspectStore::deleteProspects(const IdSet &ids)
     }
     if (targets.empty())
         return 0;
+    Q_EMIT aboutToSweep();
     for (const Prospect &prospect : m_prospects) {
         if (targets.contains(prospect.id))
             m_deletedProspectIDs.insert(prospect.id);

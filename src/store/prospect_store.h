@@ -194,6 +194,10 @@ Q_SIGNALS:
     /// Something is different; its file is written right afterwards.
     void published(const quenoria::Change &change);
 
+    /// Many records are about to change or go at once, by a deletion or an import; the files are as
+    /// they were.
+    void aboutToSweep();
+
     /// A collection or the number for test messages could not be stored: see unsaved().
     void saveFailed();
 

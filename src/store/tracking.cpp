@@ -1,4 +1,5 @@
 #include "store/prospect_store.h"
+#include "store/send_history.h"
 
 #include <algorithm>
 
@@ -6,20 +7,7 @@ namespace quenoria {
 
 namespace {
 
-/// Every confirmed send, oldest first. Records made before histories existed hold one date only.
-template <typename Status>
-std::vector<Instant> historyFrom(const Status *status)
-{
-    if (!status)
-        return {};
-    if (status->sendHistory && !status->sendHistory->empty())
-        return *status->sendHistory;
-    if (status->sent)
-        return {status->sentAt};
-    return {};
-}
-
-/// The last of these, found without copying them.
+/// The last confirmed send, found without copying them.
 template <typename Status>
 std::optional<Instant> newest(const Status *status)
 {

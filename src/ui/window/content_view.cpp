@@ -6,6 +6,7 @@
 #include "ui/kit/switches.h"
 #include "ui/sheets/password_view.h"
 #include "ui/table/contact_table_view.h"
+#include "ui/window/backup_commands.h"
 #include "ui/window/contact_menu.h"
 #include "ui/window/doubt_alerts.h"
 #include "ui/window/farewell.h"
@@ -55,6 +56,7 @@ ContentView::ContentView(SendDesk &desk, Switches &switches, const Platform &pla
       m_platform(platform), m_model(m_store, switches, platform.clock), m_commands(*this, switches),
       m_rows(new RowActions(desk, switches, this)),
       m_import(new WorkbookImport(m_store, platform.panels, this)),
+      m_backups(new BackupCommands(m_store, platform, this)),
       m_files(new FileAlerts(m_store, switches, this)),
       m_farewell(new Farewell(desk, *m_files, this)),
       m_doubts(new DoubtAlerts(desk, platform.clock.zone(), this)),
@@ -141,6 +143,8 @@ void ContentView::followTable()
         m_ticks->tick(column, ticked, m_table->selectedContacts());
     });
     connect(m_ticks, &ManyTicks::done, m_outcome, qOverload<const QString &>(&OutcomeLine::tell));
+    connect(m_backups, &BackupCommands::done, m_outcome,
+            qOverload<const QString &>(&OutcomeLine::tell));
     connect(m_table, &ContactTableView::menuRequested, this,
             [this](const QString &id, const QPoint &position) {
                 auto *menu = new QMenu(this);

@@ -11,6 +11,7 @@ class QVBoxLayout;
 
 namespace quenoria {
 
+class BackupCommands;
 class ContactTableView;
 class DoubtAlerts;
 class Farewell;
@@ -42,6 +43,9 @@ public:
     /// The same from outside of the window, which may be busy with something else: it says so then.
     void openWorkbook(const QString &path);
 
+    /// Makes the backup of the day a little later, if there is none yet.
+    void startBackups();
+
     /// Makes ready for the session's end: nothing is under way and all is on the disk when it comes
     /// back. False when the user, whom it asks only if it may, wants to stay.
     bool settle(bool mayAsk);
@@ -51,6 +55,7 @@ public:
     void importExcelFile();
     void exportData();
     void applyStopList();
+    void saveBackup();
     void showImportHelp();
     void showGuide();
     void openDataFolder();
@@ -118,6 +123,7 @@ private:
     CommandActions m_commands;
     RowActions *m_rows;
     WorkbookImport *m_import;
+    BackupCommands *m_backups;
     FileAlerts *m_files;
     Farewell *m_farewell;
     DoubtAlerts *m_doubts;

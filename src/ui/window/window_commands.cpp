@@ -16,6 +16,7 @@
 #include "ui/sheets/template_manager_view.h"
 #include "ui/sheets/test_message_view.h"
 #include "ui/table/contact_table_view.h"
+#include "ui/window/backup_commands.h"
 #include "ui/window/content_view.h"
 #include "ui/window/filter_bar.h"
 #include "ui/window/guide_window.h"
@@ -129,6 +130,9 @@ void ContentView::applyStopList()
     if (path)
         present<StopListView>(m_store, *path);
 }
+
+void ContentView::startBackups() { m_backups->startDay(); }
+void ContentView::saveBackup() { m_backups->save(); }
 
 void ContentView::openSMSQueue()
 {
