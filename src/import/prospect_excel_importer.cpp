@@ -1,11 +1,11 @@
 #include "import/prospect_excel_importer.h"
 
 #include "import/contact_cells.h"
+#include "import/contact_columns.h"
 #include "import/department_details.h"
 #include "import/excel_workbook_reader.h"
-#include "import/header_text.h"
 #include "import/import_allowance.h"
-#include "import/reader_limits.h"
+#include "import/row_listener.h"
 #include "import/row_relay.h"
 #include "model/contact_rules.h"
 #include "model/text_order.h"
@@ -21,47 +21,6 @@ namespace {
 const QString unrecognizedColumns = u"Impossible de trouver la colonne « Nom de l’entreprise » "
                                     u"avec une colonne « Téléphone mobile »"
                                     u" ou « Adresse e-mail » dans ce fichier."_s;
-
-/// Where each role stands in the rows below a header.
-class Columns {
-public:
-    static Columns of(const WorksheetRow &row)
-    {
-        Columns columns;
-        for (const WorksheetCell &cell : row.cells()) {
-            if (const auto role = columnRole(cell.text); role && !columns.find(*role))
-                columns.m_positions[std::size_t(*role)] = cell.column;
-        }
-        return columns;
-    }
-
-    bool makeHeader() const
-    {
-        return find(ColumnRole::name) && (find(ColumnRole::mobile) || find(ColumnRole::email));
-    }
-
-    std::string_view cell(const WorksheetRow &row, ColumnRole role) const
-    {
-        const auto column = find(role);
-        const std::string_view text = column ? row[*column] : std::string_view();
-        readerLimits::contactCellBytes.check(text.size());
-        return text;
-    }
-
-    QString text(const WorksheetRow &row, ColumnRole role) const
-    {
-        const std::string_view utf8 = cell(row, role);
-        return QString::fromUtf8(utf8.data(), qsizetype(utf8.size())).trimmed();
-    }
-
-private:
-    std::optional<std::size_t> find(ColumnRole role) const
-    {
-        return m_positions[std::size_t(role)];
-    }
-
-    std::array<std::optional<std::size_t>, std::size_t(ColumnRole::profession) + 1> m_positions;
-};
 
 /// The contact ids met so far. Mobiles are kept as numbers: a hundred thousand texts would cost
 /// more than all the rest of the analysis.
@@ -98,65 +57,84 @@ private:
 
 class Analysis : public WorkbookSink {
 public:
-    Analysis(const IdSet &existingIDs, std::stop_token stop)
-        : m_knownIDs(existingIDs), m_stop(std::move(stop))
+    Analysis(const IdSet &existingIDs, std::stop_token stop, RowListener *listener)
+        : m_knownIDs(existingIDs), m_stop(std::move(stop)), m_listener(listener)
     {
     }
 
-    void beginWorkbook(const WorkbookFrame &frame) override { m_allowance.grant(frame); }
-    void beginSheet() override { m_columns.reset(); }
+    void beginWorkbook(const WorkbookFrame &frame) override;
+    void beginSheet() override;
     void row(const WorksheetRow &row) override;
     ProspectImportAnalysis finish();
 
 private:
-    void readContact(const WorksheetRow &row);
+    RowFate readContact(const WorksheetRow &row);
     void noteAddress(const QString &id, const QString &address);
     void keep(Prospect contact, const DepartmentInfo &department, const QString &profession);
 
     ImportAllowance m_allowance;
-    std::optional<Columns> m_columns;
+    std::optional<ContactColumns> m_columns;
     KnownIds m_knownIDs;
     std::map<QString, DepartmentInfo> m_departments; ///< by code
     QSet<QString> m_professions;                     ///< one text for all who share a trade
     std::stop_token m_stop;
+    RowListener *m_listener; ///< or null
     ProspectImportAnalysis m_result;
 };
+
+void Analysis::beginWorkbook(const WorkbookFrame &frame)
+{
+    m_allowance.grant(frame);
+    if (m_listener)
+        m_listener->beginWorkbook(frame);
+}
+
+void Analysis::beginSheet()
+{
+    m_columns.reset();
+    if (m_listener)
+        m_listener->beginSheet();
+}
 
 void Analysis::row(const WorksheetRow &row)
 {
     if (m_stop.stop_requested()) // a batch of long texts takes its time
         throw ImportAbandoned();
-    if (const Columns columns = Columns::of(row); columns.makeHeader()) {
+    if (const auto columns = ContactColumns::of(row); columns.makeHeader()) {
         m_columns = columns;
         ++m_result.headerRows;
+        if (m_listener)
+            m_listener->header(row, columns);
     } else if (m_columns) {
-        readContact(row);
+        const RowFate fate = readContact(row);
+        if (m_listener)
+            m_listener->contactRow(row, *m_columns, fate);
     }
 }
 
-void Analysis::readContact(const WorksheetRow &row)
+RowFate Analysis::readContact(const WorksheetRow &row)
 {
     const QString name = m_columns->text(row, ColumnRole::name);
     if (name.isEmpty())
-        return;
+        return {RowEnd::nameless, {}, {}};
     const auto mobile = mobileIn(m_columns->cell(row, ColumnRole::mobile));
-    const auto email = emailIn(m_columns->cell(row, ColumnRole::email));
+    auto email = emailIn(m_columns->cell(row, ColumnRole::email));
     if (!mobile && !email) {
         ++m_result.rowsWithoutMobile;
-        return;
+        return {RowEnd::unreachable, {}, {}};
     }
     const auto department = departmentDetails(m_columns->cell(row, ColumnRole::department),
                                               m_columns->cell(row, ColumnRole::postcode));
     if (!department) {
         ++m_result.invalidRows;
-        return;
+        return {RowEnd::noDepartment, {}, {}};
     }
-    const QString id = mobile ? *mobile : u"email:"_s + *email;
+    QString id = mobile ? *mobile : u"email:"_s + *email;
     if (!m_knownIDs.insert(id)) {
         if (email)
             noteAddress(id, *email);
         ++m_result.duplicates;
-        return;
+        return {RowEnd::duplicate, std::move(id), std::move(email)};
     }
     Prospect contact;
     contact.id = id;
@@ -166,6 +144,7 @@ void Analysis::readContact(const WorksheetRow &row)
     contact.email = email;
     contact.isCustom = true;
     keep(std::move(contact), *department, m_columns->text(row, ColumnRole::profession));
+    return {RowEnd::added, std::move(id), std::move(email)};
 }
 
 void Analysis::noteAddress(const QString &id, const QString &address)
@@ -215,10 +194,11 @@ ProspectImportAnalysis Analysis::finish()
 
 ProspectImportAnalysis ProspectExcelImporter::analyze(const QString &workbookPath,
                                                       const IdSet &existingIDs,
-                                                      const ImportWatch &watch)
+                                                      const ImportWatch &watch,
+                                                      RowListener *listener)
 {
     try {
-        Analysis analysis(existingIDs, watch.stop);
+        Analysis analysis(existingIDs, watch.stop, listener);
         RowRelay relay(analysis);
         ExcelWorkbookReader::readSheets(workbookPath, relay, watch);
         relay.finish();

@@ -10,6 +10,8 @@
 
 namespace quenoria {
 
+class RowListener;
+
 /// What a workbook would bring, before anything is changed.
 struct ProspectImportAnalysis {
     std::vector<Prospect> prospects;         ///< new contacts, in workbook order
@@ -25,9 +27,11 @@ struct ProspectImportAnalysis {
 class ProspectExcelImporter {
 public:
     /// Reads the workbook without touching the store: may run on any thread. existingIDs are the
-    /// duplicate keys of the contacts already known. Throws an ImportFailure, or ImportAbandoned.
+    /// duplicate keys of the contacts already known. A listener is told what becomes of each row.
+    /// Throws an ImportFailure, or ImportAbandoned.
     static ProspectImportAnalysis analyze(const QString &workbookPath, const IdSet &existingIDs,
-                                          const ImportWatch &watch = {});
+                                          const ImportWatch &watch = {},
+                                          RowListener *listener = nullptr);
 };
 
 } // namespace quenoria

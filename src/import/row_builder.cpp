@@ -42,7 +42,7 @@ RowBuilder::Slot &RowBuilder::use(std::size_t column)
     return slot;
 }
 
-WorksheetRow RowBuilder::row()
+WorksheetRow RowBuilder::row(std::uint32_t number)
 {
     if (!std::ranges::is_sorted(m_columns))
         std::ranges::sort(m_columns);
@@ -51,7 +51,7 @@ WorksheetRow RowBuilder::row()
         const Slot &slot = m_slots[column];
         m_cells.push_back({column, slot.own.empty(), slot.text()});
     }
-    return WorksheetRow(m_cells);
+    return {m_cells, number};
 }
 
 } // namespace quenoria

@@ -15,7 +15,7 @@ public:
     void clear();
     void setShared(std::size_t column, std::string_view text); ///< the text outlives the row
     void setOwn(std::size_t column, std::string_view text);    ///< copies; may refuse the row
-    [[nodiscard]] WorksheetRow row();                          ///< valid until the next change
+    [[nodiscard]] WorksheetRow row(std::uint32_t number);      ///< valid until the next change
 
 private:
     struct Slot {

@@ -11,7 +11,7 @@ void RowBatch::add(const WorksheetRow &row)
         if (!cell.isShared)
             m_texts += cell.text;
     }
-    m_steps.push_back({Kind::row, row.cells().size()});
+    m_steps.push_back({Kind::row, row.number(), row.cells().size()});
 }
 
 bool RowBatch::isFull() const
@@ -37,7 +37,7 @@ void RowBatch::replay(WorkbookSink &sink)
         if (step.kind == Kind::sheet)
             sink.beginSheet();
         else
-            sink.row(WorksheetRow(rest.first(step.cells)));
+            sink.row({rest.first(step.cells), step.number});
         rest = rest.subspan(step.cells);
     }
 }

@@ -11,7 +11,7 @@ namespace quenoria {
 /// Copies of consecutive rows, with the starts of sheets between them.
 class RowBatch {
 public:
-    void beginSheet() { m_steps.push_back({Kind::sheet, 0}); }
+    void beginSheet() { m_steps.push_back({Kind::sheet, 0, 0}); }
     void add(const WorksheetRow &row);
     bool isFull() const;
     void replay(WorkbookSink &sink);
@@ -22,7 +22,8 @@ private:
 
     struct Step {
         Kind kind;
-        std::size_t cells; ///< how many belong to it
+        std::uint32_t number; ///< of the row
+        std::size_t cells;    ///< how many belong to it
     };
 
     std::vector<Step> m_steps;

@@ -18,7 +18,13 @@ struct WorksheetCell {
 /// texts live until that call returns, shared texts longer.
 class WorksheetRow {
 public:
-    explicit WorksheetRow(std::span<const WorksheetCell> cells) : m_cells(cells) {}
+    WorksheetRow(std::span<const WorksheetCell> cells, std::uint32_t number)
+        : m_cells(cells), m_number(number)
+    {
+    }
+
+    /// As a spreadsheet shows it, from 1. Counted on where the file does not say it.
+    std::uint32_t number() const { return m_number; }
 
     std::span<const WorksheetCell> cells() const { return m_cells; }
 
@@ -36,6 +42,7 @@ public:
 
 private:
     std::span<const WorksheetCell> m_cells;
+    std::uint32_t m_number;
 };
 
 } // namespace quenoria

@@ -52,6 +52,7 @@ std::size_t columnIndex(std::string_view reference)
 void WorksheetXMLParser::parse(const ByteSource &source, const RowVisitor &visit)
 {
     m_visit = visit;
+    m_rowNumber = 0;
     parseXml(source, *this);
 }
 
@@ -64,7 +65,20 @@ void WorksheetXMLParser::startElement(std::string_view name, const char **attrib
     else if (name == "t")
         m_insideInlineText = true;
     else if (name == "row")
-        m_row.clear();
+        startRow(attributes);
+}
+
+void WorksheetXMLParser::startRow(const char **attributes)
+{
+    m_row.clear();
+    ++m_rowNumber;
+    for (; *attributes; attributes += 2) {
+        const std::string_view value = attributes[1];
+        std::uint32_t number = 0;
+        if (std::string_view(attributes[0]) == "r" &&
+            std::from_chars(value.data(), value.data() + value.size(), number).ec == std::errc())
+            m_rowNumber = number;
+    }
 }
 
 void WorksheetXMLParser::startCell(const char **attributes)
@@ -103,7 +117,7 @@ void WorksheetXMLParser::endElement(std::string_view name)
     } else if (name == "t") {
         m_insideInlineText = false;
     } else if (name == "row") {
-        m_visit(m_row.row());
+        m_visit(m_row.row(m_rowNumber));
     }
 }
 

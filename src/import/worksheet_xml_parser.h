@@ -33,12 +33,14 @@ private:
     void characters(std::string_view text) override;
     void endElement(std::string_view name) override;
 
+    void startRow(const char **attributes);
     void startCell(const char **attributes);
     void endCell();
 
     const SharedStrings &m_sharedStrings;
     RowVisitor m_visit;
     RowBuilder m_row;
+    std::uint32_t m_rowNumber = 0;
     std::size_t m_cellColumn = 0;
     std::string m_cellType;
     std::string m_valueText;

@@ -22,6 +22,8 @@ constexpr std::array commands{
             &ContentView::addContact},
     Command{u"Importer Excel", u"tablecells.badge.ellipsis", u"Ctrl+I", file, header,
             &ContentView::importExcelFile},
+    Command{u"Vérifier un classeur…", u"", u"Ctrl+Shift+I", file, none,
+            &ContentView::checkWorkbook},
     Command{u"Exporter…", u"", u"Ctrl+Shift+X", file, none, &ContentView::exportData, nullptr,
             true},
     Command{u"Appliquer une liste STOP…", u"", u"", file, none, &ContentView::applyStopList},

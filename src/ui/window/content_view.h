@@ -53,6 +53,7 @@ public:
     // The commands.
     void addContact();
     void importExcelFile();
+    void checkWorkbook();
     void exportData();
     void applyStopList();
     void saveBackup();

@@ -1,6 +1,7 @@
 #include "ui/window/import_progress.h"
 
 #include "ui/kit/labels.h"
+#include "ui/sheets/workbook_reading.h"
 
 #include <QBoxLayout>
 #include <QProgressBar>
@@ -19,7 +20,7 @@ constexpr qsizetype longestName = 100;
 ImportProgress::ImportProgress(const QString &fileName, QWidget *parent)
     : Sheet(u"Importer Excel"_s, {440, 150}, parent), m_bar(new QProgressBar)
 {
-    m_bar->setRange(0, steps);
+    m_bar->setRange(0, WorkbookReading::steps);
     m_bar->setTextVisible(false);
     m_bar->setAccessibleName(u"Lecture du classeur"_s);
     auto *stop = new QPushButton(u"Arrêter"_s);

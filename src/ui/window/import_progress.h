@@ -12,8 +12,6 @@ class ImportProgress : public Sheet {
     Q_OBJECT
 
 public:
-    static constexpr int steps = 1000;
-
     ImportProgress(const QString &fileName, QWidget *parent);
 
     void setStep(int step);

@@ -15,6 +15,7 @@
 #include "ui/sheets/stop_replies_view.h"
 #include "ui/sheets/template_manager_view.h"
 #include "ui/sheets/test_message_view.h"
+#include "ui/sheets/workbook_check_view.h"
 #include "ui/table/contact_table_view.h"
 #include "ui/window/backup_commands.h"
 #include "ui/window/content_view.h"
@@ -176,6 +177,20 @@ void ContentView::showHistory(const QString &id)
 }
 
 void ContentView::importExcelFile() { m_import->choose(); }
+
+void ContentView::checkWorkbook()
+{
+    const auto path = m_platform.panels.chooseFile(
+        {u"Vérifier un classeur"_s,
+         u"Choisissez un fichier .xlsx : rien n’est importé avant votre accord."_s, u"Vérifier"_s,
+         u"xlsx"_s});
+    const auto import = [this](ProspectImportAnalysis analysis) {
+        m_import->merge(std::move(analysis));
+    };
+    if (path)
+        present<WorkbookCheckView>(m_platform, m_store, *path, import);
+}
+
 void ContentView::importWorkbook(const QString &path) { m_import->run(path); }
 
 void ContentView::openWorkbook(const QString &path)
