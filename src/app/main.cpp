@@ -3,6 +3,7 @@
 #include "app/data_folder.h"
 #include "app/olvak_sms_manual_app.h"
 #include "app/screen.h"
+#include "app/second_start.h"
 #include "model/text_order.h"
 #include "platform/demo/demo_desktop.h"
 #include "platform/linux/color_scheme_setting.h"
@@ -125,6 +126,7 @@ int run(const StartOptions &options)
     ColorSchemeSetting colorScheme(QDBusConnection::sessionBus());
     keepAppearance(options.darkAppearance, colorScheme);
     ContentView window(application.desk(), application.switches(), application.platform());
+    window.setDemonstration(openDemonstration);
     if (const QString notice = desktop->notice(); !notice.isEmpty())
         window.showBanner(notice);
     window.show();

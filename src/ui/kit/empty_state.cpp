@@ -7,10 +7,16 @@
 
 namespace quenoria {
 
+namespace {
+
+constexpr int columns = 2; ///< of buttons
+
+} // namespace
+
 EmptyState::EmptyState(const QString &symbolName, const QString &title, const QString &description,
                        QWidget *parent)
     : QWidget(parent), m_description(makeLabel(description, TextStyle::body, Tint::secondary)),
-      m_buttons(new QHBoxLayout)
+      m_buttons(new QGridLayout)
 {
     auto *column = new QVBoxLayout(this);
     column->setSpacing(8);
@@ -20,9 +26,11 @@ EmptyState::EmptyState(const QString &symbolName, const QString &title, const QS
         label->setAlignment(Qt::AlignHCenter);
         column->addWidget(label);
     }
-    m_buttons->addStretch();
-    m_buttons->addStretch();
-    column->addLayout(m_buttons);
+    auto *row = new QHBoxLayout;
+    row->addStretch();
+    row->addLayout(m_buttons);
+    row->addStretch();
+    column->addLayout(row);
     column->addStretch();
 }
 
@@ -30,7 +38,8 @@ void EmptyState::setDescription(const QString &description) { m_description->set
 
 void EmptyState::addButton(QWidget *button)
 {
-    m_buttons->insertWidget(m_buttons->count() - 1, button);
+    const int others = m_buttons->count();
+    m_buttons->addWidget(button, others / columns, others % columns);
 }
 
 } // namespace quenoria

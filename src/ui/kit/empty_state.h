@@ -2,7 +2,7 @@
 
 #include <QWidget>
 
-class QHBoxLayout;
+class QGridLayout;
 
 namespace quenoria {
 
@@ -18,11 +18,11 @@ public:
                QWidget *parent = nullptr);
 
     void setDescription(const QString &description);
-    void addButton(QWidget *button); ///< in one line under the texts
+    void addButton(QWidget *button); ///< under the texts, two in a line
 
 private:
     TextLabel *m_description;
-    QHBoxLayout *m_buttons;
+    QGridLayout *m_buttons;
 };
 
 } // namespace quenoria

@@ -16,7 +16,7 @@ namespace quenoria {
 
 namespace {
 
-constexpr float selectionStrength = 0.12F;
+constexpr float washStrength = 0.12F;
 constexpr int focusRing = 2;
 constexpr int iconSide = 16;
 constexpr qsizetype mostCharacters = 500; ///< that the widest column could show
@@ -29,6 +29,12 @@ const QStyle *styleOf(const QStyleOptionViewItem &option)
 QString elided(const QFont &font, const QString &text, int width)
 {
     return QFontMetrics(font).elidedText(oneLine(text, mostCharacters), Qt::ElideRight, width);
+}
+
+QColor washOf(QColor color)
+{
+    color.setAlphaF(washStrength);
+    return color;
 }
 
 CellKind kindOf(const QModelIndex &index) { return CellKind(index.data(KindRole).toInt()); }
@@ -54,6 +60,8 @@ void CellDelegate::paint(QPainter *painter, const QStyleOptionViewItem &option,
     painter->save();
     painter->setClipRect(option.rect);
     paintGround(painter, option);
+    if (index.data(ArrivedRole).toBool())
+        painter->fillRect(option.rect, washOf(tintColor(Tint::positive, option.palette)));
     if (!layout.check.isNull())
         paintCheck(painter, option, layout.check, index);
     if (!layout.frame.isNull())
@@ -67,11 +75,8 @@ void CellDelegate::paintGround(QPainter *painter, const QStyleOptionViewItem &op
 {
     const QPalette &palette = option.palette;
     painter->fillRect(option.rect, palette.base());
-    if (option.state & QStyle::State_Selected) {
-        QColor wash = palette.color(QPalette::Highlight);
-        wash.setAlphaF(selectionStrength);
-        painter->fillRect(option.rect, wash);
-    }
+    if (option.state & QStyle::State_Selected)
+        painter->fillRect(option.rect, washOf(palette.color(QPalette::Highlight)));
     painter->fillRect(QRect(option.rect.bottomLeft(), QSize(option.rect.width(), 1)),
                       palette.color(QPalette::Midlight));
     if (option.state & QStyle::State_HasFocus) {

@@ -50,6 +50,7 @@ enum CellRole {
     MarkRole,                ///< ContactMark
     WarningRole,             ///< second line in the colour of a failure
     PlaceholderRole,         ///< shown while the text is empty
+    ArrivedRole,             ///< whether the contact came a moment ago
     SortDirectionRole,       ///< of a header: Qt::SortOrder of the current column, else invalid
 };
 

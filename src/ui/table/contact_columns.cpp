@@ -88,6 +88,13 @@ QString attachmentName(const Cell &cell)
     return cell.store.attachmentName(cell.contact).value_or(QString());
 }
 
+QVariant attachmentPath(const Cell &cell) { return cell.store.attachmentPath(cell.contact); }
+
+void attach(const Cell &cell, const QVariant &path)
+{
+    cell.store.setAttachment(path.toString(), cell.contact);
+}
+
 QString attachmentWarning(const Cell &cell)
 {
     return attachmentIsMissing(cell)
@@ -191,6 +198,7 @@ constexpr ContactColumn checkColumn(const char16_t *header, int width,
             .tickMany = ticks.tickMany,
             .unreachable = ticks.unreachable,
             .keptByTable = ticks.keptByTable,
+            .undoable = ticks.undoable,
             .recordsDates = ticks.recordsDates};
 }
 
@@ -227,7 +235,8 @@ constexpr std::array columns{
                   .value = messageID,
                   .edit = assignMessage,
                   .choices = messages,
-                  .searched = messageTitle},
+                  .searched = messageTitle,
+                  .undoable = true},
     ContactColumn{.header = u"Message e-mail",
                   .width = 180,
                   .kind = CellKind::picker,
@@ -236,16 +245,20 @@ constexpr std::array columns{
                   .value = emailTemplateID,
                   .edit = assignEmailTemplate,
                   .choices = emailTemplates,
-                  .searched = emailTitle},
+                  .searched = emailTitle,
+                  .undoable = true},
     ContactColumn{.header = u"Fichier joint",
                   .width = 220,
                   .kind = CellKind::buttons,
                   .sort = SortColumn::attachment,
                   .text = attachmentName,
+                  .value = attachmentPath,
+                  .edit = attach,
                   .buttons = attachmentButtons,
                   .warning = attachmentWarning,
                   .searched = attachmentName,
-                  .followsDisk = true},
+                  .followsDisk = true,
+                  .undoable = true},
     ContactColumn{.header = u"Adresse e-mail",
                   .width = 230,
                   .sort = SortColumn::email,
@@ -275,7 +288,8 @@ constexpr std::array columns{
                   .value = commentValue,
                   .edit = setComment,
                   .placeholder = u"Ajouter un commentaire",
-                  .searched = comment},
+                  .searched = comment,
+                  .undoable = true},
     ContactColumn{.header = u"Actions",
                   .width = 230,
                   .kind = CellKind::buttons,

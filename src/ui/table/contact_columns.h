@@ -3,6 +3,7 @@
 #include "store/prospect_store.h"
 #include "ui/table/cell_roles.h"
 
+#include <QSet>
 #include <QTimeZone>
 
 #include <span>
@@ -42,6 +43,7 @@ struct TableState {
     IdSet emailUnderWay = {};
     QTimeZone zone = clock.zone();              ///< dates are shown and typed in it
     QHash<QString, bool> attachmentsFound = {}; ///< by contact: what the last look at the disk gave
+    QSet<QString> arrived = {};                 ///< came a moment ago, which is shown
 };
 
 /// One contact, as a column sees it.
@@ -77,6 +79,7 @@ struct ContactColumn {
     bool keptByTable = false;     ///< its ticks are the table's own, and its header ticks all
     bool followsSwitches = false; ///< what it offers depends on the switches
     bool followsDisk = false;     ///< what it shows depends on files of other programs
+    bool undoable = false;        ///< what a hand does in it can be taken back
     bool recordsDates = false;    ///< its ticks stay in the history, so that many are asked about
 };
 

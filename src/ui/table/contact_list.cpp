@@ -72,14 +72,14 @@ void ContactList::sort(SortColumn column, Qt::SortOrder order)
     arrange();
 }
 
-void ContactList::rebuild()
+QSet<QString> ContactList::rebuild()
 {
     std::vector<QString> idsBefore;
     for (const Entry &entry : m_entries)
         idsBefore.push_back(entry.contact.id);
     m_entries.clear();
     m_texts.reset(m_store.allProspects().size());
-    m_entriesById.clear();
+    const auto before = std::exchange(m_entriesById, {});
     m_smsSent = 0;
     m_emailsSent = 0;
     m_entries.reserve(m_store.allProspects().size());
@@ -90,11 +90,17 @@ void ContactList::rebuild()
     filterAnew();
     if (keepOrder(idsBefore)) {
         m_isDisplaced = true;
-        return;
+        return {};
     }
     m_order.resize(m_entries.size());
     std::iota(m_order.begin(), m_order.end(), 0U);
     arrange();
+    QSet<QString> came;
+    for (const Entry &entry : m_entries) {
+        if (!before.contains(entry.contact.id))
+            came.insert(entry.contact.id);
+    }
+    return came;
 }
 
 /// Leaves the rows as they were but for those of contacts that went; false when others came.

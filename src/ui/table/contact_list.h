@@ -4,6 +4,7 @@
 #include "ui/table/search_texts.h"
 
 #include <QCollator>
+#include <QSet>
 
 #include <map>
 #include <set>
@@ -55,8 +56,8 @@ public:
     SortColumn sortColumn() const { return m_sortColumn; }
     Qt::SortOrder sortOrder() const { return m_sortOrder; }
 
-    /// Takes the store's whole list again.
-    void rebuild();
+    /// Takes the store's whole list again; the contacts that were not in it before.
+    QSet<QString> rebuild();
 
     /// Takes the records of one contact again, which may stand in the list more than once; the row
     /// that shows it, or none.

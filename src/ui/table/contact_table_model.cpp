@@ -9,6 +9,8 @@ namespace quenoria {
 
 namespace {
 
+constexpr std::chrono::seconds arrivalShown{3};
+
 const ContactColumn &columnAt(int section) { return contactColumns()[std::size_t(section)]; }
 
 QString headerText(int section) { return QString::fromUtf16(columnAt(section).header); }
@@ -50,8 +52,16 @@ ContactTableModel::ContactTableModel(ProspectStore &store, Switches &switches, c
                                      QObject *parent)
     : QAbstractTableModel(parent),
       m_store(store), m_state{.clock = clock, .emailIsAutomatic = switches.autoValidateEmail()},
-      m_list(store, m_state)
+      m_undo(store, m_state), m_list(store, m_state)
 {
+    m_arrival.setSingleShot(true);
+    m_arrival.setInterval(arrivalShown);
+    connect(&m_arrival, &QTimer::timeout, this, [this] {
+        m_state.arrived.clear();
+        if (rowCount() > 0)
+            Q_EMIT dataChanged(index(0, 0), index(rowCount() - 1, columnCount() - 1),
+                               {ArrivedRole});
+    });
     connect(&store, &ProspectStore::published, this, &ContactTableModel::follow);
     connect(&switches, &Switches::changed, this, [this, &switches] {
         m_state.emailIsAutomatic = switches.autoValidateEmail();
@@ -112,6 +122,8 @@ QVariant ContactTableModel::data(const QModelIndex &index, int role) const
         return offered(column.mark, seen);
     case WarningRole:
         return offered(column.warning, seen);
+    case ArrivedRole:
+        return m_state.arrived.contains(seen.contact.id);
     case PlaceholderRole:
         return QString::fromUtf16(column.placeholder);
     default:
@@ -130,7 +142,9 @@ bool ContactTableModel::setData(const QModelIndex &index, const QVariant &value,
     const Prospect contact = m_list.at(index.row()); // the row may move while the store publishes
     const QVariant edited =
         role == Qt::CheckStateRole ? QVariant(value.toInt() == Qt::Checked) : value;
-    column.edit({m_store, m_state, contact}, edited);
+    m_undo.record(index.column(), {contact.id}, [&] {
+        column.edit({m_store, m_state, contact}, edited);
+    });
     if (column.keptByTable) { // the store announces nothing
         m_allAreTicked.reset();
         Q_EMIT dataChanged(index, index);

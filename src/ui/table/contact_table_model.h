@@ -2,8 +2,10 @@
 
 #include "model/channel.h"
 #include "ui/table/contact_list.h"
+#include "ui/table/undo_list.h"
 
 #include <QAbstractTableModel>
+#include <QTimer>
 
 namespace quenoria {
 
@@ -41,6 +43,9 @@ public:
     /// Ticks or unticks a column of check boxes for many contacts at once.
     ManyContacts tickMany(int column, bool ticked, const IdSet &ids);
 
+    /// The last acts on the cells.
+    UndoList &undoList() { return m_undo; }
+
     IdSet shownContacts() const;
     const QTimeZone &zone() const { return m_state.zone; } ///< of the dates
 
@@ -63,6 +68,9 @@ Q_SIGNALS:
     /// All rows are about to be made anew: what is being typed in one must be kept now.
     void aboutToReplaceRows();
 
+    /// These contacts are new in the list, though a search or a filter may hide them.
+    void arrived(const QSet<QString> &ids);
+
 private:
     void follow(const Change &change);
     void refreshContacts(const IdSet &ids);
@@ -76,8 +84,10 @@ private:
 
     ProspectStore &m_store;
     mutable TableState m_state;
+    UndoList m_undo;
     ContactList m_list;
     bool m_refreshIsDue = false;
+    QTimer m_arrival;                           ///< runs while new contacts are marked
     mutable std::optional<bool> m_allAreTicked; ///< known until something changes
 };
 

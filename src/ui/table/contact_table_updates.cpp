@@ -50,7 +50,9 @@ void ContactTableModel::refreshMany(const IdSet &ids)
 ManyContacts ContactTableModel::tickMany(int column, bool ticked, const IdSet &ids)
 {
     const ContactColumn &descriptor = contactColumns()[std::size_t(column)];
-    ManyContacts outcome = descriptor.tickMany(m_store, m_state, ticked, ids);
+    ManyContacts outcome;
+    m_undo.record(column, ids,
+                  [&] { outcome = descriptor.tickMany(m_store, m_state, ticked, ids); });
     if (descriptor.keptByTable) { // the store announces nothing
         m_allAreTicked.reset();
         announce(&ContactColumn::keptByTable);
@@ -83,10 +85,15 @@ void ContactTableModel::refresh()
     Q_EMIT aboutToReplaceRows();
     beginResetModel();
     m_state.attachmentsFound.clear();
-    m_list.rebuild();
+    const QSet<QString> came = m_list.rebuild();
+    m_state.arrived += came;
     m_allAreTicked.reset();
     endResetModel();
     Q_EMIT changed();
+    if (came.isEmpty())
+        return;
+    m_arrival.start();
+    Q_EMIT arrived(came);
 }
 
 /// The columns that have the property changed in every row.

@@ -41,9 +41,16 @@ ContactTableView::ContactTableView(ContactTableModel &model, QWidget *parent)
     verticalHeader()->setDefaultSectionSize(CellLayout::rowHeight(font()));
     followHeader();
     resetColumnWidths();
-    connect(&model, &ContactTableModel::aboutToReplaceRows, this, &ContactTableView::keepTypedText);
+    connect(&model, &ContactTableModel::aboutToReplaceRows, this, [this] {
+        keepTypedText();
+        keepSight();
+    });
     connect(&model, &ContactTableModel::modelAboutToBeReset, this, &ContactTableView::keepPlace);
     connect(&model, &ContactTableModel::modelReset, this, &ContactTableView::returnToPlace);
+    connect(&model, &ContactTableModel::arrived, this, [this](const QSet<QString> &ids) {
+        if (ids.size() == 1) // many would have to be chosen from
+            reveal(*ids.begin());
+    });
 }
 
 void ContactTableView::followHeader()
@@ -67,26 +74,6 @@ void ContactTableView::keepTypedText()
 {
     if (QWidget *editor = indexWidget(currentIndex()))
         commitData(editor);
-}
-
-// Rows that are replaced as a whole would take the current cell with them.
-
-void ContactTableView::keepPlace()
-{
-    const Prospect *current = currentContact();
-    m_keptContact = current ? current->id : QString();
-    m_keptColumn = currentIndex().column();
-    setHot({});
-}
-
-void ContactTableView::returnToPlace()
-{
-    const int row =
-        m_keptContact.isNull() ? ContactList::none : m_model.contacts().rowOf(m_keptContact);
-    if (row != ContactList::none)
-        selectionModel()->setCurrentIndex(m_model.index(row, m_keptColumn),
-                                          QItemSelectionModel::ClearAndSelect |
-                                              QItemSelectionModel::Rows);
 }
 
 // The contact's column takes the room that the others leave. Where there is none to spare it is as

@@ -28,6 +28,9 @@ public:
     bool selectionIsTicked(int column) const;
     void toggleSelection(int column); ///< asks for its tick, see tickRequested()
 
+    /// Scrolls to the contact, if it is displayed, as far as is needed; the current cell stays.
+    void reveal(const QString &contactId);
+
     /// Writes what is being typed in a cell, which would go with its editor.
     void keepTypedText();
 
@@ -64,9 +67,24 @@ protected:
     void updateGeometries() override;
 
 private:
+    /// What is current and in sight, while the rows are replaced.
+    struct KeptPlace {
+        struct Sight {
+            QString contact;
+            int y; ///< of its row, in the viewport
+        };
+
+        QString contact; ///< the current one
+        int row = 0;
+        int column = 0;
+        std::vector<Sight> sight; ///< empty where a search replaces the rows
+    };
+
     void followHeader();
     void keepPlace();
+    void keepSight();
     void returnToPlace();
+    void returnToSight();
     void fitContactColumn();
     void columnResized(int column, int size);
     int leastContactWidth() const;
@@ -93,8 +111,7 @@ private:
     HotButton m_hot;
     QPersistentModelIndex m_pressed; ///< cell that took the mouse button
     QPersistentModelIndex m_clicked; ///< cell of the last whole click
-    QString m_keptContact;           ///< current one, while the rows are replaced
-    int m_keptColumn = 0;
+    KeptPlace m_kept;
     std::optional<int> m_contactWidth; ///< that the user gave the contact's column
     bool m_isFitting = false;
 };

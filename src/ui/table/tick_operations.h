@@ -13,6 +13,7 @@ struct TickOperations {
     const char16_t *unreachable = u"";
     bool keptByTable = false;
     bool recordsDates = false;
+    bool undoable = false;
 };
 
 QVariant isTickedForDeletion(const Cell &cell);
@@ -44,12 +45,17 @@ inline constexpr TickOperations deletionTicks{.value = isTickedForDeletion,
                                               .edit = tickForDeletion,
                                               .tickMany = tickManyForDeletion,
                                               .keptByTable = true};
-inline constexpr TickOperations stopTicks{isStopped, stop, stopMany};
+inline constexpr TickOperations stopTicks{
+    .value = isStopped, .edit = stop, .tickMany = stopMany, .undoable = true};
 
 template <Channel channel>
 inline constexpr TickOperations selectionTicks{
-    isSelected<channel>, select<channel>, selectMany<channel>, canBeSelected<channel>,
-    channel == Channel::sms ? u"sans numéro" : u"sans adresse"};
+    .value = isSelected<channel>,
+    .edit = select<channel>,
+    .tickMany = selectMany<channel>,
+    .available = canBeSelected<channel>,
+    .unreachable = channel == Channel::sms ? u"sans numéro" : u"sans adresse",
+    .undoable = true};
 
 template <Channel channel>
 inline constexpr TickOperations sentTicks{.value = isSent<channel>,

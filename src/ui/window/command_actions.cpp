@@ -6,6 +6,7 @@
 #include "ui/window/content_view.h"
 
 #include <QAction>
+#include <QMap>
 #include <QMenuBar>
 
 #include <array>
@@ -87,6 +88,16 @@ QList<QAction *> CommandActions::buttons(ButtonPlace place) const
             placed << action;
     }
     return placed;
+}
+
+QList<QAction *> CommandActions::firstSteps() const
+{
+    QMap<int, QAction *> placed;
+    for (const auto &[command, action] : m_commands) {
+        if (command->firstStep > 0)
+            placed[command->firstStep] = action;
+    }
+    return placed.values();
 }
 
 void CommandActions::fillMenuBar(QMenuBar &bar)

@@ -21,6 +21,7 @@ public:
     CommandActions(ContentView &window, Switches &switches);
 
     QList<QAction *> buttons(ButtonPlace place) const;
+    QList<QAction *> firstSteps() const; ///< in their order
     const QList<QAction *> &switches() const { return m_switches; }
     void fillMenuBar(QMenuBar &bar);
     QMenu &menu(MenuPlace place) const { return *m_menus.at(place); } ///< of the bar, once filled

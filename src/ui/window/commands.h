@@ -24,6 +24,7 @@ struct Command {
     void (ContentView::*run)();
     QString HeaderTexts::*countedText = nullptr; ///< takes the place of the text
     bool startsGroup = false;                    ///< in its menu
+    int firstStep = 0; ///< its place among what a window without contacts offers, counted from 1
 };
 
 [[nodiscard]] std::span<const Command> windowCommands();

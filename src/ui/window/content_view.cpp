@@ -61,7 +61,8 @@ ContentView::ContentView(SendDesk &desk, Switches &switches, const Platform &pla
       m_farewell(new Farewell(desk, *m_files, this)),
       m_doubts(new DoubtAlerts(desk, platform.clock.zone(), this)),
       m_header(new WindowHeader(m_commands)), m_table(new ContactTableView(m_model)),
-      m_pages(new TablePages(m_table)), m_filters(new FilterBar(m_model, m_store, platform.clock)),
+      m_pages(new TablePages(m_table, m_commands.firstSteps())),
+      m_filters(new FilterBar(m_model, m_store, platform.clock)),
       m_ticks(new ManyTicks(m_model, this)), m_outcome(new OutcomeLine), m_column(new QVBoxLayout)
 {
     build();
@@ -127,31 +128,13 @@ void ContentView::followModel()
                                TemplatesChanged, DepartmentsChanged, TestNumberChanged>()},
             change);
     });
+    connect(&m_model, &ContactTableModel::arrived, this, &ContentView::tellOfArrival);
     connect(m_header->searchField(), &QLineEdit::textChanged, &m_model,
             &ContactTableModel::setSearchText);
     connect(m_filters, &FilterBar::showAllRequested, this, &ContentView::showAll);
     connect(m_pages, &TablePages::showAllRequested, this, &ContentView::showAll);
     connect(m_header->searchField(), &QLineEdit::returnPressed, m_table,
             qOverload<>(&QWidget::setFocus));
-}
-
-void ContentView::followTable()
-{
-    connect(m_table, &ContactTableView::editRequested, this, &ContentView::editContact);
-    connect(m_table, &ContactTableView::actionRequested, m_rows, &RowActions::perform);
-    connect(m_table, &ContactTableView::tickRequested, this, [this](int column, bool ticked) {
-        m_ticks->tick(column, ticked, m_table->selectedContacts());
-    });
-    connect(m_ticks, &ManyTicks::done, m_outcome, qOverload<const QString &>(&OutcomeLine::tell));
-    connect(m_backups, &BackupCommands::done, m_outcome,
-            qOverload<const QString &>(&OutcomeLine::tell));
-    connect(m_table, &ContactTableView::menuRequested, this,
-            [this](const QString &id, const QPoint &position) {
-                auto *menu = new QMenu(this);
-                menu->setAttribute(Qt::WA_DeleteOnClose);
-                fillContactMenu(*menu, id);
-                menu->popup(position);
-            });
 }
 
 void ContentView::followRowActions()
@@ -184,6 +167,8 @@ void ContentView::followRowActions()
     connect(&m_platform.carriers, &Carriers::composeRequested, this, &ContentView::composeMessage);
     connect(m_import, &WorkbookImport::finished, this,
             [alert](const ImportReport &report) { alert(report.title, report.message); });
+    connect(m_backups, &BackupCommands::done, m_outcome,
+            qOverload<const QString &>(&OutcomeLine::tell));
     connect(m_farewell, &Farewell::ready, this, &ContentView::quit, Qt::QueuedConnection);
     connect(m_farewell, &Farewell::calledOff, this, &ContentView::stayed);
 }
@@ -299,7 +284,7 @@ void ContentView::fillContactMenu(QMenu &menu, const QString &id)
         return fillSelectionMenu(menu, *m_table);
     ContactMenu contents(m_model, id);
     contents.edit = [this, id] { editContact(id); };
-    contents.act = [this, id](RowAction action) { m_rows->perform(action, id); };
+    contents.act = [this, id](RowAction action) { performAction(action, id); };
     contents.fill(menu);
 }
 

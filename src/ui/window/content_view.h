@@ -43,6 +43,10 @@ public:
     /// The same from outside of the window, which may be busy with something else: it says so then.
     void openWorkbook(const QString &path);
 
+    /// How the demonstration is opened: in a process of its own, which touches no file of this one.
+    /// False when it could not be started.
+    void setDemonstration(const std::function<bool()> &start) { m_startDemonstration = start; }
+
     /// Makes the backup of the day a little later, if there is none yet.
     void startBackups();
 
@@ -59,6 +63,7 @@ public:
     void saveBackup();
     void showImportHelp();
     void showGuide();
+    void showDemonstration(); ///< beside this window, with files of its own
     void openDataFolder();
     void manageDepartments();
     void manageMessages();
@@ -72,6 +77,7 @@ public:
     void openSMSQueue();
     void openEmailQueue();
     void deleteTickedContacts();
+    void undoLast();
     void editCurrentContact();
     void showCurrentHistory();
     void copyPhone();
@@ -105,6 +111,9 @@ private:
     void followTable();
     void followRowActions();
     void followMailbox();
+    void undo(int act);
+    void performAction(RowAction action, const QString &id);
+    void tellOfArrival(const QSet<QString> &ids);
     void tellOfFailure(const QString &title, const QString &message,
                        const std::optional<QString> &carrierWords);
     void refresh();
@@ -136,6 +145,8 @@ private:
     OutcomeLine *m_outcome;
     QPointer<GuideWindow> m_guide;
     QVBoxLayout *m_column;
+    std::function<bool()> m_startDemonstration;
+    int m_lastAct = 0; ///< on the table, that can be undone
 };
 
 } // namespace quenoria

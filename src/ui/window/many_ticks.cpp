@@ -78,7 +78,8 @@ void ManyTicks::ask(int column, bool on, const IdSet &ids)
 void ManyTicks::perform(int column, bool on, const IdSet &ids)
 {
     const ManyContacts outcome = m_model.tickMany(column, on, ids);
-    Q_EMIT done(lineOn(outcome, columnAt(column), on));
+    const bool canBeUndone = columnAt(column).undoable && !outcome.changed.empty();
+    Q_EMIT done(lineOn(outcome, columnAt(column), on), canBeUndone);
 }
 
 } // namespace quenoria

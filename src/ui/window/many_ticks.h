@@ -23,7 +23,7 @@ public:
     void tickShown(SortColumn column, bool on); ///< every displayed contact
 
 Q_SIGNALS:
-    void done(const QString &line);
+    void done(const QString &line, bool canBeUndone);
 
 private:
     void ask(int column, bool on, const IdSet &ids);

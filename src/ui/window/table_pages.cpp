@@ -1,9 +1,11 @@
 #include "ui/window/table_pages.h"
 
+#include "ui/kit/button_role.h"
 #include "ui/kit/empty_state.h"
 #include "ui/kit/plain_text.h"
 #include "ui/table/contact_list.h"
 #include "ui/table/contact_table_view.h"
+#include "ui/window/action_button.h"
 
 #include <QPushButton>
 
@@ -32,7 +34,7 @@ QString whatHides(const QString &search, const QStringList &filter)
 
 } // namespace
 
-TablePages::TablePages(ContactTableView *table, QWidget *parent)
+TablePages::TablePages(ContactTableView *table, const QList<QAction *> &firstSteps, QWidget *parent)
     : QStackedWidget(parent), m_table(table),
       m_noContact(new EmptyState(
           u"tablecells.badge.ellipsis"_s, u"Aucun contact pour le moment"_s,
@@ -40,10 +42,16 @@ TablePages::TablePages(ContactTableView *table, QWidget *parent)
           "premier contact (Ctrl+N)."_s)),
       m_nothingFound(new EmptyState(u"magnifyingglass"_s, u"Aucun contact trouvé"_s, {}))
 {
+    for (QAction *step : firstSteps) {
+        auto *button = new ActionButton(step, ActionButton::Look::boxed);
+        if (step == firstSteps.first())
+            makeProminent(button);
+        m_noContact->addButton(button);
+    }
     auto *all = new QPushButton(u"Tout afficher"_s);
     connect(all, &QPushButton::clicked, this, &TablePages::showAllRequested);
     m_nothingFound->addButton(all);
-    for (QWidget *empty : {m_noContact, static_cast<QWidget *>(m_nothingFound)})
+    for (QWidget *empty : {m_noContact, m_nothingFound})
         empty->setSizePolicy(QSizePolicy::Expanding,
                              QSizePolicy::Ignored); // unseen, they take none
     addWidget(m_table);

@@ -2,6 +2,8 @@
 
 #include <QStackedWidget>
 
+class QAction;
+
 namespace quenoria {
 
 class ContactList;
@@ -13,7 +15,9 @@ class TablePages : public QStackedWidget {
     Q_OBJECT
 
 public:
-    explicit TablePages(ContactTableView *table, QWidget *parent = nullptr);
+    /// The first steps are what a window without contacts offers, the most likely one first.
+    TablePages(ContactTableView *table, const QList<QAction *> &firstSteps,
+               QWidget *parent = nullptr);
 
     /// The filter is given in words.
     void follow(const ContactList &contacts, const QStringList &filter);
@@ -24,7 +28,7 @@ Q_SIGNALS:
 
 private:
     QWidget *m_table;
-    QWidget *m_noContact;
+    EmptyState *m_noContact;
     EmptyState *m_nothingFound;
 };
 

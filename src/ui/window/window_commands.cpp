@@ -103,6 +103,14 @@ void ContentView::showGuide()
     m_guide->activateWindow();
 }
 
+void ContentView::showDemonstration()
+{
+    m_outcome->tell(
+        m_startDemonstration && m_startDemonstration()
+            ? u"La démonstration s’ouvre dans une autre fenêtre, avec ses propres fichiers."_s
+            : u"La démonstration n’a pas pu être démarrée. Dans un terminal : quenoria --demo"_s);
+}
+
 void ContentView::openDataFolder()
 {
     const QString folder = m_platform.folders.data();
@@ -128,8 +136,10 @@ void ContentView::applyStopList()
          u"Choisissez un fichier .csv, .xlsx ou .txt avec des numéros ou des adresses e-mail."_s,
          u"Lire"_s,
          {}});
-    if (path)
-        present<StopListView>(m_store, *path);
+    if (!path)
+        return;
+    m_model.undoList().keepStops();
+    present<StopListView>(m_store, *path);
 }
 
 void ContentView::startBackups() { m_backups->startDay(); }

@@ -222,6 +222,50 @@ TEST_F(TableView, TheCurrentCellStaysOnItsContact)
     EXPECT_EQ(view.currentIndex().column(), columnOf(SortColumn::stopped));
 }
 
+TEST_F(TableView, ComingAndGoingContactsLeaveThePlaceAndANewOneIsShown)
+{
+    const auto add = [this](int number) {
+        const QString name = QString::number(number);
+        EXPECT_FALSE(store().add(u"N"_s + name, u"063998"_s + name, {}, u"35"_s, {}));
+    };
+    for (int number = 2000; number < 2060; ++number)
+        add(number);
+    settle();
+    QScrollBar &bar = *view.verticalScrollBar();
+    bar.setValue(view.rowHeight(0) * 30 + 7);
+    const int first = view.rowAt(0);
+    const QModelIndex current = model().index(first + 3, columnOf(SortColumn::stopped));
+    view.setCurrentIndex(current);
+    const QString id = view.currentContact()->id;
+    const int y = view.visualRect(current).y();
+    store().deleteProspects({alix().id, model().contacts().at(first).id});
+    add(1000);
+    add(1001);
+    settle();
+    EXPECT_EQ(view.currentContact()->id, id);
+    EXPECT_EQ(view.visualRect(view.currentIndex()).y(), y);
+    EXPECT_EQ(view.currentIndex().column(), current.column());
+
+    const auto isInSight = [this](const QModelIndex &index) {
+        return view.viewport()->rect().contains(view.visualRect(index));
+    };
+    add(9000);
+    settle();
+    const QModelIndex added = model().index(model().contacts().rowOf(u"0639989000"_s), 0);
+    EXPECT_TRUE(isInSight(added));
+    EXPECT_TRUE(added.data(ArrivedRole).toBool());
+    EXPECT_FALSE(at(chloe(), 0).data(ArrivedRole).toBool());
+    EXPECT_EQ(view.currentContact()->id, id);
+
+    bar.setValue(0);
+    const int row = view.currentIndex().row();
+    ASSERT_FALSE(isInSight(view.currentIndex()));
+    store().deleteProspects({id});
+    settle();
+    EXPECT_EQ(view.currentIndex().row(), row) << "its neighbour is current";
+    EXPECT_EQ(bar.value(), 0);
+}
+
 TEST_F(TableView, AScreenReaderGetsCellsWithTheirState)
 {
     store().setStopped(true, alix());

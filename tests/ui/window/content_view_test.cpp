@@ -75,6 +75,20 @@ TEST_F(Window, EveryCommandHasAButtonAndAMenuEntry)
     }
 }
 
+TEST_F(Window, AnEmptyOneOffersTheFirstSteps)
+{
+    store().deleteProspects(model().shownContacts());
+    settle();
+    for (const char16_t *step :
+         {u"Importer Excel", u"Ajouter un contact", u"Voir la démonstration", u"Moyens d’envoi…"})
+        EXPECT_NE(button(QString::fromUtf16(step)), nullptr)
+            << QString::fromUtf16(step).toStdString();
+    int started = 0;
+    window().setDemonstration([&started] { return ++started > 0; });
+    press(u"Voir la démonstration"_s);
+    EXPECT_EQ(started, 1);
+}
+
 TEST_F(Window, NoShortcutStandsForTwoCommands)
 {
     QSet<QString> taken;

@@ -1,0 +1,79 @@
+// Rows that are replaced as a whole would take the current cell and what is in sight with them.
+
+#include "ui/table/contact_table_model.h"
+#include "ui/table/contact_table_view.h"
+
+#include <QScrollBar>
+
+#include <algorithm>
+
+namespace quenoria {
+
+void ContactTableView::keepPlace()
+{
+    const Prospect *current = currentContact();
+    m_kept.contact = current ? current->id : QString();
+    m_kept.row = currentIndex().row();
+    m_kept.column = currentIndex().column();
+    setHot({});
+}
+
+/// The first contact that is still there afterwards goes where it was: the current one if it can be
+/// seen, else the topmost.
+void ContactTableView::keepSight()
+{
+    m_kept.sight.clear();
+    const int last = rowAt(viewport()->height() - 1);
+    const int end = last < 0 ? m_model.rowCount() : last + 1;
+    for (int row = rowAt(0); row >= 0 && row < end; ++row)
+        m_kept.sight.push_back({m_model.contacts().at(row).id, rowViewportPosition(row)});
+    const Prospect *current = currentContact();
+    const auto isCurrent = [current](const KeptPlace::Sight &each) {
+        return current && each.contact == current->id;
+    };
+    std::ranges::stable_partition(m_kept.sight, isCurrent);
+}
+
+void ContactTableView::returnToPlace()
+{
+    const int sideways = horizontalScrollBar()->value();
+    executeDelayedItemsLayout(); // or the bars do not know the rows yet
+    const bool hadCurrent = !m_kept.contact.isNull();
+    int row = hadCurrent ? m_model.contacts().rowOf(m_kept.contact) : ContactList::none;
+    const bool wasDeleted = row == ContactList::none && !m_kept.sight.empty();
+    if (hadCurrent && wasDeleted) // its neighbour is
+        row = std::min(m_kept.row, m_model.rowCount() - 1);
+    setAutoScroll(m_kept.sight.empty()); // after a search, it is what one looks for
+    if (row >= 0)
+        selectionModel()->setCurrentIndex(m_model.index(row, m_kept.column),
+                                          QItemSelectionModel::ClearAndSelect |
+                                              QItemSelectionModel::Rows);
+    setAutoScroll(true);
+    if (!m_kept.sight.empty()) {
+        returnToSight();
+        horizontalScrollBar()->setValue(sideways);
+    }
+}
+
+void ContactTableView::returnToSight()
+{
+    for (const auto &[contact, y] : std::exchange(m_kept.sight, {})) {
+        const int row = m_model.contacts().rowOf(contact);
+        if (row == ContactList::none)
+            continue;
+        QScrollBar &bar = *verticalScrollBar();
+        return bar.setValue(bar.value() + rowViewportPosition(row) - y);
+    }
+}
+
+void ContactTableView::reveal(const QString &contactId)
+{
+    const int row = m_model.contacts().rowOf(contactId);
+    if (row == ContactList::none)
+        return;
+    const int sideways = horizontalScrollBar()->value();
+    scrollTo(m_model.index(row, 0));
+    horizontalScrollBar()->setValue(sideways);
+}
+
+} // namespace quenoria
