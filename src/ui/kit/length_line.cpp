@@ -86,7 +86,8 @@ void LengthLine::setText(const QString &text)
     m_text = text;
     const SmsLength length = smsLength(text);
     m_parts->setText(u"%1 SMS ·"_s.arg(length.parts));
-    m_count->setText(u"%1 caractères"_s.arg(characterCount(text)));
+    const auto count = characterCount(text);
+    m_count->setText(u"%1 caractère%2"_s.arg(count).arg(count > 1 ? u"s"_s : u""_s));
     m_reason->setText(reason(length.longCharacters));
     m_warning->setText(
         u"Ce texte part en %1 SMS : bien des téléphones le recevront en morceaux."_s.arg(

@@ -45,7 +45,7 @@ const QString many = u"Remplacer par des caractères simples"_s;
 INSTANTIATE_TEST_SUITE_P(
     Texts, Lengths,
     testing::Values(
-        Row{u""_s, u"1 SMS · 0 caractères"_s, {}, {}},
+        Row{u""_s, u"1 SMS · 0 caractère"_s, {}, {}},
         Row{u"Été à 5 €"_s, u"1 SMS · 9 caractères"_s, {}, {}},
         Row{u"l’été "_s.repeated(12), u"2 SMS · 72 caractères · « ’ » impose l’écriture longue"_s,
             u"Remplacer par '"_s, u"l'été "_s.repeated(12)},
