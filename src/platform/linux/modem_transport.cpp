@@ -91,6 +91,11 @@ TransportResult ModemTransport::sendText(MessagesService, const QString &handle,
     return submit(modem, handle, text);
 }
 
+TransportResult ModemTransport::fileRefusal(MessagesService, const QString &) const
+{
+    return TransportFailure{takesNoFile};
+}
+
 TransportResult ModemTransport::sendFile(MessagesService, const QString &, const QString &)
 {
     // A script sends the text first: whoever sent a file after it knows better than to repeat it.

@@ -28,7 +28,9 @@ public:
     [[nodiscard]] TransportResult sendText(MessagesService service, const QString &handle,
                                            const QString &text) override;
 
-    /// Always fails: a modem sends texts alone.
+    /// Always refuses: a modem sends texts alone.
+    [[nodiscard]] TransportResult fileRefusal(MessagesService service,
+                                              const QString &path) const override;
     [[nodiscard]] TransportResult sendFile(MessagesService service, const QString &handle,
                                            const QString &path) override;
 

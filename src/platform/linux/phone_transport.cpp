@@ -18,6 +18,7 @@ const QString noAnswer =
     u"Le téléphone n’a pas répondu à temps : le message est peut-être parti."_s;
 const QString isRefused = u"Le téléphone n’a pas pu envoyer le message."_s;
 const QString daemonRefuses = u"KDE Connect a refusé le message (%1)."_s;
+const QString fileIsUnreadable = u"Le fichier joint « %1 » ne peut pas être lu."_s;
 const QString fileIsGone =
     u"Le fichier joint « %1 » ne peut pas être lu : le texte est déjà parti."_s;
 
@@ -39,6 +40,13 @@ QVariant asVariants(const QVariantList &values)
         list << value.value<QDBusVariant>();
     list.endArray();
     return QVariant::fromValue(list);
+}
+
+/// A file that is not there would be sent as an empty one, with success.
+bool canBeRead(const QString &path)
+{
+    const QFileInfo file(path);
+    return file.isFile() && file.isReadable();
 }
 
 QVariant asFiles(const QStringList &paths)
@@ -65,16 +73,21 @@ TransportResult PhoneTransport::sendText(MessagesService, const QString &handle,
     return submit(handle, text, {});
 }
 
+TransportResult PhoneTransport::fileRefusal(MessagesService, const QString &path) const
+{
+    if (canBeRead(path))
+        return {};
+    return TransportFailure{fileIsUnreadable.arg(path)};
+}
+
 TransportResult PhoneTransport::sendFile(MessagesService, const QString &handle,
                                          const QString &path)
 {
-    // A file that is not there would be sent as an empty one, with success.
-    const QFileInfo file(path);
-    if (!file.isFile() || !file.isReadable())
+    if (!canBeRead(path))
         return TransportFailure{fileIsGone.arg(path), Fate::perhapsSent};
     TransportResult failure = unfitForSms(handle, {});
     if (!failure)
-        failure = submit(handle, {}, {file.absoluteFilePath()});
+        failure = submit(handle, {}, {QFileInfo(path).absoluteFilePath()});
     if (failure)
         failure->fate = Fate::perhapsSent;
     return failure;

@@ -19,6 +19,9 @@ public:
     [[nodiscard]] TransportResult sendText(MessagesService service, const QString &handle,
                                            const QString &text) override;
 
+    [[nodiscard]] TransportResult fileRefusal(MessagesService service,
+                                              const QString &path) const override;
+
     /// Follows a text that has left: a failure leaves the message half sent.
     [[nodiscard]] TransportResult sendFile(MessagesService service, const QString &handle,
                                            const QString &path) override;
