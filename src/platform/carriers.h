@@ -8,6 +8,7 @@
 #include <QObject>
 
 #include <functional>
+#include <optional>
 #include <vector>
 
 namespace quenoria {
@@ -20,11 +21,16 @@ struct Carrier {
     QString id;   ///< stable between two starts; empty for one that cannot be chosen
     QString name; ///< "Huawei E3372"
     CarrierState state = CarrierState::unavailable;
-    QString words;   ///< the state, as the user reads it
-    QString command; ///< what to type in a terminal to get further, or empty
-    QString road;    ///< what leaves the computer, and by which road
+    QString words;                     ///< the state, as the user reads it
+    QString command;                   ///< what to type in a terminal to get further, or empty
+    QString road;                      ///< what leaves the computer, and by which road
+    std::optional<uint> pinTries = {}; ///< before the card blocks, when that is known
+    bool keepsPin = false;             ///< the keyring has its PIN, for when it asks again
     bool operator==(const Carrier &) const = default;
 };
+
+/// What becomes of a PIN once the card took it.
+enum class PinUse { once, kept };
 
 struct ReceivedMessage {
     QString number;
@@ -61,8 +67,10 @@ public:
     /// Whether the choice is fixed, as in a demonstration.
     [[nodiscard]] virtual bool isFixed() const = 0;
 
-    /// Gives the SIM card its PIN, which is kept nowhere; unlocked() tells the outcome.
-    virtual void unlock(const QString &id, const QString &pin) = 0;
+    /// Gives the SIM card its PIN; unlocked() tells the outcome. A PIN that is to be kept goes to
+    /// the keyring, and is given again when the carrier is the chosen one and asks for it.
+    virtual void unlock(const QString &id, const QString &pin, PinUse use) = 0;
+    virtual void forgetPin(const QString &id) = 0;
 
     /// Sends through the chosen carrier, text before file, and finishes with the outcome. The
     /// number and the file may be empty.
@@ -79,6 +87,9 @@ Q_SIGNALS:
     /// Absent: the card took the PIN.
     void unlocked(const std::optional<QString> &refusal);
 
+    /// Whether the keyring took the PIN that it was to keep.
+    void pinKept(bool isKept);
+
     void received(const quenoria::ReceivedMessage &message);
 
     /// The desktop has no application for messages of its own: the window is asked to show this
@@ -86,7 +97,7 @@ Q_SIGNALS:
     void composeRequested(const quenoria::Composition &message);
 
     /// What came of a message that the window composed, in words.
-    void composeAnswered(const QString &outcome);
+    void composeAnswered(const quenoria::Composition &message, const QString &outcome);
 };
 
 } // namespace quenoria

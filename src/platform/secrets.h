@@ -28,6 +28,9 @@ public:
     /// Answers found once the secret is kept.
     [[nodiscard]] virtual QFuture<SecretAnswer::State> keep(const QString &name,
                                                             const QString &secret) = 0;
+
+    /// Answers absent once nothing is kept under that name.
+    [[nodiscard]] virtual QFuture<SecretAnswer::State> forget(const QString &name) = 0;
 };
 
 } // namespace quenoria

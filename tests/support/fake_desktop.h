@@ -158,6 +158,7 @@ struct FakeCarriers : Carriers {
     TransportResult answer;
     std::vector<Composition> sent;
     QStringList pins;
+    PinUse pinUse = PinUse::once;
     MayRead mayRead;
 
     void watch() override {}
@@ -167,7 +168,12 @@ struct FakeCarriers : Carriers {
     bool takesFiles() const override { return files; }
     QString handover() const override { return QStringLiteral("remis au modem"); }
     bool isFixed() const override { return fixed; }
-    void unlock(const QString &, const QString &pin) override { pins << pin; }
+    void unlock(const QString &, const QString &pin, PinUse use) override
+    {
+        pins << pin;
+        pinUse = use;
+    }
+    void forgetPin(const QString &) override { pins.clear(); }
     QFuture<TransportResult> send(const Composition &message) override;
     void listen(const MayRead &question) override { mayRead = question; }
 };

@@ -2,7 +2,7 @@
 messages, and prints what it was given as one JSON object a line.
 
     fake_modem.py abstract:NAME [sim=SIM PIN] [registration=2] [refused=21] [good=1] [delay=1]
-                  [mute=1] [answer=TEXT TO THE FIRST|TEXT TO THE SECOND]"""
+                  [mute=1] [imei=490154203237526] [tries=3] [answer=TEXT TO THE FIRST|TEXT TO THE SECOND]"""
 
 import asyncio
 import json
@@ -27,7 +27,7 @@ ANSWERS = {
 }
 OBEYED = ("E", "V", "X", "&", "Z", "+CMEE=", "+IFC=", "+CSCS=", "+CREG=", "+CGREG=", "+CEREG=",
           "+CMER=", "+CGEREP=", "+CNMI=", "+CPMS=", "+CMGF=", "+CGACT=", "+CUSD=", "+CMGD=",
-          "+COPS=", "+CFUN=")
+          "+COPS=", "+CFUN=", "+CSIM=")
 does = dict(argument.split("=", 1) for argument in sys.argv[2:])
 taken = []
 inbox = []  # PDUs
@@ -75,9 +75,14 @@ def reply(command):
         return "+CME ERROR: 10" if does.get("sim") == "absent" else f"+CPIN: {does.get('sim', 'READY')}"
     if command.startswith("+CPIN="):
         if command[6:].strip('"') != "1234":
+            does["tries"] = str(int(does.get("tries", 3)) - 1)
             return "+CME ERROR: 16"
         does["sim"] = "READY"
         return ""
+    if command == "+CGSN" and "imei" in does:
+        return does["imei"]
+    if command.startswith("+CSIM=10,"):
+        return f'+CSIM: 4,"63C{does.get("tries", 3)}"'
     if command in ("+CREG?", "+CGREG?"):
         return f'{command[:-1]}: 2,{does.get("registration", "1")},"1234","00C0FFEE"'
     if command.startswith("+CMGR="):

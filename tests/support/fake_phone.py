@@ -3,7 +3,7 @@ a connection. Prints what the telephone was asked to send, one JSON object a lin
 listens on a fixed port and calls out: run this in a network namespace.
 
     fake_phone.py KDECONNECTD FOLDER [outcome=sent|failed|none] [frozen=1] [answer=TEXT|TEXT]
-                  [held=TEXT|TEXT]
+                  [held=TEXT|TEXT] [also=IDENTIFIER OF ANOTHER TELEPHONE]
 
 The texts that it holds came earlier, in one conversation with +33639980001."""
 
@@ -14,11 +14,12 @@ import ssl
 import struct
 import subprocess
 import sys
+import threading
 import time
 from pathlib import Path
 
 IDENTIFIER = "_f00df00d_0000_4000_8000_00000000cafe_"
-PATH = "/modules/kdeconnect/devices/" + IDENTIFIER
+PATH = "/modules/kdeconnect/devices/"
 PORT = 1716
 TYPES = {"received": 1, "sent": 2, "failed": 5}
 does = dict(argument.split("=", 1) for argument in sys.argv[3:])
@@ -37,22 +38,23 @@ def packet(kind, body):
     return json.dumps({"id": int(time.time() * 1000), "type": kind, "body": body}).encode() + b"\n"
 
 
-def meet(folder):
+def meet(folder, identifier):
     """Calls the daemon and encrypts the connection; who was called begins as TLS client."""
+    both = folder / f"{identifier}.pem"
     subprocess.run(["openssl", "req", "-x509", "-newkey", "rsa:2048", "-nodes", "-days", "2", "-subj",
-                    f"/O=Quenoria/OU=tests/CN={IDENTIFIER}", "-keyout", folder / "key.pem", "-out",
-                    folder / "cert.pem"], check=True, stderr=subprocess.DEVNULL)
+                    f"/O=Quenoria/OU=tests/CN={identifier}", "-keyout", folder / "key.pem", "-out",
+                    both], check=True, stderr=subprocess.DEVNULL)
     plain = until(lambda: socket.create_connection(("127.0.0.1", PORT)))
     plain.sendall(packet("kdeconnect.identity", {
-        "deviceId": IDENTIFIER, "deviceName": "Téléphone simulé", "deviceType": "phone",
+        "deviceId": identifier, "deviceName": "Téléphone simulé", "deviceType": "phone",
         "protocolVersion": 7, "tcpPort": PORT, "outgoingCapabilities": ["kdeconnect.sms.messages"],
         "incomingCapabilities": ["kdeconnect.sms.request", "kdeconnect.sms.request_conversations",
                                  "kdeconnect.sms.request_conversation"]}))
     context = ssl.SSLContext(ssl.PROTOCOL_TLS_SERVER)
-    context.load_cert_chain(folder / "cert.pem", folder / "key.pem")
+    context.load_cert_chain(both, folder / "key.pem")
     line = context.wrap_socket(plain, server_side=True)
     line.sendall(packet("kdeconnect.pair", {"pair": True}))
-    until(accept_pairing)
+    until(lambda: accept_pairing(identifier))
     return line
 
 
@@ -61,9 +63,9 @@ def call(path, interface, *arguments):
                            *arguments], check=True, capture_output=True, text=True).stdout
 
 
-def accept_pairing():
-    call(PATH, "org.kde.kdeconnect.device", "acceptPairing")
-    if IDENTIFIER not in call("/modules/kdeconnect", "org.kde.kdeconnect.daemon", "devices", "bb",
+def accept_pairing(identifier):
+    call(PATH + identifier, "org.kde.kdeconnect.device", "acceptPairing")
+    if identifier not in call("/modules/kdeconnect", "org.kde.kdeconnect.daemon", "devices", "bb",
                               "true", "true"):
         raise OSError("not yet asked to pair")
 
@@ -79,29 +81,36 @@ def tell(line, *messages):
     line.sendall(packet("kdeconnect.sms.messages", {"version": 2, "messages": messages}))
 
 
+def serve(line, identifier):
+    held = [message("received", "+33639980001", text, thread=8)
+            for text in filter(None, does.get("held", "").split("|"))]
+    for asked in map(json.loads, line.makefile("rb")):
+        if asked["type"] == "kdeconnect.sms.request_conversations":
+            tell(line, *held[-1:])
+        if asked["type"] == "kdeconnect.sms.request_conversation":
+            tell(line, *(held if asked["body"]["threadID"] == 8 else []))
+        if asked["type"] != "kdeconnect.sms.request" or does.get("frozen"):
+            continue
+        body = asked["body"] | {"phone": identifier}
+        print(json.dumps(body, ensure_ascii=False), flush=True)
+        number, text = body["addresses"][0]["address"], body.get("messageBody", "")
+        if does["outcome"] != "none":
+            tell(line, message(does["outcome"], "0" + number.removeprefix("+33"), text))
+        for answer in filter(None, does.get("answer", "").split("|")):
+            tell(line, message("received", number, answer))
+
+
 def main():
     with socket.socket() as any_socket:  # raises the loopback: SIOCSIFFLAGS, IFF_UP
         fcntl.ioctl(any_socket, 0x8914, struct.pack("16sh14x", b"lo", 1))
     daemon = subprocess.Popen([sys.argv[1]], stderr=subprocess.DEVNULL)
     try:
-        line = meet(Path(sys.argv[2]))
+        phones = filter(None, [does.get("also"), IDENTIFIER])
+        lines = {phone: meet(Path(sys.argv[2]), phone) for phone in phones}
         print("prêt", flush=True)
-        held = [message("received", "+33639980001", text, thread=8)
-                for text in filter(None, does.get("held", "").split("|"))]
-        for asked in map(json.loads, line.makefile("rb")):
-            if asked["type"] == "kdeconnect.sms.request_conversations":
-                tell(line, *held[-1:])
-            if asked["type"] == "kdeconnect.sms.request_conversation":
-                tell(line, *(held if asked["body"]["threadID"] == 8 else []))
-            if asked["type"] != "kdeconnect.sms.request" or does.get("frozen"):
-                continue
-            body = asked["body"]
-            print(json.dumps(body, ensure_ascii=False), flush=True)
-            number, text = body["addresses"][0]["address"], body.get("messageBody", "")
-            if does["outcome"] != "none":
-                tell(line, message(does["outcome"], "0" + number.removeprefix("+33"), text))
-            for answer in filter(None, does.get("answer", "").split("|")):
-                tell(line, message("received", number, answer))
+        for phone, line in lines.items():
+            threading.Thread(target=serve, args=(line, phone), daemon=True).start()
+        daemon.wait()
     finally:
         daemon.kill()
 

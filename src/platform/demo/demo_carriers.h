@@ -21,7 +21,8 @@ public:
     [[nodiscard]] bool takesFiles() const override { return true; }
     [[nodiscard]] QString handover() const override;
     [[nodiscard]] bool isFixed() const override { return true; }
-    void unlock(const QString &, const QString &) override {}
+    void unlock(const QString &, const QString &, PinUse) override {}
+    void forgetPin(const QString &) override {}
     [[nodiscard]] QFuture<TransportResult> send(const Composition &message) override;
     void listen(const MayRead &mayRead) override { m_mayRead = mayRead; }
 

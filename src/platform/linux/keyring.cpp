@@ -60,4 +60,14 @@ QFuture<SecretAnswer::State> Keyring::keep(const QString &name, const QString &s
         job, name, [](const QKeychain::WritePasswordJob &done) { return state(done); });
 }
 
+QFuture<SecretAnswer::State> Keyring::forget(const QString &name)
+{
+    return start<SecretAnswer::State>(new QKeychain::DeletePasswordJob(service), name,
+                                      [](const QKeychain::DeletePasswordJob &done) {
+                                          return done.error() == QKeychain::NoError
+                                                     ? SecretAnswer::State::absent
+                                                     : state(done);
+                                      });
+}
+
 } // namespace quenoria

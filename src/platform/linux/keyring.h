@@ -10,6 +10,7 @@ public:
     [[nodiscard]] QFuture<SecretAnswer> read(const QString &name) override;
     [[nodiscard]] QFuture<SecretAnswer::State> keep(const QString &name,
                                                     const QString &secret) override;
+    [[nodiscard]] QFuture<SecretAnswer::State> forget(const QString &name) override;
 };
 
 } // namespace quenoria

@@ -30,7 +30,7 @@ SmsCarriers::Roads smsRoads()
 
 LinuxDesktop::LinuxDesktop(const QString &dataFolder)
     : Desktop(dataFolder, preferencesFile()), m_drafts(QDBusConnection::sessionBus()),
-      m_carriers(m_preferences, smsRoads()), m_copies(m_preferences, m_passwords, m_log),
+      m_carriers(m_preferences, m_keyring, smsRoads()), m_copies(m_preferences, m_passwords, m_log),
       m_smtp(m_clock, m_preferences, m_passwords, m_copies, {.progress = &m_handOver}),
       m_sendmail(m_clock, m_drafts, m_handOver), m_mail(m_smtp, m_sendmail, m_preferences),
       m_mailbox(m_preferences, m_keyring, m_passwords, m_mail, m_copies),

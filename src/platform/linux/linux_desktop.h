@@ -27,13 +27,13 @@ public:
 
 private:
     DraftOpener m_drafts;
+    Keyring m_keyring;
     SmsCarriers m_carriers;
     std::shared_ptr<KnownPasswords> m_passwords = std::make_shared<KnownPasswords>();
     SentCopies m_copies;
     SmtpTransport m_smtp;
     SendmailTransport m_sendmail;
     MailCarrier m_mail;
-    Keyring m_keyring;
     LinuxMailbox m_mailbox;
     LinuxWorkspace m_workspace;
     LinuxSharing m_sharing;

@@ -38,6 +38,9 @@ Modem readModem(const QString &path, const Interfaces &interfaces)
     modem.state = properties.value(u"State"_s).toInt();
     modem.failure = properties.value(u"StateFailedReason"_s).toUInt();
     modem.lock = properties.value(u"UnlockRequired"_s).toUInt();
+    const auto tries = qdbus_cast<QMap<uint, uint>>(properties.value(u"UnlockRetries"_s));
+    if (tries.contains(pin))
+        modem.pinTries = tries.value(pin);
     modem.registration =
         interfaces.value(modemInterface + u".Modem3gpp"_s).value(u"RegistrationState"_s).toUInt();
     modem.hasMessaging = interfaces.contains(messagingInterface);

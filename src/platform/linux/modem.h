@@ -23,9 +23,10 @@ struct Modem {
     QString name;
     QString sim; ///< path of the card's object
     int state = 0;
-    uint failure = 0;      ///< why the state is that of a failure
-    uint lock = 0;         ///< what it waits for while it is locked
-    uint registration = 0; ///< with the mobile network
+    uint failure = 0;             ///< why the state is that of a failure
+    uint lock = 0;                ///< what it waits for while it is locked
+    std::optional<uint> pinTries; ///< before the card blocks, when the card tells
+    uint registration = 0;        ///< with the mobile network
     bool hasMessaging = false;
 
     bool isLocked() const { return state == 2; }

@@ -24,10 +24,34 @@ const QString isStopped = u"ModemManager n’est pas en marche."_s;
 const QString isNotInstalled = u"ModemManager, qui parle aux modems, n’est pas installé."_s;
 const QString isLooking = u"Recherche…"_s;
 const QString pinRefused = u"La carte SIM a refusé ce code PIN."_s;
+const QString pinUnanswered = u"Le modem n’a pas pris le code PIN (%1)."_s;
 const QString isGone = u"Le modem n’est pas branché."_s;
 const QString maysNot = u"Ce compte n’a pas le droit de déverrouiller le modem."_s;
 
 constexpr std::chrono::milliseconds pinLimit{60'000};
+
+QString words(const Modem &modem, const std::optional<QString> &obstacle)
+{
+    if (!obstacle)
+        return modem.isAsleep() ? isAsleep : isReady;
+    if (!modem.asksForPin() || !modem.pinTries)
+        return *obstacle;
+    return *obstacle + u" Il reste %1 essai%2."_s.arg(*modem.pinTries)
+                           .arg(*modem.pinTries > 1 ? u"s"_s : u""_s);
+}
+
+PinAnswer pinAnswer(const QDBusMessage &answer)
+{
+    using enum PinAnswer::Kind;
+    if (answer.type() != QDBusMessage::ErrorMessage)
+        return {taken};
+    const QString error = answer.errorName();
+    if (error.endsWith(u".Unauthorized"_s))
+        return {failed, maysNot};
+    if (error.endsWith(u".IncorrectPassword"_s) || error.endsWith(u".SimPuk"_s))
+        return {wrong, pinRefused};
+    return {failed, pinUnanswered.arg(answer.errorMessage())};
+}
 
 Carrier carrier(const Modem &modem)
 {
@@ -37,9 +61,10 @@ Carrier carrier(const Modem &modem)
             .state = !why                 ? CarrierState::ready
                      : modem.asksForPin() ? CarrierState::asksForPin
                                           : CarrierState::unavailable,
-            .words = why.value_or(modem.isAsleep() ? isAsleep : isReady),
+            .words = words(modem, why),
             .command = {},
-            .road = road};
+            .road = road,
+            .pinTries = modem.pinTries};
 }
 
 } // namespace
@@ -122,18 +147,11 @@ void ModemRoad::unlock(const QString &device, const QString &pin)
 {
     const Modem *locked = modem(device);
     if (!locked) {
-        Q_EMIT unlocked(isGone);
+        Q_EMIT pinAnswered({PinAnswer::Kind::failed, isGone});
         return;
     }
     whenAnswered(m_daemon.ask({locked->sim, simInterface, u"SendPin"_s, {pin}}, pinLimit), this,
-                 [this](const QDBusMessage &answer) {
-                     if (answer.type() != QDBusMessage::ErrorMessage)
-                         Q_EMIT unlocked({});
-                     else if (answer.errorName().endsWith(u".Unauthorized"_s))
-                         Q_EMIT unlocked(maysNot);
-                     else
-                         Q_EMIT unlocked(pinRefused);
-                 });
+                 [this](const QDBusMessage &answer) { Q_EMIT pinAnswered(pinAnswer(answer)); });
 }
 
 void ModemRoad::listen(const QString &device, const MayRead &mayRead)

@@ -125,7 +125,10 @@ std::vector<Carrier> PhoneRoad::found() const
 }
 
 /// A telephone has no card to unlock from here.
-void PhoneRoad::unlock(const QString & /*device*/, const QString & /*pin*/) {}
+void PhoneRoad::unlock(const QString & /*device*/, const QString & /*pin*/)
+{
+    Q_EMIT pinAnswered({});
+}
 
 void PhoneRoad::listen(const QString &device, const MayRead &mayRead)
 {

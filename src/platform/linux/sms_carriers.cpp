@@ -20,6 +20,10 @@ TransportResult sendAll(MessagesTransport &transport, const Composition &message
 {
     const QString number = message.recipients.value(0);
     const QString file = message.file.toLocalFile();
+    if (!file.isEmpty()) {
+        if (auto refusal = transport.fileRefusal(MessagesService::SMS, file))
+            return refusal;
+    }
     if (!message.body.isEmpty()) {
         if (auto failure = transport.sendText(MessagesService::SMS, number, message.body))
             return failure;
@@ -29,15 +33,18 @@ TransportResult sendAll(MessagesTransport &transport, const Composition &message
 
 } // namespace
 
-SmsCarriers::SmsCarriers(Preferences &preferences, Roads roads)
-    : m_preferences(preferences), m_roads(std::move(roads))
+SmsCarriers::SmsCarriers(Preferences &preferences, Secrets &keyring, Roads roads)
+    : m_preferences(preferences), m_pins(preferences, keyring), m_roads(std::move(roads))
 {
     for (const auto &road : m_roads) {
+        connect(road.get(), &SmsRoad::changed, this, &SmsCarriers::giveKeptPin);
         connect(road.get(), &SmsRoad::changed, this, &Carriers::changed);
-        connect(road.get(), &SmsRoad::unlocked, this, &Carriers::unlocked);
+        connect(road.get(), &SmsRoad::pinAnswered, this, &SmsCarriers::takePinAnswer);
         connect(road.get(), &SmsRoad::received, this, &Carriers::received);
     }
     takeChoice();
+    if (SmsRoad *road = resolve(chosen()).road; road && m_pins.has(chosen()))
+        road->watch(); // its card may ask for the PIN at any moment
 }
 
 void SmsCarriers::watch()
@@ -51,6 +58,8 @@ std::vector<Carrier> SmsCarriers::found() const
     std::vector<Carrier> all;
     for (const auto &road : m_roads)
         std::ranges::move(road->found(), std::back_inserter(all));
+    for (Carrier &each : all)
+        each.keepsPin = !each.id.isEmpty() && m_pins.has(each.id);
     const QString choice = chosen();
     if (!choice.isEmpty() && std::ranges::find(all, choice, &Carrier::id) == all.end())
         all.push_back({.id = choice,
@@ -73,6 +82,8 @@ void SmsCarriers::choose(const QString &id)
     m_preferences.setText(choiceKey, id);
     takeChoice();
     listen(mayRead);
+    m_hasOffered = false;
+    giveKeptPin();
     Q_EMIT changed();
 }
 
@@ -111,10 +122,75 @@ QString SmsCarriers::handover() const
     return road ? road->handover() : QString();
 }
 
-void SmsCarriers::unlock(const QString &id, const QString &pin)
+void SmsCarriers::unlock(const QString &id, const QString &pin, PinUse use)
 {
-    if (const auto [road, device] = resolve(id); road)
-        road->unlock(device, pin);
+    give({id, pin, use});
+}
+
+void SmsCarriers::forgetPin(const QString &id)
+{
+    m_pins.forget(id);
+    Q_EMIT changed();
+}
+
+std::optional<Carrier> SmsCarriers::lockedChoice() const
+{
+    const std::vector<Carrier> all = found();
+    const auto choice = std::ranges::find(all, chosen(), &Carrier::id);
+    const bool asks = choice != all.end() && choice->state == CarrierState::asksForPin;
+    return asks ? std::optional(*choice) : std::nullopt;
+}
+
+/// Once each time that the chosen carrier comes to ask for it, and never the last tries but one: a
+/// card that lost some of them was perhaps exchanged for another.
+void SmsCarriers::giveKeptPin()
+{
+    constexpr uint allTries = 3;
+    const std::optional<Carrier> asking = lockedChoice();
+    const bool hadOffered = std::exchange(m_hasOffered, asking.has_value());
+    if (!asking || hadOffered || !asking->keepsPin ||
+        asking->pinTries.value_or(allTries) < allTries)
+        return;
+    m_pins.read(asking->id).then(this, [this, id = asking->id](const std::optional<QString> &pin) {
+        const std::optional<Carrier> still = lockedChoice();
+        if (pin && still && still->id == id)
+            give({id, *pin, PinUse::kept});
+    });
+}
+
+/// One at a time, since each wrong one brings the card nearer to its block.
+void SmsCarriers::give(const GivenPin &given)
+{
+    const auto [road, device] = resolve(given.carrier);
+    if (!road || m_given)
+        return;
+    m_given = given;
+    road->unlock(device, given.pin);
+}
+
+void SmsCarriers::takePinAnswer(const PinAnswer &answer)
+{
+    const GivenPin given = std::exchange(m_given, std::nullopt).value_or(GivenPin());
+    const bool isTaken = answer.kind == PinAnswer::Kind::taken;
+    if (answer.kind == PinAnswer::Kind::wrong)
+        m_pins.forget(given.carrier);
+    Q_EMIT unlocked(isTaken ? std::nullopt : std::optional(answer.words));
+    if (isTaken)
+        settle(given);
+    Q_EMIT changed();
+}
+
+/// What the user said is to become of a PIN that was right.
+void SmsCarriers::settle(const GivenPin &taken)
+{
+    if (taken.use == PinUse::once)
+        return m_pins.forget(taken.carrier);
+    if (m_pins.has(taken.carrier))
+        return;
+    m_pins.keep(taken.carrier, taken.pin).then(this, [this](bool isKept) {
+        Q_EMIT pinKept(isKept);
+        Q_EMIT changed();
+    });
 }
 
 QFuture<TransportResult> SmsCarriers::send(const Composition &message)
@@ -142,6 +218,12 @@ TransportResult SmsCarriers::sendText(MessagesService service, const QString &ha
 {
     const auto carrier = transport();
     return carrier ? carrier->sendText(service, handle, text) : TransportFailure{noService};
+}
+
+TransportResult SmsCarriers::fileRefusal(MessagesService service, const QString &path) const
+{
+    const auto carrier = transport();
+    return carrier ? carrier->fileRefusal(service, path) : TransportFailure{noService};
 }
 
 TransportResult SmsCarriers::sendFile(MessagesService service, const QString &handle,

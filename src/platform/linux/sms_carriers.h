@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/linux/kept_pins.h"
 #include "platform/linux/sms_road.h"
 #include "platform/preferences.h"
 
@@ -15,7 +16,7 @@ class SmsCarriers : public Carriers, public MessagesTransport {
 public:
     using Roads = std::vector<std::unique_ptr<SmsRoad>>;
 
-    SmsCarriers(Preferences &preferences, Roads roads);
+    SmsCarriers(Preferences &preferences, Secrets &keyring, Roads roads);
 
     void watch() override;
     [[nodiscard]] std::vector<Carrier> found() const override;
@@ -24,7 +25,8 @@ public:
     [[nodiscard]] bool takesFiles() const override;
     [[nodiscard]] QString handover() const override;
     [[nodiscard]] bool isFixed() const override { return false; }
-    void unlock(const QString &id, const QString &pin) override;
+    void unlock(const QString &id, const QString &pin, PinUse use) override;
+    void forgetPin(const QString &id) override;
     [[nodiscard]] QFuture<TransportResult> send(const Composition &message) override;
     void listen(const MayRead &mayRead) override;
 
@@ -33,6 +35,8 @@ public:
     [[nodiscard]] bool offers(MessagesService service) const override;
     [[nodiscard]] TransportResult sendText(MessagesService service, const QString &handle,
                                            const QString &text) override;
+    [[nodiscard]] TransportResult fileRefusal(MessagesService service,
+                                              const QString &path) const override;
     [[nodiscard]] TransportResult sendFile(MessagesService service, const QString &handle,
                                            const QString &path) override;
 
@@ -42,11 +46,26 @@ private:
         QString device;
     };
 
+    /// A PIN on its way to a card.
+    struct GivenPin {
+        QString carrier;
+        QString pin;
+        PinUse use = PinUse::once;
+    };
+
     Choice resolve(const QString &id) const;
     std::shared_ptr<MessagesTransport> transport() const;
     void takeChoice();
+    std::optional<Carrier> lockedChoice() const;
+    void giveKeptPin();
+    void give(const GivenPin &given);
+    void takePinAnswer(const PinAnswer &answer);
+    void settle(const GivenPin &taken);
 
     Preferences &m_preferences;
+    KeptPins m_pins;
+    std::optional<GivenPin> m_given; ///< until the card has answered
+    bool m_hasOffered = false;       ///< the kept PIN, since the carrier asks for it
     Roads m_roads;
     MayRead m_mayRead;
     mutable std::mutex m_mutex;

@@ -7,6 +7,17 @@
 
 namespace quenoria {
 
+/// What a card made of its PIN.
+struct PinAnswer {
+    enum class Kind {
+        taken,
+        wrong,  ///< one of its few tries is gone
+        failed, ///< it was not reached
+    };
+    Kind kind = Kind::failed;
+    QString words = {}; ///< why it was not taken
+};
+
 /// One kind of carrier for SMS, with its devices. A further kind is one class like this and one
 /// line where the desktop lists them. It belongs to the main thread and waits for nothing; its
 /// transports work on the threads of scripts.
@@ -32,6 +43,7 @@ public:
     /// Its devices, or one carrier without id that tells why there is none.
     [[nodiscard]] virtual std::vector<Carrier> found() const = 0;
 
+    /// Gives the device's card its PIN, once; pinAnswered() tells the outcome.
     virtual void unlock(const QString &device, const QString &pin) = 0;
 
     /// Of one device; an empty question ends it.
@@ -39,7 +51,7 @@ public:
 
 Q_SIGNALS:
     void changed();
-    void unlocked(const std::optional<QString> &refusal);
+    void pinAnswered(const quenoria::PinAnswer &answer);
     void received(const quenoria::ReceivedMessage &message);
 };
 

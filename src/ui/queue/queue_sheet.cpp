@@ -111,6 +111,8 @@ QWidget *QueueSheet::makeButtons()
     row->addStretch();
     row->addWidget(m_stop);
     row->addWidget(m_primary);
+    m_outcome = new StatusLabel;
+    row->addWidget(m_outcome);
     row->addWidget(m_confirm);
     auto *skip = new QShortcut(Qt::CTRL | Qt::Key_I, this);
     connect(skip, &QShortcut::activated, m_skip, &QPushButton::click);
@@ -192,6 +194,14 @@ void QueueSheet::keyPressEvent(QKeyEvent *event)
         Sheet::keyPressEvent(event);
 }
 
+void QueueSheet::tellOutcome(const Composition &message, const QString &words)
+{
+    const Prospect *contact = m_queue ? m_queue->current() : nullptr;
+    if (contact && m_queue->canConfirm() &&
+        message.recipients.contains(m_channel.recipient(*contact)))
+        m_outcome->setStatus(words, Tint::secondary);
+}
+
 void QueueSheet::refresh()
 {
     const Prospect *contact = m_queue->current();
@@ -262,6 +272,8 @@ void QueueSheet::refreshButtons()
     m_primary->setDisabled(running);
     m_skip->setDisabled(running);
     m_confirm->setEnabled(m_queue->canConfirm());
+    if (!m_queue->canConfirm())
+        m_outcome->setStatus({}, Tint::text);
     m_stop->setVisible(running);
     m_stop->setEnabled(m_queue->isAutomatic());
     next->setDefault(true);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/sharing_services.h"
 #include "ui/kit/sheet.h"
 #include "ui/queue/queue_channel.h"
 
@@ -24,6 +25,10 @@ class QueueSheet : public Sheet {
 
 public:
     ~QueueSheet() override;
+
+    /// Tells beside the confirmation what came of a message that was composed here, when it is
+    /// the current contact's.
+    void tellOutcome(const Composition &message, const QString &words);
 
 Q_SIGNALS:
     /// The user wants to choose by which way messages leave.
@@ -79,6 +84,7 @@ private:
     QPushButton *m_skip;
     QPushButton *m_stop;
     QPushButton *m_primary;
+    StatusLabel *m_outcome; ///< of the prepared message
     QPushButton *m_confirm;
 };
 

@@ -5,11 +5,13 @@
 #include "ui/kit/plain_text.h"
 #include "ui/kit/status_label.h"
 
+#include <QCheckBox>
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QRegularExpressionValidator>
 #include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
@@ -20,7 +22,6 @@ namespace {
 
 constexpr int lineGap = 4;
 constexpr int inset = 26; ///< of the lines under a choice, behind its mark
-constexpr int longestPin = 8;
 
 struct StateLook {
     const char16_t *symbol;
@@ -46,13 +47,18 @@ StateLook look(CarrierState state)
 
 CarrierRow::CarrierRow(const Carrier &carrier, QWidget *parent)
     : QWidget(parent), m_carrier(carrier), m_choice(new QRadioButton), m_state(new StatusLabel),
+      m_keepPin(new QCheckBox(u"Retenir le code PIN dans le trousseau"_s)),
+      m_forgetPin(new QPushButton(u"Oublier le code PIN"_s)),
       m_copy(new QPushButton(u"Copier la commande"_s))
 {
     makePinRow();
     auto *stateRow = new QHBoxLayout;
     stateRow->setContentsMargins(inset, 0, 0, 0);
     stateRow->addWidget(m_state, 1);
-    stateRow->addWidget(m_copy, 0, Qt::AlignTop);
+    for (QPushButton *button : {m_forgetPin, m_copy}) {
+        button->setAutoDefault(false);
+        stateRow->addWidget(button, 0, Qt::AlignTop);
+    }
     auto *roadRow = new QHBoxLayout;
     roadRow->setContentsMargins(inset, 0, 0, 0);
     roadRow->addWidget(makeLabel(carrier.road, TextStyle::footnote, Tint::secondary));
@@ -66,6 +72,7 @@ CarrierRow::CarrierRow(const Carrier &carrier, QWidget *parent)
     connect(m_choice, &QRadioButton::clicked, this, &CarrierRow::chosen);
     connect(m_copy, &QPushButton::clicked, this,
             [this] { QGuiApplication::clipboard()->setText(m_carrier.command); });
+    connect(m_forgetPin, &QPushButton::clicked, this, &CarrierRow::pinForgotten);
 }
 
 void CarrierRow::makePinRow()
@@ -73,14 +80,21 @@ void CarrierRow::makePinRow()
     m_pinRow = new QWidget;
     m_pin = makeField(u"Code PIN de la carte SIM"_s);
     m_pin->setEchoMode(QLineEdit::Password);
-    m_pin->setMaxLength(longestPin);
     auto *unlock = new QPushButton(u"Déverrouiller"_s);
     unlock->setAutoDefault(false);
-    enableWhenFilled(unlock, {m_pin});
-    auto *row = new QHBoxLayout(m_pinRow);
-    row->setContentsMargins(inset, 0, 0, 0);
+    unlock->setEnabled(false);
+    const QRegularExpression code(u"[0-9]{4,8}"_s);
+    m_pin->setValidator(new QRegularExpressionValidator(code, m_pin));
+    connect(m_pin, &QLineEdit::textChanged, unlock,
+            [this, unlock] { unlock->setEnabled(m_pin->hasAcceptableInput()); });
+    auto *row = new QHBoxLayout;
     row->addWidget(m_pin, 1);
     row->addWidget(unlock);
+    auto *column = new QVBoxLayout(m_pinRow);
+    column->setContentsMargins(inset, 0, 0, 0);
+    column->setSpacing(lineGap);
+    column->addLayout(row);
+    column->addWidget(m_keepPin);
     connect(unlock, &QPushButton::clicked, this, &CarrierRow::sendPin);
     connect(m_pin, &QLineEdit::returnPressed, this, &CarrierRow::sendPin);
 }
@@ -88,10 +102,10 @@ void CarrierRow::makePinRow()
 /// The field is emptied first: a card is blocked by three wrong codes, so one press gives one try.
 void CarrierRow::sendPin()
 {
-    const QString pin = m_pin->text().trimmed();
+    const QString pin = m_pin->text();
     m_pin->clear();
     if (!pin.isEmpty())
-        Q_EMIT pinTyped(pin);
+        Q_EMIT pinTyped(pin, m_keepPin->isChecked() ? PinUse::kept : PinUse::once);
 }
 
 void CarrierRow::show(const Carrier &carrier, bool isChosen, bool isFixed)
@@ -104,6 +118,7 @@ void CarrierRow::show(const Carrier &carrier, bool isChosen, bool isFixed)
     m_choice->setEnabled(!carrier.id.isEmpty() && !isFixed);
     m_state->setStatus(carrier.words, shown.tint, QString::fromUtf16(shown.symbol));
     m_pinRow->setVisible(carrier.state == CarrierState::asksForPin && !isFixed);
+    m_forgetPin->setVisible(carrier.keepsPin && !isFixed);
     m_copy->setVisible(!carrier.command.isEmpty());
     m_copy->setToolTip(tipText(carrier.command));
 }

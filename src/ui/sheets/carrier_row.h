@@ -4,6 +4,7 @@
 
 #include <QWidget>
 
+class QCheckBox;
 class QLineEdit;
 class QPushButton;
 class QRadioButton;
@@ -28,7 +29,8 @@ public:
 
 Q_SIGNALS:
     void chosen();
-    void pinTyped(const QString &pin);
+    void pinTyped(const QString &pin, quenoria::PinUse use);
+    void pinForgotten();
 
 private:
     void makePinRow();
@@ -39,6 +41,8 @@ private:
     StatusLabel *m_state;
     QWidget *m_pinRow;
     QLineEdit *m_pin;
+    QCheckBox *m_keepPin;
+    QPushButton *m_forgetPin;
     QPushButton *m_copy;
 };
 

@@ -65,10 +65,10 @@ void NewMessageView::send()
     // object follows the message in its place.
     auto *watcher = new QFutureWatcher<TransportResult>(&m_carriers);
     connect(watcher, &QFutureWatcherBase::finished, &m_carriers,
-            [&carriers = m_carriers, watcher, self = QPointer(this)] {
+            [&carriers = m_carriers, watcher, message = m_message, self = QPointer(this)] {
                 watcher->deleteLater();
                 const QString words = outcomeWords(carriers, watcher->result());
-                Q_EMIT carriers.composeAnswered(words);
+                Q_EMIT carriers.composeAnswered(message, words);
                 if (self)
                     self->showOutcome(watcher->result(), words);
             });

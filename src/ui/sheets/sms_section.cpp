@@ -30,6 +30,7 @@ const QString stopNote =
     "par STOP vous sont proposés dans « Réponses STOP ». Rien d’autre de la messagerie n’est "
     "gardé, "
     "montré ni enregistré."_s;
+const QString isUnlocked = u"La carte SIM est déverrouillée."_s;
 const QString testNote = u"« Tester » envoie un SMS d’essai au numéro de test : %1."_s;
 
 } // namespace
@@ -51,6 +52,7 @@ SmsSection::SmsSection(Carriers &carriers, SendDesk &desk, QWidget *parent)
     addStopReplies(desk);
     connect(&carriers, &Carriers::changed, this, &SmsSection::refresh);
     connect(&carriers, &Carriers::unlocked, this, &SmsSection::showUnlocked);
+    connect(&carriers, &Carriers::pinKept, this, &SmsSection::showPinKept);
     refresh();
     carriers.watch();
 }
@@ -104,12 +106,21 @@ void SmsSection::rebuild(const std::vector<Carrier> &found)
         m_list->addWidget(row);
         m_rows.push_back(row);
         m_choices->addButton(row->choice());
-        connect(row, &CarrierRow::chosen, this, [this, row] { m_carriers.choose(row->id()); });
-        connect(row, &CarrierRow::pinTyped, this, [this, row](const QString &pin) {
-            m_outcome->setStatus(u"Déverrouillage…"_s, Tint::secondary);
-            m_carriers.unlock(row->id(), pin);
-        });
+        follow(row);
     }
+}
+
+void SmsSection::follow(CarrierRow *row)
+{
+    connect(row, &CarrierRow::chosen, this, [this, row] { m_carriers.choose(row->id()); });
+    connect(row, &CarrierRow::pinTyped, this, [this, row](const QString &pin, PinUse use) {
+        m_outcome->setStatus(u"Déverrouillage…"_s, Tint::secondary);
+        m_carriers.unlock(row->id(), pin, use);
+    });
+    connect(row, &CarrierRow::pinForgotten, this, [this, row] {
+        m_outcome->setStatus(u"Le code PIN n’est plus retenu."_s, Tint::secondary);
+        m_carriers.forgetPin(row->id());
+    });
 }
 
 /// One at a time: a second press meets a button that is disabled.
@@ -143,8 +154,17 @@ void SmsSection::showUnlocked(const std::optional<QString> &refusal)
 {
     if (refusal)
         return m_outcome->setStatus(*refusal, Tint::negative, u"exclamationmark.triangle.fill"_s);
-    m_outcome->setStatus(u"La carte SIM est déverrouillée."_s, Tint::positive,
-                         u"checkmark.circle.fill"_s);
+    m_outcome->setStatus(isUnlocked, Tint::positive, u"checkmark.circle.fill"_s);
+}
+
+void SmsSection::showPinKept(bool isKept)
+{
+    if (isKept)
+        return m_outcome->setStatus(isUnlocked + u" Le code PIN est dans le trousseau."_s,
+                                    Tint::positive, u"checkmark.circle.fill"_s);
+    m_outcome->setStatus(isUnlocked + u" Aucun trousseau n’est ouvert sur ce bureau : le code PIN "
+                                      "n’est pas retenu."_s,
+                         Tint::negative, u"exclamationmark.triangle.fill"_s);
 }
 
 } // namespace quenoria

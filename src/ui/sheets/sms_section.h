@@ -29,6 +29,8 @@ private:
     void test();
     void showOutcome(const TransportResult &result);
     void showUnlocked(const std::optional<QString> &refusal);
+    void showPinKept(bool isKept);
+    void follow(CarrierRow *row);
 
     Carriers &m_carriers;
     ProspectStore &m_store;

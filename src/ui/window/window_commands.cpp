@@ -158,6 +158,7 @@ void ContentView::openEmailQueue()
 void ContentView::presentQueue(QueueSheet &queue)
 {
     connect(&queue, &QueueSheet::carriersRequested, this, &ContentView::chooseCarriers);
+    connect(&m_platform.carriers, &Carriers::composeAnswered, &queue, &QueueSheet::tellOutcome);
     connect(&queue, &QueueSheet::stopRepliesRequested, this, &ContentView::showStopReplies);
     queue.present();
 }

@@ -2,6 +2,9 @@
 #include "model/sms_length.h"
 #include "platform/linux/modem_road.h"
 #include "platform/linux/modem_transport.h"
+#include "platform/linux/sms_carriers.h"
+#include "support/fake_desktop.h"
+#include "support/fake_keyring.h"
 
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -21,24 +24,24 @@ class ModemBench : public Bench {
 protected:
     void startModem(const QStringList &conduct = {})
     {
-        const QString port = u"abstract:"_s + folder.path().section(u'/', -1);
         start(daemon, u"/usr/sbin/ModemManager"_s,
               {u"--test-session"_s, u"--test-enable"_s, u"--test-no-udev"_s,
                u"--test-no-suspend-resume"_s, u"--test-no-qrtr"_s, u"--no-auto-scan"_s});
-        start(peer, u"/usr/bin/python3"_s,
-              QStringList{support(u"fake_modem.py"_s), port} + conduct);
-        ASSERT_EQ(line(), u"prêt"_s);
-        const QStringList ports{port};
-        ASSERT_TRUE(QTest::qWaitFor(
-            [&] {
-                return order({modemRoot,
-                              modemManager + u".Test"_s,
-                              u"SetProfile"_s,
-                              {u"quenoria"_s, u"generic"_s, ports}});
-            },
-            patience));
+        plug(peer, u"one"_s, conduct);
         road.watch();
         ASSERT_TRUE(QTest::qWaitFor([this] { return !carrier().id.isEmpty(); }, patience));
+    }
+
+    void plug(QProcess &modem, const QString &name, const QStringList &conduct)
+    {
+        const QStringList ports{u"abstract:"_s + folder.path().section(u'/', -1) + name};
+        start(modem, u"/usr/bin/python3"_s,
+              QStringList{support(u"fake_modem.py"_s), ports[0]} + conduct);
+        ASSERT_TRUE(modem.waitForReadyRead());
+        ASSERT_EQ(QString::fromUtf8(modem.readLine()).trimmed(), u"prêt"_s);
+        const BusOrder find{
+            modemRoot, modemManager + u".Test"_s, u"SetProfile"_s, {name, u"generic"_s, ports}};
+        ASSERT_TRUE(QTest::qWaitFor([&] { return order(find); }, patience));
     }
 
     bool order(const BusOrder &what)
@@ -151,7 +154,18 @@ TEST_F(ModemBench, DialsNothingButNumbersAndTakesNoFile)
          {u"abc"_s, u"+33 6"_s, u"06;1"_s, u"12"_s, u"+33639980001\n"_s, u"٠٦٣٩"_s})
         EXPECT_TRUE(transport.sendText(MessagesService::SMS, odd, u"a"_s)) << odd.toStdString();
     EXPECT_TRUE(transport.sendText(MessagesService::SMS, handle, u"a"_s + QChar(0) + u'b'));
-    EXPECT_TRUE(transport.sendFile(MessagesService::SMS, handle, folder.path()));
+    MemoryPreferences preferences;
+    FakeKeyring keyring;
+    SmsCarriers::Roads roads;
+    roads.push_back(std::make_unique<ModemRoad>(application()));
+    SmsCarriers carriers(preferences, keyring, std::move(roads));
+    carriers.choose(u"modem:"_s + equipment);
+    const QString file = folder.filePath(u"bus"_s);
+    const QString noFile = u"Ce transport n’envoie pas de fichier. Retirez le fichier joint, ou "
+                           "choisissez le téléphone."_s;
+    EXPECT_EQ(outcome(carriers.fileRefusal(MessagesService::SMS, file)), noFile);
+    EXPECT_EQ(outcome(carriers.send({{handle}, {}, u"a"_s, QUrl::fromLocalFile(file)}).result()),
+              noFile);
     EXPECT_EQ(lineCount(), 0);
     const QString other = outcome(ModemTransport(application(), u"1"_s, limits)
                                       .sendText(MessagesService::SMS, handle, u"a"_s));
@@ -162,16 +176,19 @@ TEST_F(ModemBench, ThePinOpensTheCardAndTheListFollows)
 {
     startModem({u"sim=SIM PIN"_s});
     EXPECT_EQ(carrier().state, CarrierState::asksForPin);
-    QSignalSpy answers(&road, &SmsRoad::unlocked);
-    std::vector<std::optional<QString>> heard;
-    QObject::connect(&road, &SmsRoad::unlocked,
-                     [&heard](const auto &why) { heard.push_back(why); });
-    road.unlock(equipment, u"0000"_s);
-    ASSERT_TRUE(answers.wait(patience));
-    road.unlock(equipment, u"1234"_s);
-    ASSERT_TRUE(answers.wait(patience));
-    EXPECT_EQ(heard[0], u"La carte SIM a refusé ce code PIN."_s);
-    EXPECT_EQ(heard[1], std::nullopt);
+    using enum PinAnswer::Kind;
+    QSignalSpy answers(&road, &SmsRoad::pinAnswered);
+    std::vector<PinAnswer::Kind> heard;
+    QObject::connect(&road, &SmsRoad::pinAnswered,
+                     [&heard](const PinAnswer &answer) { heard.push_back(answer.kind); });
+    uint tries = 3;
+    for (const auto &pin : {u"0000"_s, u"1234"_s}) {
+        EXPECT_TRUE(QTest::qWaitFor([&] { return carrier().pinTries == tries; }, patience));
+        --tries;
+        road.unlock(equipment, pin);
+        ASSERT_TRUE(answers.wait(patience));
+    }
+    EXPECT_EQ(heard, (std::vector{wrong, taken}));
     EXPECT_TRUE(
         QTest::qWaitFor([this] { return carrier().state == CarrierState::ready; }, patience));
     EXPECT_EQ(send(u"a"_s), u"parti"_s);
@@ -179,6 +196,26 @@ TEST_F(ModemBench, ThePinOpensTheCardAndTheListFollows)
     EXPECT_TRUE(QTest::qWaitFor([this] { return carrier().state == CarrierState::notInstalled; },
                                 patience));
     EXPECT_EQ(send(u"a"_s), u"Le service des modems (ModemManager) n’est pas en marche."_s);
+}
+
+TEST_F(ModemBench, SendsThroughTheModemThatWasChosenAmongSeveral)
+{
+    const QString second = u"490154203237526"_s;
+    startModem();
+    QProcess other;
+    plug(other, u"two"_s, {u"imei="_s + second});
+    const auto isThere = [&] {
+        return std::ranges::count(road.found(), u"modem:"_s + second, &Carrier::id) == 1;
+    };
+    ASSERT_TRUE(QTest::qWaitFor(isThere, patience));
+    const auto chosen = road.transport(second);
+    const auto sendText = [&] { return chosen->sendText(MessagesService::SMS, handle, u"a"_s); };
+    EXPECT_EQ(outcome(await(sendText)), u"parti"_s);
+    EXPECT_TRUE(other.waitForReadyRead());
+    other.kill(); // and no other takes its place
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !isThere(); }, patience));
+    EXPECT_EQ(outcome(await(sendText)), u"Le modem n’est pas branché."_s);
+    EXPECT_EQ(lineCount(), 0);
 }
 
 TEST_F(ModemBench, SaysThatThereIsNothingWithoutABus)

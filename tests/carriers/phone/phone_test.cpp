@@ -112,8 +112,22 @@ TEST_F(PhoneBench, GivesThePhoneTheNumberAndTheWholeFile)
     EXPECT_EQ(taken[u"addresses"_s][0][u"address"_s], handle);
     const QJsonValue sent = taken[u"attachments"_s][0];
     EXPECT_EQ(QByteArray::fromBase64(sent[u"base64EncodedFile"_s].toString().toLatin1()), "octets");
-    EXPECT_TRUE(sendFile(folder.filePath(u"parti.pdf"_s)).startsWith(u"? Le fichier joint"_s));
+    const QString gone = folder.filePath(u"parti.pdf"_s);
+    EXPECT_TRUE(transport->fileRefusal(MessagesService::SMS, gone)) << "before the text";
+    EXPECT_TRUE(sendFile(gone).startsWith(u"? Le fichier joint"_s));
     EXPECT_EQ(lineCount(), 0);
+}
+
+TEST_F(PhoneBench, SendsThroughTheTelephoneThatWasChosenAmongSeveral)
+{
+    const QString second = u"_f00df00d_0000_4000_8000_00000000beef_"_s;
+    startPhone({u"outcome=sent"_s, u"also="_s + second});
+    ASSERT_TRUE(QTest::qWaitFor([this] { return road.found().size() == 2; }, patience));
+    for (const QString &chosen : {second, device}) {
+        transport = std::make_unique<PhoneTransport>(application(), chosen, 20s);
+        EXPECT_EQ(send(u"a"_s), u"parti"_s);
+        EXPECT_EQ(QJsonDocument::fromJson(line().toUtf8())[u"phone"_s], chosen);
+    }
 }
 
 /// What came while the program was not running, and what it had heard before.

@@ -2,6 +2,7 @@
 #include "platform/linux/mail_carrier.h"
 #include "platform/linux/sent_folder.h"
 #include "support/fake_desktop.h"
+#include "support/fake_keyring.h"
 
 #include <QCryptographicHash>
 #include <QDir>
@@ -287,26 +288,6 @@ TEST_F(OwnMailbox, CarriesSixtyMegabytes)
     const QByteArray hash = QCryptographicHash::hash(bytes, QCryptographicHash::Sha256);
     EXPECT_EQ(received()[u"files"_s][u"grand"_s].toString(), QString::fromLatin1(hash.toHex()));
 }
-
-struct FakeKeyring : Secrets {
-    SecretAnswer::State state = SecretAnswer::State::absent;
-    std::map<QString, QString> kept;
-
-    QFuture<SecretAnswer> read(const QString &name) override
-    {
-        const bool known = state != SecretAnswer::State::noKeyring && kept.contains(name);
-        return QtFuture::makeReadyFuture(
-            known ? SecretAnswer{SecretAnswer::State::found, kept[name]} : SecretAnswer{state, {}});
-    }
-
-    QFuture<SecretAnswer::State> keep(const QString &name, const QString &secret) override
-    {
-        if (state == SecretAnswer::State::noKeyring)
-            return QtFuture::makeReadyFuture(state);
-        kept[name] = secret;
-        return QtFuture::makeReadyFuture(SecretAnswer::State::found);
-    }
-};
 
 TEST_F(OwnMailbox, KeepsThePasswordInTheKeyringAndForItsServerOnly)
 {

@@ -109,7 +109,11 @@ TEST_F(QueueSheets, WorkByHandInTheOrderOfTheLabels)
     EXPECT_TRUE(shows(u"Messages n’a pas pu être ouvert."_s));
     desktop.workspace.accepts = true;
     press(u"Préparer ce SMS"_s);
+    sheet->tellOutcome({{u"+33639980011"_s}, {}, {}, {}}, u"Remis au modem à 14:02"_s);
+    sheet->tellOutcome({{u"+33639980010"_s}, {}, {}, {}}, u"d’un autre"_s);
+    EXPECT_TRUE(shows(u"Remis au modem à 14:02"_s));
     press(u"Envoyé, suivant"_s);
+    EXPECT_FALSE(shows(u"Remis au modem à 14:02"_s));
     EXPECT_TRUE(shows(u"b"_s) && shows(u"Contact 2 sur 3"_s) && shows(u"1/250 ce mois"_s));
     press(u"Ignorer"_s);
     press(u"Ignorer"_s);

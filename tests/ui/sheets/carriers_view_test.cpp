@@ -69,9 +69,18 @@ TEST_F(CarriersSheet, ChoosesUnlocksAndTestsTheCarrier)
     probe.type(u"Code PIN de la carte SIM"_s, u"1234"_s);
     carriers.carriers[0].words = u"Attend toujours"_s;
     Q_EMIT carriers.changed();
+    EXPECT_FALSE(probe.shows(u"Oublier"_s));
+    sheet.findChild<QCheckBox *>()->click();
     probe.press(u"Déverrouiller"_s);
     probe.press(u"Déverrouiller"_s);
     EXPECT_EQ(carriers.pins, QStringList{u"1234"_s}) << "typed before a change, and given once";
+    EXPECT_EQ(carriers.pinUse, PinUse::kept);
+    carriers.carriers[0].keepsPin = true;
+    Q_EMIT carriers.pinKept(true);
+    Q_EMIT carriers.changed();
+    EXPECT_TRUE(probe.shows(u"Le code PIN est dans le trousseau."_s));
+    probe.press(u"Oublier le code PIN"_s);
+    EXPECT_TRUE(carriers.pins.isEmpty());
     probe.press(u"Tester"_s);
     settle();
     ASSERT_EQ(carriers.sent.size(), 1U);
@@ -179,7 +188,7 @@ TEST_P(NewMessage, IsSentOnceUnlessItCertainlyStayed)
     desktop.carriers.answer = GetParam().result;
     QStringList told;
     QObject::connect(&desktop.carriers, &Carriers::composeAnswered,
-                     [&told](const QString &words) { told << words; });
+                     [&told](const Composition &, const QString &words) { told << words; });
     NewMessageView sheet(desktop.carriers, {{u"+33639980077"_s}, {}, u"l’été"_s, {}}, nullptr);
     const Probe probe(sheet);
     probe.press(u"Remplacer par '"_s);
