@@ -1,5 +1,6 @@
 #include "platform/linux/sms_carriers.h"
 
+#include <QHash>
 #include <QtConcurrent>
 
 using namespace Qt::StringLiterals;
@@ -14,6 +15,22 @@ const QString noService = u"Aucun service Messages actif"_s;
 QString storedChoice(const Preferences &preferences)
 {
     return preferences.text(choiceKey).value_or(QString());
+}
+
+/// Two devices of one model also tell the end of what sets them apart: "Huawei E3372 (…7526)".
+void tellApart(std::vector<Carrier> &carriers)
+{
+    constexpr qsizetype told = 4;
+    QHash<QString, int> named;
+    for (const Carrier &each : carriers)
+        ++named[each.name];
+    for (Carrier &each : carriers) {
+        if (each.id.isEmpty() || named.value(each.name) == 1)
+            continue;
+        QString end = each.id;
+        end.remove(u'_'); // around the identifiers of telephones
+        each.name += u" (…%1)"_s.arg(end.right(told));
+    }
 }
 
 TransportResult sendAll(MessagesTransport &transport, const Composition &message)
@@ -58,6 +75,7 @@ std::vector<Carrier> SmsCarriers::found() const
     std::vector<Carrier> all;
     for (const auto &road : m_roads)
         std::ranges::move(road->found(), std::back_inserter(all));
+    tellApart(all);
     for (Carrier &each : all)
         each.keepsPin = !each.id.isEmpty() && m_pins.has(each.id);
     const QString choice = chosen();

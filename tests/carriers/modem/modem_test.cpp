@@ -44,6 +44,13 @@ protected:
         ASSERT_TRUE(QTest::qWaitFor([&] { return order(find); }, patience));
     }
 
+    SmsCarriers::Roads roads()
+    {
+        SmsCarriers::Roads all;
+        all.push_back(std::make_unique<ModemRoad>(application()));
+        return all;
+    }
+
     bool order(const BusOrder &what)
     {
         return BusService(application(), modemManager).call(what).type() ==
@@ -58,6 +65,9 @@ protected:
             await([this, text] { return transport.sendText(MessagesService::SMS, handle, text); }));
     }
 
+    MemoryPreferences preferences;
+    FakeKeyring keyring;
+    SmsCarriers carriers{preferences, keyring, roads()};
     ModemRoad road{application()};
     ModemTransport::Limits limits{330s, 1s};
     ModemTransport transport{application(), equipment, limits};
@@ -154,11 +164,6 @@ TEST_F(ModemBench, DialsNothingButNumbersAndTakesNoFile)
          {u"abc"_s, u"+33 6"_s, u"06;1"_s, u"12"_s, u"+33639980001\n"_s, u"٠٦٣٩"_s})
         EXPECT_TRUE(transport.sendText(MessagesService::SMS, odd, u"a"_s)) << odd.toStdString();
     EXPECT_TRUE(transport.sendText(MessagesService::SMS, handle, u"a"_s + QChar(0) + u'b'));
-    MemoryPreferences preferences;
-    FakeKeyring keyring;
-    SmsCarriers::Roads roads;
-    roads.push_back(std::make_unique<ModemRoad>(application()));
-    SmsCarriers carriers(preferences, keyring, std::move(roads));
     carriers.choose(u"modem:"_s + equipment);
     const QString file = folder.filePath(u"bus"_s);
     const QString noFile = u"Ce transport n’envoie pas de fichier. Retirez le fichier joint, ou "
@@ -204,10 +209,12 @@ TEST_F(ModemBench, SendsThroughTheModemThatWasChosenAmongSeveral)
     startModem();
     QProcess other;
     plug(other, u"two"_s, {u"imei="_s + second});
+    carriers.watch();
     const auto isThere = [&] {
-        return std::ranges::count(road.found(), u"modem:"_s + second, &Carrier::id) == 1;
+        return std::ranges::count(carriers.found(), u"modem:"_s + second, &Carrier::id) == 1;
     };
     ASSERT_TRUE(QTest::qWaitFor(isThere, patience));
+    EXPECT_EQ(carriers.found()[1].name, u"Quenoria Modem simule (…7526)"_s);
     const auto chosen = road.transport(second);
     const auto sendText = [&] { return chosen->sendText(MessagesService::SMS, handle, u"a"_s); };
     EXPECT_EQ(outcome(await(sendText)), u"parti"_s);
