@@ -6,6 +6,7 @@
 #include "ui/sheets/sms_section.h"
 
 #include <QBoxLayout>
+#include <QPushButton>
 
 using namespace Qt::StringLiterals;
 
@@ -27,6 +28,8 @@ CarriersView::CarriersView(const Platform &platform, SendDesk &desk, QWidget *pa
     column()->addWidget(new SmsSection(platform.carriers, desk));
     column()->addWidget(m_mail);
     column()->addStretch();
+    for (QPushButton *button : findChildren<QPushButton *>())
+        button->setAutoDefault(false); // Enter in a field acts there and leaves the sheet open
 }
 
 bool CarriersView::hasUnsavedInput() const { return m_mail->hasUnsavedInput(); }
