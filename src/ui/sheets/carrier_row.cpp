@@ -49,7 +49,8 @@ CarrierRow::CarrierRow(const Carrier &carrier, QWidget *parent)
     : QWidget(parent), m_carrier(carrier), m_choice(new QRadioButton), m_state(new StatusLabel),
       m_keepPin(new QCheckBox(u"Retenir le code PIN dans le trousseau"_s)),
       m_forgetPin(new QPushButton(u"Oublier le code PIN"_s)),
-      m_copy(new QPushButton(u"Copier la commande"_s))
+      m_copy(new QPushButton(u"Copier la commande"_s)),
+      m_road(makeLabel({}, TextStyle::footnote, Tint::secondary))
 {
     makePinRow();
     auto *stateRow = new QHBoxLayout;
@@ -61,7 +62,7 @@ CarrierRow::CarrierRow(const Carrier &carrier, QWidget *parent)
     }
     auto *roadRow = new QHBoxLayout;
     roadRow->setContentsMargins(inset, 0, 0, 0);
-    roadRow->addWidget(makeLabel(carrier.road, TextStyle::footnote, Tint::secondary));
+    roadRow->addWidget(m_road);
     auto *column = new QVBoxLayout(this);
     column->setContentsMargins({});
     column->setSpacing(lineGap);
@@ -116,6 +117,7 @@ void CarrierRow::show(const Carrier &carrier, bool isChosen, bool isFixed)
     m_choice->setAccessibleDescription(carrier.words);
     m_choice->setChecked(isChosen);
     m_choice->setEnabled(!carrier.id.isEmpty() && !isFixed);
+    m_road->setText(carrier.road);
     m_state->setStatus(carrier.words, shown.tint, QString::fromUtf16(shown.symbol));
     m_pinRow->setVisible(carrier.state == CarrierState::asksForPin && !isFixed);
     m_forgetPin->setVisible(carrier.keepsPin && !isFixed);

@@ -12,6 +12,7 @@ class QRadioButton;
 namespace quenoria {
 
 class StatusLabel;
+class TextLabel;
 
 /// One carrier as the user chooses it: its name, its state, what it asks for, and by which road
 /// it sends.
@@ -44,6 +45,7 @@ private:
     QCheckBox *m_keepPin;
     QPushButton *m_forgetPin;
     QPushButton *m_copy;
+    TextLabel *m_road;
 };
 
 } // namespace quenoria

@@ -153,7 +153,7 @@ void MailSection::refresh()
     const bool isMailbox = m_settings.road() == MailRoad::mailbox;
     const MailboxAccount typed = m_form->account();
     m_save->setEnabled(hasUnsavedInput());
-    m_test->setEnabled(!m_isTesting && !m_mailbox.isFixed() &&
+    m_test->setEnabled(!m_mailbox.isFixed() &&
                        (isMailbox ? typed.isComplete() : !typed.senderAddress.isEmpty()));
 }
 
@@ -194,19 +194,23 @@ void MailSection::showPlace(const QFuture<PasswordPlace> &answer)
     watcher->setFuture(answer);
 }
 
-/// One at a time: a second press meets a button that is disabled.
+/// One at a time. The button stays enabled: it would give its focus, and the view, to another.
 void MailSection::test()
 {
+    if (m_isTesting)
+        return;
     save();
     m_isTesting = true;
     refresh();
     m_outcome->setStatus(u"Envoi de l’e-mail d’essai…"_s, Tint::secondary);
+    reveal(m_outcome);
     auto *watcher = new QFutureWatcher<TransportResult>(this);
     connect(watcher, &QFutureWatcherBase::finished, this, [this, watcher] {
         watcher->deleteLater();
         m_isTesting = false;
         refresh();
         showOutcome(watcher->result());
+        reveal(m_outcome);
     });
     watcher->setFuture(m_mailbox.sendTest());
 }

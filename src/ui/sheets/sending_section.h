@@ -15,6 +15,9 @@ protected:
 
     QBoxLayout *column() const { return m_column; }
 
+    /// Scrolls the sheet to an outcome that has just appeared, once it has its place.
+    void reveal(QWidget *outcome);
+
 private:
     QBoxLayout *m_column;
 };

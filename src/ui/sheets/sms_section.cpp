@@ -93,7 +93,7 @@ void SmsSection::refresh()
         m_rows[each]->show(found[each], !chosen.isEmpty() && found[each].id == chosen,
                            m_carriers.isFixed());
     m_none->setChecked(chosen.isEmpty());
-    m_test->setEnabled(!chosen.isEmpty() && !m_isTesting);
+    m_test->setEnabled(!chosen.isEmpty());
 }
 
 void SmsSection::rebuild(const std::vector<Carrier> &found)
@@ -123,18 +123,22 @@ void SmsSection::follow(CarrierRow *row)
     });
 }
 
-/// One at a time: a second press meets a button that is disabled.
+/// One at a time. The button stays enabled: it would give its focus, and the view, to another.
 void SmsSection::test()
 {
+    if (m_isTesting)
+        return;
     m_isTesting = true;
     refresh();
     m_outcome->setStatus(u"Envoi du SMS d’essai…"_s, Tint::secondary);
+    reveal(m_outcome);
     auto *watcher = new QFutureWatcher<TransportResult>(this);
     connect(watcher, &QFutureWatcherBase::finished, this, [this, watcher] {
         watcher->deleteLater();
         m_isTesting = false;
         refresh();
         showOutcome(watcher->result());
+        reveal(m_outcome);
     });
     watcher->setFuture(
         m_carriers.send({{messagingHandle(m_store.testNumber())}, {}, testText, {}}));

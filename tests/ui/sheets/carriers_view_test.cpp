@@ -67,9 +67,9 @@ TEST_F(CarriersSheet, ChoosesUnlocksAndTestsTheCarrier)
     EXPECT_EQ(carriers.choice, u"modem:1"_s);
     EXPECT_FALSE(choice(sheet, u"Aucun"_s)->isChecked());
     probe.type(u"Code PIN de la carte SIM"_s, u"1234"_s);
-    carriers.carriers[0].words = u"Attend toujours"_s;
+    carriers.carriers[0].words = carriers.carriers[0].road = u"Attend toujours"_s;
     Q_EMIT carriers.changed();
-    EXPECT_FALSE(probe.shows(u"Oublier"_s));
+    EXPECT_FALSE(probe.shows(u"route"_s)) << "a choice that was not there comes with its road";
     sheet.findChild<QCheckBox *>()->click();
     QTest::keyClick(probe.field(u"Code PIN de la carte SIM"_s), Qt::Key_Return);
     EXPECT_TRUE(sheet.isVisible()) << "to tell what came of it";
@@ -155,8 +155,10 @@ TEST_F(CarriersSheet, SetsUpTheMailboxAndTestsIt)
         box->setChecked(box->text().startsWith(u"Ranger"_s));
     desktop.mailbox.testResult = TransportFailure{u"Refusé <b>"_s};
     desktop.mailbox.placeOfNew = PasswordPlace::memory;
+    test()->setFocus();
     test()->click();
     test()->click();
+    EXPECT_TRUE(test()->hasFocus()) << "else the sheet scrolls away from the outcome";
     settle();
     EXPECT_EQ(desktop.mailbox.tests, 1);
     EXPECT_EQ(desktop.mailbox.passwords, QStringList{u"secret"_s});
