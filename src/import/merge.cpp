@@ -1,4 +1,5 @@
 #include "import/contact_keys.h"
+#include "import/erased_contacts.h"
 #include "import/import_report.h"
 #include "import/prospect_excel_importer.h"
 #include "model/contact_rules.h"
@@ -32,6 +33,14 @@ QString lineOnStops(const ManyContacts &marked)
     if (marked.changed.empty())
         return {};
     return u"\n%1 contact(s) marqué(s) STOP, à ne pas contacter."_s.arg(marked.changed.size());
+}
+
+QString lineOnErased(std::size_t leftOut)
+{
+    if (leftOut == 0)
+        return {};
+    return u"\n%1 ligne(s) laissée(s) de côté : données effacées à la demande du contact."_s.arg(
+        leftOut);
 }
 
 /// A row that repeats the address under which a contact was first known must not undo what the
@@ -88,9 +97,10 @@ ImportReport ProspectStore::merge(ProspectImportAnalysis analysis)
 {
     Q_EMIT aboutToSweep();
     dropUndoneAddresses(analysis, *this);
+    const std::size_t leftOut = leaveOutErased(analysis, m_doNotContact.erased());
     ImportReport report;
     report.title = analysis.prospects.empty() ? u"Aucun nouveau contact"_s : u"Import terminé"_s;
-    report.message = reportMessage(analysis);
+    report.message = reportMessage(analysis) + lineOnErased(leftOut);
 
     // Keys of the contacts known before: the new ones have their key as id.
     const auto knownIds =

@@ -15,6 +15,8 @@ namespace quenoria {
 
 namespace {
 
+const QString addedByHand = u"AJOUT MANUEL"_s; // where other labels have the town
+
 bool isAscii(QStringView text)
 {
     return std::all_of(text.begin(), text.end(), [](QChar c) { return c.unicode() < 0x80; });
@@ -130,9 +132,11 @@ LabelParts labelParts(QString label)
     if (!match.hasMatch())
         return {label.remove(department), {}};
     const QString town = match.captured(2);
-    const bool typedByHand = town.compare(u"AJOUT MANUEL"_s, Qt::CaseInsensitive) == 0;
+    const bool typedByHand = town.compare(addedByHand, Qt::CaseInsensitive) == 0;
     return {match.captured(1), typedByHand ? QString() : town};
 }
+
+bool isLabelOfAdding(const QString &label) { return label.contains(u" — %1 ("_s.arg(addedByHand)); }
 
 QString duplicateKey(const Prospect &prospect)
 {

@@ -50,6 +50,9 @@ struct LabelParts {
 ///   "ACME, rue du Port"                  -> "ACME, rue du Port", ""
 [[nodiscard]] LabelParts labelParts(QString label);
 
+/// Whether adding a contact by hand built the label, which editing it may have replaced since.
+[[nodiscard]] bool isLabelOfAdding(const QString &label);
+
 /// Key under which two contacts count as one: the mobile's digits, else "email:" and the valid
 /// address, else the contact's id.
 [[nodiscard]] QString duplicateKey(const Prospect &prospect);

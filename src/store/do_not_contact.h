@@ -1,7 +1,7 @@
 #pragma once
 
-#include "model/id_set.h"
 #include "platform/platform.h"
+#include "store/erased_keys.h"
 #include "store/refusal.h"
 
 #include <QStringList>
@@ -10,7 +10,7 @@ namespace quenoria {
 
 /// Numbers and addresses of people who want no message and are no contacts, in a small file beside
 /// the collections. Each is known as an import would know it: ten digits, or "email:" and the
-/// address.
+/// address. Those of people who were erased stand there as hashes.
 class DoNotContact {
 public:
     static constexpr const char16_t *fileName = u"numeros-a-ne-pas-contacter.json";
@@ -22,15 +22,26 @@ public:
     const IdSet &keys() const { return m_keys; }
     bool contains(const QString &key) const { return m_keys.contains(key); }
 
+    /// Those whom no import brings back.
+    const ErasedKeys &erased() const { return m_erased; }
+
     /// Says why they are not on the disk; then they are not kept either.
     [[nodiscard]] Refusal add(const IdSet &keys);
+
+    /// The same, each as a hash alone: where it stood in clear before, it does no more.
+    [[nodiscard]] Refusal addErased(const IdSet &keys);
 
     const QStringList &filesSetAside() const { return m_filesSetAside; }
 
 private:
+    [[nodiscard]] Refusal keep(IdSet entries);
+    void take(IdSet entries);
+
     Platform m_platform;
     QString m_path;
-    IdSet m_keys;
+    IdSet m_entries; ///< as the file has them
+    IdSet m_keys;    ///< those in clear
+    ErasedKeys m_erased;
     Refusal m_unreadable; ///< why the file was left as it is
     QStringList m_filesSetAside;
 };

@@ -118,6 +118,11 @@ public:
     // Numbers and addresses that are no contacts and must not become such that get messages.
     const DoNotContact &doNotContact() const { return m_doNotContact; }
     [[nodiscard]] Refusal addToDoNotContact(const IdSet &keys) { return m_doNotContact.add(keys); }
+    /// Keeps hashes of these, by which a later import leaves them out.
+    [[nodiscard]] Refusal rememberErased(const IdSet &keys)
+    {
+        return m_doNotContact.addErased(keys);
+    }
 
     // The two selections, in memory only: contacts ticked for the next run.
     bool isSelectedForSending(const Prospect &prospect) const;
@@ -134,6 +139,7 @@ public:
     ManyContacts setStopped(bool stopped, const IdSet &ids);
 
     // The monthly quota, counted in distinct recipients of the local calendar month.
+    static QString recipientKey(const Prospect &prospect); ///< by which a month counts it once
     int smsRecipientsSentThisMonth() const;
     int remainingStandardSMSRecipientsThisMonth() const;
     [[nodiscard]] Refusal smsQuotaError(const Prospect &prospect, bool freeProEnabled) const;
@@ -235,7 +241,6 @@ private:
 
     void mergeExistingSMSHistoryIntoMonthlyRecipients();
     QString monthKey(Instant date) const;
-    static QString recipientKey(const Prospect &prospect);
 
     [[nodiscard]] Refusal unreachableBySMS(const Prospect &prospect) const;
     [[nodiscard]] Refusal openSMS(const QString &phone, const QString &body,

@@ -58,6 +58,14 @@ void readHistory(Guide &guide, ContentView &window)
     guide.closeSheet();
 }
 
+void readDossier(Guide &guide, ContentView &window)
+{
+    window.showCurrentDossier();
+    guide.untilSheetIsOpen();
+    guide.picture(u"dossier"_s);
+    guide.closeSheet();
+}
+
 } // namespace
 
 void visitImport(Guide &guide)
@@ -75,6 +83,7 @@ void visitSheets(Guide &guide, ContentView &window)
     addContact(guide);
     editContact(guide, window);
     readHistory(guide, window);
+    readDossier(guide, window);
     tryMessage(guide);
     lookAt(guide, u"Départements"_s, u"departements"_s);
     lookAt(guide, u"Format Excel attendu"_s, u"format-excel"_s);

@@ -88,7 +88,7 @@ class Journey(unittest.TestCase):
 
     def test_03_a_workbook_is_imported_once(self):
         for title, added, known in (("Import terminé", 13, 0), ("Aucun nouveau contact", 0, 13)):
-            key("ctrl+i")
+            key("ctrl+o")
             self.program.choose(WORKBOOK, "Importer des contacts depuis Excel")
             self.program.read(title)
             self.program.read(f"{added} contact(s) ajouté(s).\n{known} doublon(s) déjà présent(s).")

@@ -102,6 +102,8 @@ QString paragraph(const QString &text, TextRoom room)
     return withBreaks(beginning(lines, room.characters));
 }
 
+QString wholeText(const QString &text) { return withLines(text, text.size() + 1); }
+
 QString menuText(const QString &text)
 {
     return oneLine(text, menuCharacters).replace(u'&', u"&&"_s);

@@ -27,6 +27,9 @@ inline constexpr TextRoom messageRoom{2'000, 24};
 /// be broken.
 [[nodiscard]] QString paragraph(const QString &text, TextRoom room = paragraphRoom);
 
+/// The whole text with its line breaks, for a page that wraps and scrolls.
+[[nodiscard]] QString wholeText(const QString &text);
+
 /// The text as an entry of a menu, where "&" would mark a shortcut.
 [[nodiscard]] QString menuText(const QString &text);
 

@@ -9,17 +9,13 @@ using namespace Qt::StringLiterals;
 
 namespace quenoria {
 
-namespace {
-
-QString shownDate(Instant instant, const QTimeZone &zone)
+QString shownMoment(Instant instant, const QTimeZone &zone)
 {
     const QDateTime local = localDateTime(instant, zone);
     const QLocale locale = displayLocale();
     const QString time = locale.toString(local.time(), QLocale::ShortFormat);
     return u"%1 à %2"_s.arg(locale.toString(local.date(), u"d MMMM yyyy"_s), time);
 }
-
-} // namespace
 
 std::vector<HistoryRow> historyRows(const ProspectStore &store, const Prospect &prospect,
                                     const QTimeZone &zone)
@@ -30,7 +26,7 @@ std::vector<HistoryRow> historyRows(const ProspectStore &store, const Prospect &
     rows.reserve(history.size());
     for (const Instant instant : history) {
         rows.push_back(
-            {rows.empty() ? u"Dernier envoi"_s : u"Envoi précédent"_s, shownDate(instant, zone)});
+            {rows.empty() ? u"Dernier envoi"_s : u"Envoi précédent"_s, shownMoment(instant, zone)});
     }
     return rows;
 }

@@ -6,6 +6,9 @@
 
 namespace quenoria {
 
+/// "10 mars 2026 à 10:00", in the user's zone.
+[[nodiscard]] QString shownMoment(Instant instant, const QTimeZone &zone);
+
 /// One confirmed send as the history shows it.
 struct HistoryRow {
     QString label; ///< "Dernier envoi" for the newest, "Envoi précédent" for the others

@@ -20,7 +20,7 @@ constexpr auto none = ButtonPlace::none;
 constexpr std::array commands{
     Command{u"Ajouter un contact", u"plus.circle.fill", u"Ctrl+N", file, header,
             &ContentView::addContact, nullptr, false, 2},
-    Command{u"Importer Excel", u"tablecells.badge.ellipsis", u"Ctrl+I", file, header,
+    Command{u"Importer Excel", u"tablecells.badge.ellipsis", u"Ctrl+O", file, header,
             &ContentView::importExcelFile, nullptr, false, 1},
     Command{u"Vérifier un classeur…", u"", u"Ctrl+Shift+I", file, none,
             &ContentView::checkWorkbook},
@@ -40,6 +40,7 @@ constexpr std::array commands{
     Command{u"Modifier le contact", u"", u"", edit, none, &ContentView::editCurrentContact, nullptr,
             true},
     Command{u"Historique des envois", u"", u"Ctrl+H", edit, none, &ContentView::showCurrentHistory},
+    Command{u"Dossier du contact", u"", u"Ctrl+I", edit, none, &ContentView::showCurrentDossier},
     Command{u"Copier le numéro", u"", u"Ctrl+C", edit, none, &ContentView::copyPhone, nullptr,
             true},
     Command{u"Copier l’adresse", u"", u"Ctrl+Shift+C", edit, none, &ContentView::copyEmail},

@@ -19,6 +19,7 @@ void ContactMenu::fill(QMenu &menu) const
     if (m_row == ContactList::none)
         return;
     menu.addAction(u"Modifier le contact\tEntrée"_s, edit);
+    menu.addAction(u"Dossier du contact\tCtrl+I"_s, showDossier);
     menu.addSeparator();
     addButtons(menu);
     menu.addSeparator();

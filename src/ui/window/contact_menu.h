@@ -17,6 +17,7 @@ public:
     ContactMenu(ContactTableModel &model, const QString &contactId);
 
     std::function<void()> edit;
+    std::function<void()> showDossier;
     std::function<void(RowAction)> act;
 
     void fill(QMenu &menu) const;

@@ -285,6 +285,7 @@ void ContentView::fillContactMenu(QMenu &menu, const QString &id)
     ContactMenu contents(m_model, id);
     contents.edit = [this, id] { editContact(id); };
     contents.act = [this, id](RowAction action) { performAction(action, id); };
+    contents.showDossier = [this, id] { showDossier(id); };
     contents.fill(menu);
 }
 

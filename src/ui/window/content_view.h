@@ -80,6 +80,7 @@ public:
     void undoLast();
     void editCurrentContact();
     void showCurrentHistory();
+    void showCurrentDossier();
     void copyPhone();
     void copyEmail();
     void startSearch();
@@ -123,6 +124,7 @@ private:
     void copy(const QString &text, const QString &absence);
     void editContact(const QString &id);
     void showHistory(const QString &id);
+    void showDossier(const QString &id);
     void fillContactMenu(QMenu &menu, const QString &id);
 
     SendDesk &m_desk;

@@ -38,7 +38,7 @@ TablePages::TablePages(ContactTableView *table, const QList<QAction *> &firstSte
     : QStackedWidget(parent), m_table(table),
       m_noContact(new EmptyState(
           u"tablecells.badge.ellipsis"_s, u"Aucun contact pour le moment"_s,
-          u"Importez un classeur Excel (Ctrl+I), déposez-le dans cette fenêtre, ou ajoutez un "
+          u"Importez un classeur Excel (Ctrl+O), déposez-le dans cette fenêtre, ou ajoutez un "
           "premier contact (Ctrl+N)."_s)),
       m_nothingFound(new EmptyState(u"magnifyingglass"_s, u"Aucun contact trouvé"_s, {}))
 {

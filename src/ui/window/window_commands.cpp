@@ -6,6 +6,7 @@
 #include "ui/sheets/add_prospect_view.h"
 #include "ui/sheets/carriers_view.h"
 #include "ui/sheets/department_manager_view.h"
+#include "ui/sheets/dossier_view.h"
 #include "ui/sheets/edit_prospect_view.h"
 #include "ui/sheets/excel_format_help_view.h"
 #include "ui/sheets/export_view.h"
@@ -175,6 +176,12 @@ void ContentView::showCurrentHistory()
         showHistory(current->id);
 }
 
+void ContentView::showCurrentDossier()
+{
+    if (const Prospect *current = m_table->currentContact())
+        showDossier(current->id);
+}
+
 void ContentView::editContact(const QString &id)
 {
     if (const Prospect *contact = m_store.prospect(id))
@@ -186,6 +193,8 @@ void ContentView::showHistory(const QString &id)
     if (const Prospect *contact = m_store.prospect(id))
         present<SendHistoryView>(m_store, m_platform.clock.zone(), *contact);
 }
+
+void ContentView::showDossier(const QString &id) { present<DossierView>(m_platform, m_store, id); }
 
 void ContentView::importExcelFile() { m_import->choose(); }
 

@@ -142,8 +142,8 @@ TEST_P(OnScreen, EverySheetCanBeSeenAndUsedWhole)
          {&ContentView::addContact, &ContentView::editCurrentContact, &ContentView::showImportHelp,
           &ContentView::manageDepartments, &ContentView::manageMessages,
           &ContentView::manageEmailMessages, &ContentView::testMessage, &ContentView::showAbout,
-          &ContentView::showCurrentHistory, &ContentView::openSMSQueue,
-          &ContentView::openEmailQueue}) {
+          &ContentView::showCurrentHistory, &ContentView::showCurrentDossier,
+          &ContentView::openSMSQueue, &ContentView::openEmailQueue}) {
         (window().*command)();
         settle();
         auto *sheet = qobject_cast<QDialog *>(QApplication::activeModalWidget());
