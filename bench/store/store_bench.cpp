@@ -1,9 +1,10 @@
-// What the store adds to its files: one tick against writing the same bytes, and a start against
-// reading and parsing the same files.
+// What the store adds to its files: one tick against writing the same bytes, a start against
+// reading and parsing the same files, and what its report on all sends takes.
 
 #include "contact_files.h"
 #include "report.h"
 #include "store/prospect_store.h"
+#include "store/send_report.h"
 #include "support/fake_desktop.h"
 #include "synced_file.h"
 
@@ -111,6 +112,41 @@ void reportStart(Report &report, int contacts, double budget)
     report.ratio("start of the store", contacts, floor, start, budget);
 }
 
+/// Eight sends of each contact, four on each channel, over three years.
+void writeVariedSends(const test::FakeDesktop &desktop, int contacts)
+{
+    constexpr int groups = 96;
+    constexpr int sendsPerChannel = 4;
+    Sequence<Prospect> prospects;
+    Dictionary<SendStatus> statuses;
+    Dictionary<EmailSendStatus> emailStatuses;
+    for (int contact = 0; contact < contacts; ++contact) {
+        const QString id = idOf(contact);
+        const QString group = QString::number(contact % groups);
+        prospects.append({id, u"ENTREPRISE"_s, id, {}, group, true, u"Métier "_s + group});
+        std::vector<Instant> history;
+        for (int send = sendsPerChannel; send > 0; --send)
+            history.push_back(desktop.clock.now() - std::chrono::days(270 * send + contact % 270));
+        const bool isStopped = contact % 50 == 0;
+        statuses.set(id, {true, history.back(), {}, isStopped, history});
+        emailStatuses.set(id, {true, history.back(), history});
+    }
+    desktop.writeFile(u"nouveaux-numeros.json"_s, fileOf(prospects));
+    desktop.writeFile(u"suivi-envois.json"_s, fileOf(statuses));
+    desktop.writeFile(u"suivi-envois-mails.json"_s, fileOf(emailStatuses));
+}
+
+void reportSends(Report &report, int contacts)
+{
+    test::FakeDesktop desktop;
+    writeVariedSends(desktop, contacts);
+    const ProspectStore store(desktop.platform());
+    const Instant now = desktop.clock.now();
+    const double taken = measure([&](int) { (void)sendReport(store, desktop.clock.zone(), now); });
+    constexpr double budget = 100;
+    report.figure("report on all sends, ms", contacts, taken, budget);
+}
+
 } // namespace
 } // namespace quenoria::bench
 
@@ -123,5 +159,6 @@ int main(int argc, char **argv)
         quenoria::bench::reportTick(report, contacts);
     quenoria::bench::reportStart(report, 10'000, 4.0);
     quenoria::bench::reportStart(report, 100'000, 2.5);
+    quenoria::bench::reportSends(report, 100'000);
     return report.exitStatus();
 }

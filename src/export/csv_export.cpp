@@ -34,6 +34,11 @@ struct FieldText {
     QString operator()(std::monostate) const { return {}; }
     QString operator()(const QString &text) const { return csvField(text); }
     QString operator()(int number) const { return QString::number(number); }
+    QString operator()(Share share) const
+    {
+        constexpr int hundred = 100;
+        return QString::number(hundred * share.value, 'f', 1).replace(u'.', u',') + u" %"_s;
+    }
     QString operator()(Instant instant) const
     {
         const std::chrono::milliseconds local = localTime(instant, table.zone);

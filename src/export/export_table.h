@@ -11,7 +11,7 @@
 
 namespace quenoria {
 
-enum class ExportKind { text, number, moment };
+enum class ExportKind { text, number, share, moment };
 
 struct ExportColumn {
     const char16_t *title;
@@ -19,8 +19,14 @@ struct ExportColumn {
     ExportKind kind = ExportKind::text;
 };
 
-/// What stands in a cell: nothing, a text, a number or a moment.
-using ExportCell = std::variant<std::monostate, QString, int, Instant>;
+/// A part of a whole, from 0 to 1.
+struct Share {
+    double value = 0;
+    bool operator==(const Share &) const = default;
+};
+
+/// What stands in a cell: nothing, a text, a number, a share or a moment.
+using ExportCell = std::variant<std::monostate, QString, int, Share, Instant>;
 
 /// Rows to write to a file. It holds its own copy of what it tells, so that the store may change
 /// while another thread writes it.
@@ -34,6 +40,8 @@ struct ExportTable {
     std::function<void(std::size_t row, std::vector<ExportCell> &cells)> fill;
 
     QTimeZone zone; ///< in which moments are told
+
+    std::vector<ExportTable> next = {}; ///< other sheets of the same workbook
 };
 
 } // namespace quenoria

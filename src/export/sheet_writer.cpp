@@ -82,13 +82,14 @@ std::string sheetText(const QString &text, bool &wasCut)
 }
 
 SheetWriter::SheetWriter(const QString &path, const ExportTable &table)
-    : m_path(path), m_table(table), m_workbook(openWorkbook(path)),
+    : m_path(path), m_table(&table), m_workbook(openWorkbook(path)),
       m_header(workbook_add_format(m_workbook)), m_text(workbook_add_format(m_workbook)),
-      m_moment(workbook_add_format(m_workbook))
+      m_share(workbook_add_format(m_workbook)), m_moment(workbook_add_format(m_workbook))
 {
     format_set_bold(m_header);
     format_set_bottom(m_header, LXW_BORDER_THIN);
     format_set_num_format(m_text, "@");
+    format_set_num_format(m_share, "0.0%");
     format_set_num_format(m_moment, "dd/mm/yyyy hh:mm");
     format_set_align(m_moment, LXW_ALIGN_LEFT);
     beginSheet();
@@ -105,16 +106,17 @@ void SheetWriter::beginSheet()
     if (m_sheet)
         measure();
     m_sheetBytes.push_back(0);
-    const std::size_t number = m_sheetBytes.size();
-    const QString name = number == 1 ? m_table.name : u"%1 (%2)"_s.arg(m_table.name).arg(number);
+    ++m_sheetsOfTable;
+    const QString name =
+        m_sheetsOfTable == 1 ? m_table->name : u"%1 (%2)"_s.arg(m_table->name).arg(m_sheetsOfTable);
     m_sheet = workbook_add_worksheet(m_workbook, name.toUtf8().constData());
     if (!m_sheet) { // it needs a file that waits for its rows
         lxw_workbook_free(std::exchange(m_workbook, nullptr));
         throw DraftLost{qt_error_string(errno != 0 ? errno : EIO)};
     }
     m_row = 0;
-    for (std::size_t each = 0; each < m_table.columns.size(); ++each) {
-        const ExportColumn &column = m_table.columns[each];
+    for (std::size_t each = 0; each < m_table->columns.size(); ++each) {
+        const ExportColumn &column = m_table->columns[each];
         const auto place = lxw_col_t(each);
         lxw_format *format = column.kind == ExportKind::text     ? m_text
                              : column.kind == ExportKind::moment ? m_moment
@@ -124,6 +126,13 @@ void SheetWriter::beginSheet()
                                QString::fromUtf16(column.title).toUtf8().constData(), m_header);
     }
     worksheet_freeze_panes(m_sheet, 1, 0);
+}
+
+void SheetWriter::turnTo(const ExportTable &table)
+{
+    m_table = &table;
+    m_sheetsOfTable = 0;
+    beginSheet();
 }
 
 void SheetWriter::add(const std::vector<ExportCell> &cells)
@@ -144,8 +153,10 @@ void SheetWriter::write(int column, const ExportCell &cell)
         m_cutTexts += wasCut ? 1 : 0;
     } else if (const auto *number = std::get_if<int>(&cell)) {
         worksheet_write_number(m_sheet, m_row, place, *number, nullptr);
+    } else if (const auto *share = std::get_if<Share>(&cell)) {
+        worksheet_write_number(m_sheet, m_row, place, share->value, m_share);
     } else if (const auto *instant = std::get_if<Instant>(&cell)) {
-        worksheet_write_number(m_sheet, m_row, place, spreadsheetDays(*instant, m_table.zone),
+        worksheet_write_number(m_sheet, m_row, place, spreadsheetDays(*instant, m_table->zone),
                                m_moment);
     }
 }

@@ -32,6 +32,9 @@ public:
 
     void add(const std::vector<ExportCell> &cells);
 
+    /// What is added from now on is of this table, which outlives the writer too.
+    void turnTo(const ExportTable &table);
+
     /// Ends the file. Says why it could not be written.
     [[nodiscard]] std::optional<QString> close();
 
@@ -43,11 +46,13 @@ private:
     void measure();
 
     QString m_path;
-    const ExportTable &m_table;
+    const ExportTable *m_table;
+    std::size_t m_sheetsOfTable = 0;
     lxw_workbook *m_workbook;
     lxw_worksheet *m_sheet = nullptr;
     lxw_format *m_header;
     lxw_format *m_text;
+    lxw_format *m_share;
     lxw_format *m_moment;
     unsigned m_row = 0;                      ///< of the sheet
     std::vector<std::uint64_t> m_sheetBytes; ///< of the data of each sheet, at least

@@ -25,6 +25,17 @@ void tell(const ImportWatch &watch, double share)
         watch.progress(share);
 }
 
+void addRows(SheetWriter &writer, const ExportTable &table, const ImportWatch &watch)
+{
+    std::vector<ExportCell> cells;
+    for (std::size_t row = 0; row < table.rows; ++row) {
+        if (row % rowsBetweenLooks == 0)
+            tell(watch, writtenShare * double(row) / double(table.rows));
+        table.fill(row, cells);
+        writer.add(cells);
+    }
+}
+
 Refusal copyTo(const QString &path, const QString &source, FileWriter &files)
 {
     QFile workbook(source);
@@ -50,12 +61,10 @@ Refusal writeWorkbook(const ExportTable &table, const QString &path, FileWriter 
         return folder.errorString();
     const QString draft = folder.filePath(u"export.xlsx"_s);
     SheetWriter writer(draft, table);
-    std::vector<ExportCell> cells;
-    for (std::size_t row = 0; row < table.rows; ++row) {
-        if (row % rowsBetweenLooks == 0)
-            tell(watch, writtenShare * double(row) / double(table.rows));
-        table.fill(row, cells);
-        writer.add(cells);
+    addRows(writer, table, watch);
+    for (const ExportTable &next : table.next) {
+        writer.turnTo(next);
+        addRows(writer, next, watch);
     }
     cutTexts = writer.cutTexts();
     tell(watch, writtenShare);

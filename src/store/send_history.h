@@ -2,29 +2,35 @@
 
 #include "model/records.h"
 
+#include <span>
+
 namespace quenoria {
 
-/// Every confirmed send of a record of either channel, oldest first. Records made before histories
-/// existed hold one date only.
+/// Every confirmed send of a record of either channel, oldest first, where it lies; none without a
+/// record. Records made before histories existed hold one date only.
 template <typename Status>
-std::vector<Instant> historyFrom(const Status *status)
+[[nodiscard]] std::span<const Instant> recordedSends(const Status *status)
 {
-    if (!status)
-        return {};
-    if (status->sendHistory && !status->sendHistory->empty())
+    if (status && status->sendHistory && !status->sendHistory->empty())
         return *status->sendHistory;
-    if (status->sent)
-        return {status->sentAt};
+    if (status && status->sent)
+        return {&status->sentAt, 1};
     return {};
 }
 
-/// How many those are, found without copying them.
+/// Their copy.
+template <typename Status>
+std::vector<Instant> historyFrom(const Status *status)
+{
+    const auto sends = recordedSends(status);
+    return {sends.begin(), sends.end()};
+}
+
+/// How many those are.
 template <typename Status>
 std::size_t sendCount(const Status &status)
 {
-    if (status.sendHistory && !status.sendHistory->empty())
-        return status.sendHistory->size();
-    return status.sent ? 1 : 0;
+    return recordedSends(&status).size();
 }
 
 } // namespace quenoria

@@ -11,9 +11,8 @@ namespace {
 template <typename Status>
 std::optional<Instant> newest(const Status *status)
 {
-    if (status && status->sendHistory && !status->sendHistory->empty())
-        return status->sendHistory->back();
-    return status && status->sent ? std::optional(status->sentAt) : std::nullopt;
+    const auto sends = recordedSends(status);
+    return sends.empty() ? std::nullopt : std::optional(sends.back());
 }
 
 /// The record to build a new one from: the existing one, or one made now.

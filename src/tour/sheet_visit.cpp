@@ -85,6 +85,7 @@ void visitSheets(Guide &guide, ContentView &window)
     readHistory(guide, window);
     readDossier(guide, window);
     tryMessage(guide);
+    lookAt(guide, u"Bilan des envois"_s, u"bilan"_s);
     lookAt(guide, u"Départements"_s, u"departements"_s);
     lookAt(guide, u"Format Excel attendu"_s, u"format-excel"_s);
     lookAt(guide, u"Gérer les SMS"_s, u"modeles-sms"_s);

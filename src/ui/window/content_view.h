@@ -71,6 +71,7 @@ public:
     void testMessage();
     void chooseCarriers();
     void showStopReplies();
+    void showReport();
     void composeMessage(const Composition &message);
     void showAbout();
     void quit();

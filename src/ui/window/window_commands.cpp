@@ -11,6 +11,7 @@
 #include "ui/sheets/excel_format_help_view.h"
 #include "ui/sheets/export_view.h"
 #include "ui/sheets/new_message_view.h"
+#include "ui/sheets/report_view.h"
 #include "ui/sheets/send_history_view.h"
 #include "ui/sheets/stop_list_view.h"
 #include "ui/sheets/stop_replies_view.h"
@@ -73,6 +74,8 @@ void ContentView::chooseCarriers()
     QWidget *front = QApplication::activeModalWidget();
     (new CarriersView(m_platform, m_desk, front ? front : this))->present();
 }
+
+void ContentView::showReport() { present<ReportView>(m_platform, m_store); }
 
 /// Over a queue, whose run leaves out whoever answered.
 void ContentView::showStopReplies()

@@ -143,7 +143,7 @@ TEST_P(OnScreen, EverySheetCanBeSeenAndUsedWhole)
           &ContentView::manageDepartments, &ContentView::manageMessages,
           &ContentView::manageEmailMessages, &ContentView::testMessage, &ContentView::showAbout,
           &ContentView::showCurrentHistory, &ContentView::showCurrentDossier,
-          &ContentView::openSMSQueue, &ContentView::openEmailQueue}) {
+          &ContentView::showReport, &ContentView::openSMSQueue, &ContentView::openEmailQueue}) {
         (window().*command)();
         settle();
         auto *sheet = qobject_cast<QDialog *>(QApplication::activeModalWidget());

@@ -1,0 +1,40 @@
+#include "ui/sheets/report_model.h"
+
+#include "ui/kit/plain_text.h"
+
+namespace quenoria {
+
+void ReportModel::setPage(const ReportPage &page)
+{
+    beginResetModel();
+    m_page = page;
+    endResetModel();
+}
+
+int ReportModel::rowCount(const QModelIndex &parent) const
+{
+    return parent.isValid() ? 0 : int(m_page.rows.size());
+}
+
+int ReportModel::columnCount(const QModelIndex &parent) const
+{
+    return parent.isValid() ? 0 : int(m_page.columns.size());
+}
+
+QVariant ReportModel::data(const QModelIndex &index, int role) const
+{
+    if (role == Qt::TextAlignmentRole && index.column() > 0)
+        return QVariant::fromValue(Qt::AlignRight | Qt::AlignVCenter);
+    if (role != Qt::DisplayRole)
+        return {};
+    return oneLine(shownCell(m_page.rows[std::size_t(index.row())][std::size_t(index.column())]));
+}
+
+QVariant ReportModel::headerData(int section, Qt::Orientation orientation, int role) const
+{
+    if (orientation == Qt::Vertical || role != Qt::DisplayRole)
+        return {};
+    return QString::fromUtf16(m_page.columns[std::size_t(section)].title);
+}
+
+} // namespace quenoria
