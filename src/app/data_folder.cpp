@@ -139,4 +139,21 @@ std::optional<Answer> enterDataFolder(const Platform &platform, SingleInstance &
     return {};
 }
 
+bool openData(const std::function<void()> &read, const Platform &platform)
+{
+    for (;;) {
+        try {
+            read();
+            return true;
+        } catch (const std::bad_alloc &) {
+            platform.log.write(u"La mémoire ne suffit pas pour ouvrir les données."_s);
+        }
+        if (!ask(u"Mémoire insuffisante"_s,
+                 u"La mémoire disponible ne suffit pas pour ouvrir les données, qui restent telles "
+                 "quelles. Fermez d’autres programmes, puis réessayez."_s,
+                 u"Réessayer"_s))
+            return false;
+    }
+}
+
 } // namespace quenoria

@@ -3,6 +3,8 @@
 #include "app/command_line.h"
 #include "platform/platform.h"
 
+#include <functional>
+
 namespace quenoria {
 
 class SingleInstance;
@@ -12,5 +14,8 @@ class SingleInstance;
 /// another owner is asked to open this workbook, when it is not empty.
 [[nodiscard]] std::optional<Answer>
 enterDataFolder(const Platform &platform, SingleInstance &instance, const QString &workbook);
+
+/// Runs what reads the data until the memory suffices for it; false when the user gives up.
+[[nodiscard]] bool openData(const std::function<void()> &read, const Platform &platform);
 
 } // namespace quenoria

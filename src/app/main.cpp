@@ -123,6 +123,8 @@ int run(const StartOptions &options)
     if (const auto answer =
             enterDataFolder(platform, instance, options.workbook.value_or(QString())))
         return print(*answer, std::cerr);
+    if (!openData([&application] { application.desk(); }, platform))
+        return EXIT_FAILURE;
     ColorSchemeSetting colorScheme(QDBusConnection::sessionBus());
     keepAppearance(options.darkAppearance, colorScheme);
     ContentView window(application.desk(), application.switches(), application.platform());

@@ -10,8 +10,10 @@ OlvakSMSManualApp::OlvakSMSManualApp(Desktop &desktop)
 
 ProspectStore &OlvakSMSManualApp::store()
 {
-    if (!m_store)
+    if (!m_store) {
         m_store = std::make_unique<ProspectStore>(m_platform);
+        m_store->separateTwins();
+    }
     return *m_store;
 }
 

@@ -43,7 +43,7 @@ struct Exported {
 };
 
 /// What an import would know the contact by, if it reads its number and its address at all.
-bool isFoundAgain(const Prospect &contact, const QHash<QString, QString> &ids)
+bool isFoundAgain(const Prospect &contact, const IdsByKey &ids)
 {
     const auto mobile = mobileIn(contact.phone.toStdString());
     const auto email = emailIn(contact.email.value_or(QString()).toStdString());
@@ -51,7 +51,7 @@ bool isFoundAgain(const Prospect &contact, const QHash<QString, QString> &ids)
         return false;
     if (!mobile && !email)
         return contact.phone.isEmpty();
-    return ids.value(mobile ? *mobile : u"email:"_s + *email) == contact.id;
+    return idOf(ids, mobile ? *mobile : u"email:"_s + *email) == contact.id;
 }
 
 ExportCell lastOf(const std::vector<Instant> &history)
@@ -95,7 +95,7 @@ void fillRow(const Exported &row, std::vector<ExportCell> &cells)
 ExportTable contactTable(const ProspectStore &store, const std::vector<Prospect> &contacts,
                          const QTimeZone &zone)
 {
-    const QHash<QString, QString> ids = idsByKey(store.allProspects());
+    const IdsByKey ids = idsByKey(store.allProspects());
     const auto rows = std::make_shared<std::vector<Exported>>();
     rows->reserve(contacts.size());
     for (const Prospect &contact : contacts) {

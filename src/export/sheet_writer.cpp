@@ -1,6 +1,7 @@
 #include "export/sheet_writer.h"
 
 #include "export/local_moment.h"
+#include "platform/system_reason.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -112,7 +113,7 @@ void SheetWriter::beginSheet()
     m_sheet = workbook_add_worksheet(m_workbook, name.toUtf8().constData());
     if (!m_sheet) { // it needs a file that waits for its rows
         lxw_workbook_free(std::exchange(m_workbook, nullptr));
-        throw DraftLost{qt_error_string(errno != 0 ? errno : EIO)};
+        throw DraftLost{systemReason(errno != 0 ? errno : EIO)};
     }
     m_row = 0;
     for (std::size_t each = 0; each < m_table->columns.size(); ++each) {
@@ -177,9 +178,9 @@ std::optional<QString> SheetWriter::close()
     errno = 0;
     const lxw_error error = workbook_close(std::exchange(m_workbook, nullptr));
     if (error != LXW_NO_ERROR)
-        return qt_error_string(errno != 0 ? errno : EIO);
+        return systemReason(errno != 0 ? errno : EIO);
     if (m_isLost || !isWhole(m_path, m_sheetBytes))
-        return qt_error_string(ENOSPC);
+        return systemReason(ENOSPC);
     return {};
 }
 

@@ -2,6 +2,7 @@
 
 #include "export/sheet_writer.h"
 #include "import/import_error.h"
+#include "platform/system_reason.h"
 
 #include <QFile>
 #include <QTemporaryDir>
@@ -40,14 +41,14 @@ Refusal copyTo(const QString &path, const QString &source, FileWriter &files)
 {
     QFile workbook(source);
     if (!workbook.open(QIODevice::ReadOnly | QIODevice::Unbuffered))
-        return workbook.errorString();
+        return systemReason(workbook.errorString());
     return files.writePieces(path, [&workbook](const TakePiece &take) {
         QByteArray piece(pieceSize, Qt::Uninitialized);
         qint64 size = workbook.read(piece.data(), pieceSize);
         for (; size > 0; size = workbook.read(piece.data(), pieceSize))
             take({piece.constData(), std::size_t(size)});
         if (size < 0)
-            throw DraftLost{workbook.errorString()};
+            throw DraftLost{systemReason(workbook.errorString())};
     });
 }
 
@@ -58,7 +59,7 @@ Refusal writeWorkbook(const ExportTable &table, const QString &path, FileWriter 
 {
     const QTemporaryDir folder;
     if (!folder.isValid())
-        return folder.errorString();
+        return systemReason(folder.errorString());
     const QString draft = folder.filePath(u"export.xlsx"_s);
     SheetWriter writer(draft, table);
     addRows(writer, table, watch);

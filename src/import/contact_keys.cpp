@@ -4,20 +4,21 @@
 
 namespace quenoria {
 
-QHash<QString, QString> idsByKey(const std::vector<Prospect> &prospects)
+IdsByKey idsByKey(const std::vector<Prospect> &prospects)
 {
-    QHash<QString, QString> ids;
-    ids.reserve(qsizetype(prospects.size()));
-    for (const Prospect &prospect : prospects) {
-        const QString key = duplicateKey(prospect);
-        if (!ids.contains(key))
-            ids.insert(key, prospect.id);
-    }
-    for (const Prospect &prospect : prospects) {
-        if (!ids.contains(prospect.id))
-            ids.insert(prospect.id, prospect.id);
-    }
+    IdsByKey ids;
+    ids.reserve(prospects.size());
+    for (const Prospect &prospect : prospects)
+        ids.try_emplace(duplicateKey(prospect), prospect.id);
+    for (const Prospect &prospect : prospects)
+        ids.try_emplace(prospect.id, prospect.id);
     return ids;
+}
+
+const QString &idOf(const IdsByKey &ids, const QString &key)
+{
+    const auto known = ids.find(key);
+    return known == ids.end() ? key : known->second;
 }
 
 } // namespace quenoria

@@ -1,9 +1,11 @@
 #include "import/contact_keys.h"
 #include "import/erased_contacts.h"
+#include "import/import_error.h"
 #include "import/import_report.h"
 #include "import/prospect_excel_importer.h"
 #include "model/contact_rules.h"
 #include "store/prospect_store.h"
+#include "store/twins.h"
 
 using namespace Qt::StringLiterals;
 
@@ -62,14 +64,14 @@ IdSet ProspectStore::duplicateKeys() const
     IdSet keys;
     for (const Prospect &prospect : allProspects()) {
         keys.insert(duplicateKey(prospect));
-        keys.insert(prospect.id);
+        keys.insert(firstId(prospect.id));
     }
     return keys;
 }
 
 /// Contacts whom the workbook brings, or gives an address, that must not be contacted.
 IdSet ProspectStore::listedAsStopped(const ProspectImportAnalysis &analysis,
-                                     const QHash<QString, QString> &knownIds) const
+                                     const IdsByKey &knownIds) const
 {
     IdSet ids;
     if (m_doNotContact.keys().empty())
@@ -83,17 +85,34 @@ IdSet ProspectStore::listedAsStopped(const ProspectImportAnalysis &analysis,
     }
     for (const auto &[key, address] : analysis.emailUpdates) {
         if (isListed(address))
-            ids.insert(knownIds.value(key, key));
+            ids.insert(idOf(knownIds, key));
     }
     return ids;
 }
 
 ImportReport ProspectStore::importProspects(const QString &workbookPath)
 {
-    return merge(ProspectExcelImporter::analyze(workbookPath, duplicateKeys()));
+    try {
+        return merge(ProspectExcelImporter::analyze(workbookPath, duplicateKeys()));
+    } catch (const std::bad_alloc &) {
+        throw OutOfMemory();
+    }
 }
 
 ImportReport ProspectStore::merge(ProspectImportAnalysis analysis)
+{
+    try {
+        return mergeWhole(std::move(analysis));
+    } catch (const std::bad_alloc &) {
+        for (const Collection reached : // what was taken in is shown and kept
+             {Collection::statuses, Collection::customProspects, Collection::contactOverrides,
+              Collection::emailOverrides, Collection::departments})
+            publish(reached);
+        throw OutOfMemory();
+    }
+}
+
+ImportReport ProspectStore::mergeWhole(ProspectImportAnalysis analysis)
 {
     Q_EMIT aboutToSweep();
     dropUndoneAddresses(analysis, *this);
@@ -103,8 +122,7 @@ ImportReport ProspectStore::merge(ProspectImportAnalysis analysis)
     report.message = reportMessage(analysis) + lineOnErased(leftOut);
 
     // Keys of the contacts known before: the new ones have their key as id.
-    const auto knownIds =
-        analysis.emailUpdates.empty() ? QHash<QString, QString>() : idsByKey(allProspects());
+    const auto knownIds = analysis.emailUpdates.empty() ? IdsByKey() : idsByKey(allProspects());
     // Before the contacts are there: a cut between the two files must not leave them unmarked.
     report.message += lineOnStops(setStopped(true, listedAsStopped(analysis, knownIds)));
     if (!analysis.prospects.empty()) {
@@ -113,7 +131,7 @@ ImportReport ProspectStore::merge(ProspectImportAnalysis analysis)
     }
     std::map<Collection, IdSet> changed;
     for (const auto &[key, address] : analysis.emailUpdates) {
-        const QString id = knownIds.value(key, key);
+        const QString id = idOf(knownIds, key);
         if (const ContactOverride *edited = m_contactOverrides.find(id)) {
             ContactOverride updated = *edited;
             updated.email = address;

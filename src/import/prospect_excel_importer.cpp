@@ -10,7 +10,7 @@
 #include "model/contact_rules.h"
 #include "model/text_order.h"
 
-#include <QSet>
+#include <unordered_set>
 
 using namespace Qt::StringLiterals;
 
@@ -35,7 +35,7 @@ public:
     bool insert(const QString &id) ///< false when the id was there
     {
         const bool isMobile = id.size() == mobileLength && std::ranges::all_of(id, isDigit);
-        return isMobile ? add(m_mobiles, id.toULongLong()) : add(m_others, id);
+        return isMobile ? m_mobiles.insert(id.toULongLong()).second : m_others.insert(id).second;
     }
 
 private:
@@ -43,16 +43,8 @@ private:
 
     static bool isDigit(QChar c) { return c >= u'0' && c <= u'9'; }
 
-    template <typename Value>
-    static bool add(QSet<Value> &set, const Value &value)
-    {
-        const qsizetype before = set.size();
-        set.insert(value);
-        return set.size() > before;
-    }
-
-    QSet<qulonglong> m_mobiles;
-    QSet<QString> m_others;
+    std::unordered_set<qulonglong> m_mobiles;
+    std::unordered_set<QString> m_others;
 };
 
 class Analysis : public WorkbookSink {
@@ -76,7 +68,7 @@ private:
     std::optional<ContactColumns> m_columns;
     KnownIds m_knownIDs;
     std::map<QString, DepartmentInfo> m_departments; ///< by code
-    QSet<QString> m_professions;                     ///< one text for all who share a trade
+    std::unordered_set<QString> m_professions;       ///< one text for all who share a trade
     std::stop_token m_stop;
     RowListener *m_listener; ///< or null
     ProspectImportAnalysis m_result;
@@ -167,10 +159,10 @@ void Analysis::keep(Prospect contact, const DepartmentInfo &department, const QS
     }
     contact.department = known->first;
     if (!profession.isEmpty()) {
-        auto shared = m_professions.constFind(profession);
-        if (shared == m_professions.cend()) {
+        auto shared = m_professions.find(profession);
+        if (shared == m_professions.end()) {
             m_allowance.spend(profession);
-            shared = m_professions.insert(profession);
+            shared = m_professions.insert(profession).first;
         }
         contact.profession = *shared;
     }

@@ -3,9 +3,8 @@
 #include "import/reader_limits.h"
 #include "model/text_order.h"
 
-#include <QSet>
-
 #include <algorithm>
+#include <unordered_set>
 
 using namespace Qt::StringLiterals;
 
@@ -48,7 +47,7 @@ void WorkbookPackage::findParts()
 {
     const auto count = zip_uint64_t(zip_get_num_entries(m_archive.get(), 0));
     readerLimits::parts.check(count);
-    QSet<QString> names;
+    std::unordered_set<QString> names;
     for (zip_uint64_t index = 0; index < count; ++index) {
         zip_stat_t entry;
         if (zip_stat_index(m_archive.get(), index, 0, &entry) != 0)
@@ -57,9 +56,8 @@ void WorkbookPackage::findParts()
         if (name.isEmpty())
             continue;
         const QString folded = name.toCaseFolded();
-        if (names.contains(folded))
+        if (!names.insert(folded).second)
             throw ReaderError(repeatedPart);
-        names.insert(folded);
         keep(entry, {name, index, entry.size});
     }
 }

@@ -9,6 +9,7 @@
 #include <cstdlib>
 #include <exception>
 #include <memory>
+#include <new>
 
 using namespace Qt::StringLiterals;
 
@@ -66,6 +67,8 @@ class Parse {
 public:
     explicit Parse(XmlEvents &events) : m_events(events)
     {
+        if (!parser())
+            throw std::bad_alloc();
         XML_SetUserData(parser(), this);
         XML_SetElementHandler(parser(), &Parse::start, &Parse::end);
         XML_SetCharacterDataHandler(parser(), &Parse::characters);

@@ -59,6 +59,8 @@ Refusal ProspectStore::unreachableByEmail(const Prospect &prospect) const
         return stoppedEmail;
     if (!prospect.email || !validEmail(*prospect.email))
         return noAddress;
+    if (isServedByTwin(Channel::email, prospect))
+        return servedByTwin;
     if (attachmentName(prospect) && !attachmentURL(prospect))
         return attachmentGone;
     return {};

@@ -56,6 +56,8 @@ Refusal ProspectStore::unreachableBySMS(const Prospect &prospect) const
         return stoppedSMS;
     if (prospect.phone.isEmpty())
         return noMobile;
+    if (isServedByTwin(Channel::sms, prospect))
+        return servedByTwin;
     if (attachmentName(prospect) && !attachmentURL(prospect))
         return attachmentGone;
     return {};

@@ -8,6 +8,7 @@
 #include <array>
 #include <charconv>
 #include <functional>
+#include <new>
 #include <set>
 #include <string>
 #include <utility>
@@ -243,6 +244,13 @@ void replaceLoneSurrogates(simdjson::padded_string &json)
         std::ranges::copy(std::string_view("\\ufffd"), json.data() + at);
 }
 
+/// The library does not look whether it got the memory for its texts: it is tried before.
+void askForTexts(std::size_t size)
+{
+    const std::size_t room = 5 * size / 3 + std::size_t(jsonReadAhead);
+    ::operator delete(::operator new(room));
+}
+
 } // namespace
 
 template <typename Shape>
@@ -258,15 +266,21 @@ std::optional<Shape> decodeJson(const QByteArray &bytes)
     simdjson::padded_string copy;
     if (!hasRoom || loneSurrogate(content) != nowhere) {
         copy = simdjson::padded_string(content);
+        if (copy.size() != content.size())
+            throw std::bad_alloc();
         replaceLoneSurrogates(copy);
         json = copy;
     }
+    askForTexts(content.size());
     simdjson::ondemand::parser parser;
     simdjson::ondemand::document document;
     Node root;
     Shape shape;
-    if (parser.iterate(json).get(document) != simdjson::SUCCESS ||
-        document.get_value().get(root) != simdjson::SUCCESS || !Decoder().read(root, shape) ||
+    const simdjson::error_code opened = parser.iterate(json).get(document);
+    if (opened == simdjson::MEMALLOC) // which says nothing about the file
+        throw std::bad_alloc();
+    if (opened != simdjson::SUCCESS || document.get_value().get(root) != simdjson::SUCCESS ||
+        !Decoder().read(root, shape) ||
         document.current_location().error() != simdjson::OUT_OF_BOUNDS) // and nothing after it
         return std::nullopt;
     return shape;

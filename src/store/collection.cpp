@@ -55,8 +55,10 @@ struct CollectionTable {
             writeJson(store.*member, take);
         };
         described.decode = decode<member>;
-        if (described.deletionTurn > 0)
+        if (described.deletionTurn > 0) {
             described.forget = forget<member>;
+            described.copy = copy<member>;
+        }
         return described;
     }
 
@@ -78,6 +80,18 @@ struct CollectionTable {
     {
         if constexpr (requires { (store.*member).removeEach(ids); })
             (store.*member).removeEach(ids);
+    }
+
+    template <auto member>
+    static void copy(ProspectStore &store, const QString &from, const QString &to)
+    {
+        if constexpr (requires { (store.*member).removeEach(IdSet()); }) {
+            const auto *entry = (store.*member).find(from);
+            if (!entry || (store.*member).contains(to))
+                return;
+            auto copied = *entry; // which setting may move
+            (store.*member).set(to, std::move(copied));
+        }
     }
 
     static const std::array<CollectionDescriptor, 13> rows;

@@ -52,7 +52,10 @@ struct CollectionDescriptor {
     // The way to its member.
     void (*write)(const ProspectStore &store, const TakePiece &take) = nullptr;
     std::optional<DecodedFile> (*decode)(const QByteArray &bytes) = nullptr; ///< on any thread
-    void (*forget)(ProspectStore &store, const IdSet &ids) = nullptr; ///< with a deletionTurn
+    // With a deletionTurn only.
+    void (*forget)(ProspectStore &store, const IdSet &ids) = nullptr;
+    /// Gives another contact the same entry, unless it has one already.
+    void (*copy)(ProspectStore &store, const QString &from, const QString &to) = nullptr;
 };
 
 /// The thirteen, in the order in which a start writes them.

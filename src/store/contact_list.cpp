@@ -1,5 +1,6 @@
 #include "model/contact_rules.h"
 #include "store/prospect_store.h"
+#include "store/twins.h"
 
 #include <QRegularExpression>
 #include <QStringDecoder>
@@ -83,21 +84,37 @@ const std::vector<Prospect> &ProspectStore::allProspects() const
     m_customProspects.forEach(
         [this](const Prospect &prospect) { m_merged.push_back(effective(prospect)); });
 
-    m_mergedPositions.clear();
-    m_mergedPositions.reserve(qsizetype(m_merged.size()));
-    for (std::size_t position = 0; position < m_merged.size(); ++position) {
-        if (!m_mergedPositions.contains(m_merged[position].id))
-            m_mergedPositions.insert(m_merged[position].id, position);
-    }
+    indexMerged();
     m_mergedIsCurrent = true;
     return m_merged;
+}
+
+void ProspectStore::indexMerged() const
+{
+    const auto idAt = [this](quint32 place) -> const QString & { return m_merged[place].id; };
+    m_mergedPositions = {};
+    m_mergedPositions.reserve(m_merged.size(), idAt);
+    m_twins.clear();
+    for (quint32 place = 0; place < m_merged.size(); ++place) {
+        const QString &id = m_merged[place].id;
+        if (m_mergedPositions.find(id, idAt) != KeyIndex::none)
+            continue;
+        m_mergedPositions.insert(place, idAt);
+        if (const QString first = firstId(id); first != id)
+            m_twins[first] << id;
+    }
+    for (auto &[first, ids] : m_twins) {
+        if (m_mergedPositions.find(first, idAt) != KeyIndex::none)
+            ids.prepend(first);
+    }
 }
 
 const Prospect *ProspectStore::prospect(const QString &id) const
 {
     const std::vector<Prospect> &all = allProspects();
-    const auto found = m_mergedPositions.constFind(id);
-    return found == m_mergedPositions.cend() ? nullptr : &all[*found];
+    const quint32 place =
+        m_mergedPositions.find(id, [&all](quint32 at) -> const QString & { return all[at].id; });
+    return place == KeyIndex::none ? nullptr : &all[place];
 }
 
 Prospect ProspectStore::effective(const Prospect &prospect) const

@@ -1,5 +1,6 @@
 #include "model/contact_rules.h"
 #include "store/prospect_store.h"
+#include "store/twins.h"
 
 using namespace Qt::StringLiterals;
 
@@ -80,7 +81,7 @@ Refusal ProspectStore::update(const Prospect &prospect, const ContactEdit &edit)
         return invalidEmail;
     const QString id = prospect.id; // publishing rebuilds the list that the contact may come from
     for (const Prospect &other : allProspects()) {
-        if (other.id != id && sameReach(other, digits, address))
+        if (firstId(other.id) != firstId(id) && sameReach(other, digits, address))
             return belongsToAnother;
     }
     const QString shownPhone = formatPhone(digits);

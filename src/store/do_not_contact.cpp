@@ -1,6 +1,7 @@
 #include "store/do_not_contact.h"
 
 #include "model/json_decode.h"
+#include "platform/system_reason.h"
 #include "store/set_aside.h"
 
 #include <QDir>
@@ -18,7 +19,7 @@ DoNotContact::DoNotContact(const Platform &platform)
     if (!source.exists())
         return;
     if (!source.open(QIODevice::ReadOnly)) {
-        m_unreadable = source.errorString();
+        m_unreadable = systemReason(source.errorString());
         return;
     }
     if (auto read = decodeJson<IdSet>(source.readAll()))

@@ -1,7 +1,9 @@
+#include "platform/system_reason.h"
 #include "store/prospect_store.h"
 
 #include <QDir>
 #include <QFileInfo>
+#include <QTimer>
 
 using namespace Qt::StringLiterals;
 
@@ -12,6 +14,20 @@ namespace {
 QString failureText(Collection collection, const QString &error)
 {
     return QString::fromUtf16(descriptor(collection).saveFailure) + error;
+}
+
+/// Those who show a change may find no memory for it: it is made all the same, and they are told
+/// again.
+template <typename Tell>
+void whenThereIsMemory(ProspectStore *store, Tell tell)
+{
+    constexpr std::chrono::seconds wait{1};
+    try {
+        tell();
+    } catch (const std::bad_alloc &) {
+        QTimer::singleShot(wait, store,
+                           [store, tell = std::move(tell)] { whenThereIsMemory(store, tell); });
+    }
 }
 
 } // namespace
@@ -29,10 +45,14 @@ void ProspectStore::writeJson(Collection collection, const TakePiece &take) cons
 
 Refusal ProspectStore::writeFile(Collection collection) const
 {
-    if (const Refusal refusal = m_platform.files.makeFolder(m_platform.folders.data()))
-        return u"le dossier de données ne peut pas être créé : "_s + *refusal;
-    return m_platform.files.writePieces(
-        file(collection), [&](const TakePiece &take) { writeJson(collection, take); });
+    try {
+        if (const Refusal refusal = m_platform.files.makeFolder(m_platform.folders.data()))
+            return u"le dossier de données ne peut pas être créé : "_s + *refusal;
+        return m_platform.files.writePieces(
+            file(collection), [&](const TakePiece &take) { writeJson(collection, take); });
+    } catch (const std::bad_alloc &) {
+        return systemReason(ENOMEM);
+    }
 }
 
 void ProspectStore::save(Collection collection)
@@ -55,21 +75,23 @@ void ProspectStore::save(Collection collection)
 void ProspectStore::publish(Collection collection, IdSet ids)
 {
     const CollectionDescriptor &row = descriptor(collection);
-    const Change change = row.change(collection, ids);
     if (row.shapesList)
         m_mergedIsCurrent = false;
     if (m_gathered) {
-        IdSet &gathered = m_gathered->collections[collection];
-        if (std::holds_alternative<ContactsChanged>(change))
-            gathered.merge(ids);
+        m_gathered->collections[collection].merge(ids);
         return;
     }
-    announce(change);
+    whenThereIsMemory(this, [this, &row, ids = std::move(ids)] {
+        Q_EMIT published(row.change(row.collection, ids));
+    });
     if (m_isReady)
         save(collection);
 }
 
-void ProspectStore::announce(const Change &change) { Q_EMIT published(change); }
+void ProspectStore::announce(Change change)
+{
+    whenThereIsMemory(this, [this, change = std::move(change)] { Q_EMIT published(change); });
+}
 
 void ProspectStore::announceSelection(Channel channel, IdSet ids)
 {

@@ -2,6 +2,7 @@
 
 #include "model/json_decode.h"
 #include "model/json_text.h"
+#include "platform/system_reason.h"
 #include "store/set_aside.h"
 
 #include <QDir>
@@ -49,7 +50,7 @@ Refusal IntentFile::write() const
 {
     if (m_intents.empty()) {
         QFile file(m_path);
-        return file.remove() || !file.exists() ? Refusal() : file.errorString();
+        return file.remove() || !file.exists() ? Refusal() : systemReason(file.errorString());
     }
     std::string text;
     appendJson(text, m_intents, 0);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "model/collections.h"
+#include "model/key_index.h"
 #include "model/records.h"
 #include "platform/platform.h"
 #include "store/change.h"
@@ -16,6 +17,7 @@
 #include <functional>
 #include <map>
 #include <stop_token>
+#include <unordered_map>
 
 namespace quenoria {
 
@@ -90,6 +92,11 @@ public:
     [[nodiscard]] Refusal update(const Prospect &prospect, const ContactEdit &edit);
     int deleteProspects(const IdSet &ids); ///< how many contacts went
 
+    /// Gives each contact of an older folder that shares its id an id of its own, with a copy of
+    /// what is kept about it; how many got one. Nothing changes as long as that copy cannot be
+    /// written. Contacts that shared an id are never both served while they share a recipient.
+    int separateTwins();
+
     // Departments.
     std::vector<DepartmentInfo> sortedDepartments() const;
     QString departmentName(const QString &code) const;
@@ -105,7 +112,10 @@ public:
     void recordSentNow(const Prospect &prospect);
     void recordSent(const Prospect &prospect, Instant date); ///< a send of an earlier moment
     void recordSMSRecipientUsage(const Prospect &prospect, Instant date); ///< in that month's quota
-    bool isReachable(Channel channel, const Prospect &prospect) const; ///< has a number, an address
+    /// Has a number, an address, and no twin that gets its messages.
+    bool isReachable(Channel channel, const Prospect &prospect) const;
+    /// An earlier contact that once shared its id has the same number, the same address.
+    bool isServedByTwin(Channel channel, const Prospect &prospect) const;
     bool isMarkedSent(Channel channel, const Prospect &prospect) const;
     void setDate(Instant date, const Prospect &prospect);
     void setStopped(bool stopped, const Prospect &prospect);
@@ -172,6 +182,7 @@ public:
     // two halves stand apart, so that a window can analyse a large workbook on another thread.
     ImportReport importProspects(const QString &workbookPath);
     IdSet duplicateKeys() const; ///< one key per contact of the merged list
+    /// Throws OutOfMemory; what it had taken in by then stays, and a repeat adds the rest.
     ImportReport merge(ProspectImportAnalysis analysis);
 
     // Messaging. Nothing here records a send: the caller does, once it is confirmed. Automatic
@@ -225,13 +236,17 @@ private:
     /// Announces that the collection changed, for these contacts where it holds records of theirs,
     /// then writes its file once the store is ready.
     void publish(Collection collection, IdSet ids = {});
-    void announce(const Change &change);
+    void announce(Change change);
     void announceSelection(Channel channel, IdSet ids);
     friend class Together;
     friend struct CollectionTable;
 
+    void indexMerged() const;
     Prospect effective(const Prospect &prospect) const;
     void forget(const IdSet &ids);
+    bool copyRecords(const std::map<QString, QString> &origins);
+    QStringList twins(const QString &id) const;
+    void stopWithTwins(const QString &id);
 
     void setStatus(const QString &id, std::optional<SendStatus> status); ///< none: removes it
     void setEmailStatus(const QString &id, std::optional<EmailSendStatus> status);
@@ -264,8 +279,9 @@ private:
                                                             std::optional<QUrl> attachment);
     std::optional<QString> defaultMailApplicationBundleIdentifier() const;
 
+    ImportReport mergeWhole(ProspectImportAnalysis analysis);
     IdSet listedAsStopped(const ProspectImportAnalysis &analysis,
-                          const QHash<QString, QString> &knownIds) const;
+                          const std::unordered_map<QString, QString> &knownIds) const;
 
     Platform m_platform;
     DoNotContact m_doNotContact;
@@ -300,7 +316,8 @@ private:
 
     // The merged list and where each id first stands in it; emptied by what changes it.
     mutable std::vector<Prospect> m_merged;
-    mutable QHash<QString, std::size_t> m_mergedPositions;
+    mutable KeyIndex m_mergedPositions;
+    mutable std::map<QString, QStringList> m_twins; ///< by the id that they shared
     mutable bool m_mergedIsCurrent = false;
 };
 

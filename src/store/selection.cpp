@@ -32,8 +32,9 @@ void ProspectStore::clearEmailSendSelection() { clearSelection(Channel::email); 
 
 bool ProspectStore::isReachable(Channel channel, const Prospect &prospect) const
 {
-    return channel == Channel::sms ? !prospect.phone.isEmpty()
-                                   : !prospect.email.value_or(QString()).isEmpty();
+    const bool hasReach = channel == Channel::sms ? !prospect.phone.isEmpty()
+                                                  : !prospect.email.value_or(QString()).isEmpty();
+    return hasReach && !isServedByTwin(channel, prospect);
 }
 
 IdSet &ProspectStore::selection(Channel channel)

@@ -75,8 +75,12 @@ void ProspectStore::loadFiles()
     std::vector<std::future<std::optional<DecodedFile>>> files;
     for (const CollectionDescriptor &row : collections())
         files.push_back(std::async(&decodeFile, std::cref(row), file(row.collection)));
+    // All before the first is set aside: memory may not suffice for one of them.
+    std::vector<std::optional<DecodedFile>> contents;
+    for (auto &decoding : files)
+        contents.push_back(decoding.get());
     for (const CollectionDescriptor &row : collections()) {
-        const std::optional<DecodedFile> decoded = files[std::size_t(row.collection)].get();
+        const std::optional<DecodedFile> &decoded = contents[std::size_t(row.collection)];
         if (decoded)
             decoded->adopt(*this);
         else if (const QString path = file(row.collection); QFile::exists(path))

@@ -168,20 +168,29 @@ void ProspectStore::setDate(Instant date, const Prospect &prospect)
 
 void ProspectStore::setStopped(bool stopped, const Prospect &prospect)
 {
+    if (stopped)
+        return stopWithTwins(prospect.id);
     const SendStatus *existing = status(prospect);
     SendStatus status = existingOr(existing, m_platform.clock.now());
-    if (stopped) {
-        status.stopped = true;
-        m_statuses.set(prospect.id, std::move(status));
-        setSelectedForSending(false, prospect);
-        setSelectedForEmailSending(false, prospect);
-        publish(Collection::statuses, {prospect.id});
-        return;
-    }
     status.stopped.reset();
     const bool carriesNothing =
         !status.sent && trimmedComment(status).isEmpty() && historyFrom(existing).empty();
     setStatus(prospect.id, carriesNothing ? std::nullopt : std::optional(std::move(status)));
+}
+
+/// Whoever says STOP says it for every row that once was the same contact.
+void ProspectStore::stopWithTwins(const QString &id)
+{
+    IdSet ids;
+    for (const QString &twin : twins(id)) {
+        SendStatus status = existingOr(m_statuses.find(twin), m_platform.clock.now());
+        status.stopped = true;
+        m_statuses.set(twin, std::move(status));
+        select(Channel::sms, false, twin);
+        select(Channel::email, false, twin);
+        ids.insert(twin);
+    }
+    publish(Collection::statuses, std::move(ids));
 }
 
 void ProspectStore::setComment(const QString &comment, const Prospect &prospect)

@@ -54,11 +54,15 @@ TEST(ImportAnalysis, FindsTheContactsOfRealWorkbooks)
 TEST(ImportAnalysis, CanBeFollowedAndAbandoned)
 {
     const Packages packages;
-    const QString path = packages.package(
-        {{"xl/worksheets/1.xml", worksheet(QByteArray("<row/>").repeated(100'000))}});
+    const QByteArray sheet = worksheet(QByteArray("<row/>").repeated(100'000));
+    const QString path = packages.package({{"xl/worksheets/1.xml", sheet}});
+    constexpr double mostBetweenLooks = 64 * 1024; // bytes of a part
     std::stop_source stop;
     std::vector<double> shares;
     const auto progress = [&](double share) {
+        EXPECT_FALSE(stop.stop_requested()) << "nothing is read any more";
+        EXPECT_LE((share - (shares.empty() ? 0 : shares.back())) * double(sheet.size()),
+                  mostBetweenLooks + 1);
         shares.push_back(share);
         if (share > 0.5)
             stop.request_stop();

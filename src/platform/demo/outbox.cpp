@@ -2,6 +2,7 @@
 
 #include "model/local_time.h"
 #include "platform/mime/mime_message.h"
+#include "platform/system_reason.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -79,7 +80,7 @@ TransportResult Outbox::copy(const QString &path, const QString &copyPath)
     const QByteArray content = isOpen ? source.readAll() : QByteArray();
     if (!isOpen || source.error() != QFile::NoError)
         return TransportFailure{u"Le fichier joint « %1 » ne peut pas être copié : %2"_s.arg(
-            path, source.errorString())};
+            path, systemReason(source.errorString()))};
     return write(copyPath, content);
 }
 

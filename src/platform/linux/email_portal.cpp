@@ -1,5 +1,7 @@
 #include "platform/linux/email_portal.h"
 
+#include "platform/system_reason.h"
+
 #include <QDBusMessage>
 #include <QDBusMetaType>
 #include <QDBusUnixFileDescriptor>
@@ -57,7 +59,7 @@ TransportResult EmailPortal::compose(const Composition &draft) const
     QFile file(draft.file.toLocalFile());
     if (!file.fileName().isEmpty()) {
         if (!file.open(QIODevice::ReadOnly))
-            return TransportFailure{file.errorString()};
+            return TransportFailure{systemReason(file.errorString())};
         options.insert(u"attachment_fds"_s, openFiles(file));
     }
     QDBusMessage order = portalCall(interfaceName, u"ComposeEmail"_s);

@@ -1,5 +1,7 @@
 #include "platform/posix/folder_lock.h"
 
+#include "platform/system_reason.h"
+
 #include <QFile>
 
 #include <fcntl.h>
@@ -20,7 +22,7 @@ FolderLock::Outcome FolderLock::take(const QString &folder)
     Descriptor file(
         ::open(path.constData(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW, S_IRUSR | S_IWUSR));
     if (!file.isOpen())
-        return Failed{qt_error_string(errno)};
+        return Failed{systemReason()};
     if (m_lockFile(file.number(), LOCK_EX | LOCK_NB) == 0) {
         m_file = std::move(file);
         return Held{};
@@ -34,7 +36,7 @@ FolderLock::Outcome FolderLock::take(const QString &folder)
     case EINVAL:
         return NoLocks{};
     default:
-        return Failed{qt_error_string(errno)};
+        return Failed{systemReason()};
     }
 }
 

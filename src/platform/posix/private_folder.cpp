@@ -1,6 +1,7 @@
 #include "platform/posix/private_folder.h"
 
 #include "platform/posix/descriptor.h"
+#include "platform/system_reason.h"
 
 #include <QDir>
 #include <QFile>
@@ -53,10 +54,10 @@ std::optional<QString> unreadable(const QString &path)
     const QByteArray name = QFile::encodeName(path);
     const Descriptor file(::open(name.constData(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
     if (!file.isOpen())
-        return errno == ENOENT ? std::nullopt : std::optional(qt_error_string(errno));
+        return errno == ENOENT ? std::nullopt : std::optional(systemReason());
     struct ::stat found {};
     if (::fstat(file.number(), &found) != 0)
-        return qt_error_string(errno);
+        return systemReason();
     if (!S_ISREG(found.st_mode) && !S_ISDIR(found.st_mode))
         return QStringLiteral("ce n’est pas un fichier");
     std::array<char, 65536> piece{}; // a damaged disk may fail far from the beginning
@@ -64,7 +65,7 @@ std::optional<QString> unreadable(const QString &path)
     do
         size = ::read(file.number(), piece.data(), piece.size());
     while (size > 0 || (size < 0 && errno == EINTR));
-    return size == 0 ? std::nullopt : std::optional(qt_error_string(errno));
+    return size == 0 ? std::nullopt : std::optional(systemReason());
 }
 
 } // namespace quenoria

@@ -1,6 +1,7 @@
 #include "platform/posix/whole_file_writer.h"
 
 #include "platform/posix/descriptor.h"
+#include "platform/system_reason.h"
 
 #include <QDir>
 #include <QFile>
@@ -17,8 +18,6 @@ using namespace Qt::StringLiterals;
 namespace quenoria {
 
 namespace {
-
-QString reason() { return qt_error_string(errno); }
 
 /// The file that is replaced: behind a link, what the link names.
 std::optional<QByteArray> realTarget(const QByteArray &path)
@@ -95,26 +94,26 @@ std::optional<QString> WholeFileWriter::writePieces(const QString &path, const G
 {
     const auto target = realTarget(QFile::encodeName(path));
     if (!target)
-        return reason();
+        return systemReason();
     const QByteArray folderPath =
         QFile::encodeName(QFileInfo(QFile::decodeName(*target)).absolutePath());
     const Descriptor folder(::open(folderPath.constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
     if (!folder.isOpen())
-        return reason();
+        return systemReason();
     if (isElsewhere(folderPath, *target))
-        return qt_error_string(ENODEV);
+        return systemReason(ENODEV);
     TemporaryFile file(folderPath);
     if (!file.isOpen())
-        return reason();
+        return systemReason();
     int failure = 0;
     give([&file, &failure](std::string_view piece) {
         if (failure == 0 && !file.write(piece))
             failure = errno;
     });
     if (failure != 0)
-        return qt_error_string(failure);
+        return systemReason(failure);
     if (!file.putInPlaceOf(*target) || !syncFolder(folder))
-        return reason();
+        return systemReason();
     return {};
 }
 
@@ -128,7 +127,7 @@ std::optional<QString> WholeFileWriter::makeFolder(const QString &path)
     if (!QFileInfo(path).isDir() && ::mkdir(folder.constData(), S_IRWXU) != 0) {
         const int failure = errno;
         if (failure != EEXIST || !QFileInfo(path).isDir()) // another start may have made it
-            return qt_error_string(failure);
+            return systemReason(failure);
     }
     m_devices[folder] = deviceOf(folder).value_or(0);
     return {};

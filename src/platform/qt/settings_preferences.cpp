@@ -1,5 +1,7 @@
 #include "platform/qt/settings_preferences.h"
 
+#include "platform/system_reason.h"
+
 #include <QFile>
 #include <QFileInfo>
 #include <QSettings>
@@ -57,7 +59,7 @@ void SettingsPreferences::read()
 {
     QFile source(m_file);
     if (source.exists() && !source.open(QIODevice::ReadOnly)) {
-        m_unreadable = source.errorString();
+        m_unreadable = systemReason(source.errorString());
         return;
     }
     const QSettings stored(m_file, QSettings::IniFormat);

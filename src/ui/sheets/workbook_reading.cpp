@@ -1,5 +1,6 @@
 #include "ui/sheets/workbook_reading.h"
 
+#include "import/import_error.h"
 #include "import/row_listener.h"
 
 #include <QtConcurrent>
@@ -48,7 +49,12 @@ void WorkbookReading::conclude()
 {
     // The future keeps its result: without one it counts as unfinished, and the promise, which its
     // thread destroys at that moment, would finish it once more.
-    ReadWorkbook outcome = std::move(*m_reading.result());
+    ReadWorkbook outcome;
+    try {
+        outcome = std::move(*m_reading.result());
+    } catch (const std::bad_alloc &) { // before there was anything to put the outcome in
+        outcome.failure = OutOfMemory().message();
+    }
     if (m_stop.stop_requested())
         outcome = {};
     Q_EMIT finished(outcome);

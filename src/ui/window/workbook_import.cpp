@@ -1,5 +1,6 @@
 #include "ui/window/workbook_import.h"
 
+#include "import/import_error.h"
 #include "platform/file_panels.h"
 #include "store/prospect_store.h"
 #include "ui/sheets/workbook_reading.h"
@@ -10,6 +11,15 @@
 using namespace Qt::StringLiterals;
 
 namespace quenoria {
+
+namespace {
+
+ImportReport impossible(const QString &reason)
+{
+    return {.title = u"Import impossible"_s, .message = reason};
+}
+
+} // namespace
 
 WorkbookImport::WorkbookImport(ProspectStore &store, FilePanels &panels, QWidget *window)
     : QObject(window), m_store(store), m_panels(panels), m_window(window),
@@ -34,7 +44,12 @@ void WorkbookImport::run(const QString &workbookPath)
     if (isRunning())
         return;
     showProgress(QFileInfo(workbookPath).fileName());
-    m_reading->start(workbookPath, m_store.duplicateKeys());
+    try {
+        m_reading->start(workbookPath, m_store.duplicateKeys());
+    } catch (const std::bad_alloc &) {
+        m_progress->accept();
+        Q_EMIT finished(impossible(OutOfMemory().message()));
+    }
 }
 
 void WorkbookImport::showProgress(const QString &fileName)
@@ -50,14 +65,20 @@ void WorkbookImport::conclude(ReadWorkbook &outcome)
     if (m_progress)
         m_progress->accept(); // and not deleted: an alert may stand over it
     if (outcome.failure)
-        Q_EMIT finished({.title = u"Import impossible"_s, .message = *outcome.failure});
+        Q_EMIT finished(impossible(*outcome.failure));
     else if (outcome.analysis)
         merge(std::move(*outcome.analysis));
 }
 
 void WorkbookImport::merge(ProspectImportAnalysis analysis)
 {
-    Q_EMIT finished(m_store.merge(std::move(analysis)));
+    ImportReport report;
+    try {
+        report = m_store.merge(std::move(analysis));
+    } catch (const ImportFailure &failure) {
+        report = impossible(failure.message());
+    }
+    Q_EMIT finished(report);
 }
 
 } // namespace quenoria

@@ -3,6 +3,7 @@
 #include "platform/qt/single_instance.h"
 #include "platform/qt/start_folder.h"
 #include "platform/qt/system_clock.h"
+#include "platform/system_reason.h"
 #include "support/fake_desktop.h"
 
 #include <QApplication>
@@ -103,7 +104,7 @@ TEST_F(Session, SecondStartCallsTheFirstAndEnds)
 TEST_F(Session, AFolderThatCannotBeLockedIsNotOwned)
 {
     SingleInstance nowhere(folder.filePath(u"absent"_s), [] {});
-    EXPECT_EQ(std::get<SingleInstance::Refused>(nowhere.own()).reason, qt_error_string(ENOENT));
+    EXPECT_EQ(std::get<SingleInstance::Refused>(nowhere.own()).reason, systemReason(ENOENT));
     const auto failing = [](int error) {
         return FolderLock([error](int, int) {
             errno = error;
@@ -115,7 +116,7 @@ TEST_F(Session, AFolderThatCannotBeLockedIsNotOwned)
     EXPECT_TRUE(owns<SingleInstance::Unguarded>(network));
     SingleInstance broken(
         folder.path(), [] {}, failing(EIO));
-    EXPECT_EQ(std::get<SingleInstance::Refused>(broken.own()).reason, qt_error_string(EIO));
+    EXPECT_EQ(std::get<SingleInstance::Refused>(broken.own()).reason, systemReason(EIO));
 
     int calls = 0;
     SingleInstance first(

@@ -1,4 +1,5 @@
 #include "platform/posix/private_folder.h"
+#include "platform/system_reason.h"
 
 #include <QDir>
 #include <QFile>
@@ -62,15 +63,15 @@ TEST_F(PrivateFolder, AFileThatCannotBeReadIsNamedWithTheSystemsReason)
     EXPECT_EQ(unreadable(make(u"suivi.json"_s, 0600)), std::nullopt);
     EXPECT_EQ(unreadable(folder.filePath(u"absent.json"_s)), std::nullopt);
     ASSERT_TRUE(QDir(folder.path()).mkdir(u"dossier.json"_s));
-    EXPECT_EQ(unreadable(folder.filePath(u"dossier.json"_s)), qt_error_string(EISDIR));
+    EXPECT_EQ(unreadable(folder.filePath(u"dossier.json"_s)), systemReason(EISDIR));
     ASSERT_TRUE(QFile::link(u"boucle.json"_s, folder.filePath(u"boucle.json"_s)));
-    EXPECT_EQ(unreadable(folder.filePath(u"boucle.json"_s)), qt_error_string(ELOOP));
+    EXPECT_EQ(unreadable(folder.filePath(u"boucle.json"_s)), systemReason(ELOOP));
     ASSERT_TRUE(QFile::link(u"/proc/self/mem"_s, folder.filePath(u"erreur.json"_s)));
-    EXPECT_EQ(unreadable(folder.filePath(u"erreur.json"_s)), qt_error_string(EIO));
+    EXPECT_EQ(unreadable(folder.filePath(u"erreur.json"_s)), systemReason(EIO));
     ASSERT_EQ(::mkfifo(QFile::encodeName(folder.filePath(u"tube.json"_s)).constData(), 0600), 0);
     EXPECT_NE(unreadable(folder.filePath(u"tube.json"_s)), std::nullopt);
     if (::geteuid() != 0) {
-        EXPECT_EQ(unreadable(make(u"fermé.json"_s, 0)), qt_error_string(EACCES));
+        EXPECT_EQ(unreadable(make(u"fermé.json"_s, 0)), systemReason(EACCES));
     }
 }
 

@@ -1,4 +1,5 @@
 #include "platform/posix/whole_file_writer.h"
+#include "platform/system_reason.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -89,14 +90,14 @@ TEST_F(WholeFile, OnAFullDiskStandsToTheByteWhereverTheRoomEnds)
     for (const qsizetype size : {room + 1, room + 16 * 1024, 3 * room}) {
         const FullDisk disk;
         const QByteArray bytes(size, 'x');
-        EXPECT_EQ(files.write(target, bytes), qt_error_string(EFBIG)) << size;
+        EXPECT_EQ(files.write(target, bytes), systemReason(EFBIG)) << size;
         EXPECT_EQ(files.writePieces(target,
                                     [&bytes](const TakePiece &take) {
                                         for (const char &byte : bytes)
                                             take({&byte, 1});
                                         take({});
                                     }),
-                  qt_error_string(EFBIG));
+                  systemReason(EFBIG));
         EXPECT_EQ(content(target), "ancien");
         EXPECT_EQ(names().size(), 1) << "the temporary file went";
         EXPECT_EQ(files.write(target + u'2', bytes.first(room)), std::nullopt) << "just enough";
@@ -112,14 +113,13 @@ struct Obstacle {
 
 class WholeFileObstacle : public WholeFile, public testing::WithParamInterface<Obstacle> {};
 
-TEST_P(WholeFileObstacle, IsSaidInTheSystemsWordsAndNothingChanges)
+TEST_P(WholeFileObstacle, IsSaidAndNothingChanges)
 {
     ASSERT_TRUE(QDir(folder.path()).mkpath(u"dossier/plein"_s));
     ASSERT_TRUE(QFile::link(u"boucle"_s, folder.filePath(u"boucle"_s)));
     ASSERT_EQ(files.write(folder.filePath(u"fichier"_s), "x"), std::nullopt);
     const QStringList before = names();
-    EXPECT_EQ(files.write(folder.filePath(GetParam().path), "x"),
-              qt_error_string(GetParam().error));
+    EXPECT_EQ(files.write(folder.filePath(GetParam().path), "x"), systemReason(GetParam().error));
     EXPECT_EQ(names(), before);
 }
 
@@ -130,6 +130,15 @@ INSTANTIATE_TEST_SUITE_P(Paths, WholeFileObstacle,
                                          Obstacle{"fileAbove", u"fichier/a.json"_s, ENOTDIR},
                                          Obstacle{"longName", QString(256, u'a'), ENAMETOOLONG}),
                          [](const auto &obstacle) { return obstacle.param.name; });
+
+TEST(SystemReason, IsFrenchForWhatDisksSayAndTheSystemsOwnForTheRest)
+{
+    for (const int error : {EROFS, ENOSPC, EACCES, EIO, EDQUOT, ENOENT})
+        EXPECT_NE(systemReason(error), qt_error_string(error));
+    EXPECT_EQ(systemReason(qt_error_string(ENOSPC)), u"il n’y a plus de place sur le disque"_s);
+    EXPECT_EQ(systemReason(EPROTO), qt_error_string(EPROTO));
+    EXPECT_EQ(systemReason(u"trop tard"_s), u"trop tard"_s);
+}
 
 TEST_F(WholeFile, BehindALinkIsReplacedWhereItStands)
 {

@@ -1,0 +1,107 @@
+#include "store/twins.h"
+
+#include "model/contact_rules.h"
+#include "store/prospect_store.h"
+
+using namespace Qt::StringLiterals;
+
+namespace quenoria {
+
+namespace {
+
+const QChar separator = u'#'; // stands in no number and in no address
+
+/// Whether one person would get what both are sent, however the number is written.
+bool sameRecipient(Channel channel, const Prospect &one, const Prospect &other)
+{
+    constexpr qsizetype significant = 9; // of a French number, without 0 or 33
+    if (channel == Channel::sms)
+        return normalizePhone(one.phone).right(significant) ==
+               normalizePhone(other.phone).right(significant);
+    return one.email.value_or(QString()).compare(other.email.value_or(QString()),
+                                                 Qt::CaseInsensitive) == 0;
+}
+
+QString freeId(const QString &id, const IdSet &taken)
+{
+    for (int number = 2;; ++number) {
+        QString free = firstId(id) + separator + QString::number(number);
+        if (!taken.contains(free))
+            return free;
+    }
+}
+
+} // namespace
+
+QString firstId(const QString &id)
+{
+    const qsizetype number = id.indexOf(separator);
+    return number < 0 ? id : id.first(number);
+}
+
+int ProspectStore::separateTwins()
+{
+    IdSet taken, seen;
+    for (const Prospect &prospect : m_prospects) {
+        if (!m_deletedProspectIDs.contains(prospect.id))
+            seen.insert(prospect.id);
+    }
+    m_customProspects.forEach([&taken](const Prospect &prospect) { taken.insert(prospect.id); });
+    std::vector<Prospect> contacts = m_customProspects.values();
+    std::map<QString, QString> origins; // by the new id
+    for (Prospect &contact : contacts) {
+        if (!seen.insert(contact.id).second) {
+            const QString origin = std::exchange(contact.id, freeId(contact.id, taken));
+            taken.insert(contact.id);
+            origins.emplace(contact.id, origin);
+        }
+    }
+    if (origins.empty() || !copyRecords(origins))
+        return 0;
+    m_customProspects = Sequence<Prospect>(std::move(contacts));
+    publish(Collection::customProspects);
+    m_platform.log.write(
+        u"Contacts en double auxquels une ligne a été donnée : %1"_s.arg(int(origins.size())));
+    return int(origins.size());
+}
+
+/// Gives the new ids what is kept under the old ones; false when that could not be written. A
+/// contact without its STOP would be worse than two contacts that share it.
+bool ProspectStore::copyRecords(const std::map<QString, QString> &origins)
+{
+    IdSet ids;
+    for (const auto &[id, origin] : origins)
+        ids.insert(id);
+    bool isWritten = true;
+    for (const CollectionDescriptor &row : collections()) {
+        if (row.deletionTurn == 0)
+            continue;
+        for (const auto &[id, origin] : origins)
+            row.copy(*this, origin, id);
+        publish(row.collection, ids);
+        isWritten = isWritten && !m_unsaved.contains(row.collection);
+    }
+    return isWritten;
+}
+
+/// The contact and those that once shared its id, in the order in which they are served.
+QStringList ProspectStore::twins(const QString &id) const
+{
+    (void)allProspects();
+    const auto found = m_twins.find(firstId(id));
+    return found == m_twins.end() ? QStringList{id} : found->second;
+}
+
+bool ProspectStore::isServedByTwin(Channel channel, const Prospect &prospect) const
+{
+    for (const QString &id : twins(prospect.id)) {
+        if (id == prospect.id)
+            return false;
+        const Prospect *elder = this->prospect(id);
+        if (elder && sameRecipient(channel, *elder, prospect))
+            return true;
+    }
+    return false;
+}
+
+} // namespace quenoria
