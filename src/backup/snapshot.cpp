@@ -1,6 +1,7 @@
 #include "backup/snapshot.h"
 
 #include "backup/backup_files.h"
+#include "platform/system_reason.h"
 #include "store/prospect_store.h"
 #include "store/send_history.h"
 
@@ -35,7 +36,7 @@ Snapshot::Snapshot(const ProspectStore &store, const Platform &platform)
         if (file->open(QIODevice::ReadOnly | QIODevice::Unbuffered))
             m_files.push_back({each.name, std::move(file)});
         else if (each.isAlwaysThere || file->exists())
-            m_failure = u"« %1 » : %2"_s.arg(each.name, file->errorString());
+            m_failure = u"« %1 » : %2"_s.arg(each.name, systemReason(file->errorString()));
     }
 }
 

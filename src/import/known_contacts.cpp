@@ -8,11 +8,11 @@ namespace quenoria {
 KnownContacts KnownContacts::of(const ProspectStore &store)
 {
     KnownContacts known;
-    const QHash<QString, QString> ids = idsByKey(store.allProspects());
-    known.byKey.reserve(ids.size());
-    for (auto id = ids.cbegin(); id != ids.cend(); ++id) {
-        if (const Prospect *contact = store.prospect(*id))
-            known.byKey.insert(id.key(), {contact->label, contact->email.value_or(QString())});
+    const IdsByKey ids = idsByKey(store.allProspects());
+    known.byKey.reserve(qsizetype(ids.size()));
+    for (const auto &[key, id] : ids) {
+        if (const Prospect *contact = store.prospect(id))
+            known.byKey.insert(key, {contact->label, contact->email.value_or(QString())});
     }
     known.notToContact = store.doNotContact().keys();
     return known;

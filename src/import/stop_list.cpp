@@ -4,6 +4,7 @@
 #include "import/excel_workbook_reader.h"
 #include "import/import_error.h"
 #include "import/reader_limits.h"
+#include "platform/system_reason.h"
 #include "store/prospect_store.h"
 
 #include <QFile>
@@ -110,7 +111,7 @@ StopList readText(const QString &path, const ImportWatch &watch)
 {
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
-        throw ReaderError(file.errorString());
+        throw ReaderError(systemReason(file.errorString()));
     textBytes.check(std::uint64_t(file.size()));
     const std::string text = decoded(file.read(qint64(textBytes.most)));
     if (text.find('\0') != std::string::npos)
