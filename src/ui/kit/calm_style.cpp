@@ -1,6 +1,7 @@
 #include "ui/kit/calm_style.h"
 
 #include "ui/kit/calm_painting.h"
+#include "ui/kit/mnemonics.h"
 
 #include <QAbstractItemView>
 #include <QCheckBox>
@@ -56,6 +57,18 @@ bool isFramed(const QStyleOption *option)
 {
     const auto *frame = qstyleoption_cast<const QStyleOptionFrame *>(option);
     return frame && frame->lineWidth > 0;
+}
+
+/// The button with its letter underlined.
+QStyleOptionButton withMnemonic(const QStyleOptionButton &option, const QWidget *widget)
+{
+    QStyleOptionButton shown = option;
+    const auto *button = qobject_cast<const QAbstractButton *>(widget);
+    if (!button || !QKeySequence::mnemonic(option.text).isEmpty())
+        return shown;
+    if (const qsizetype place = Mnemonics::placeOf(button->shortcut(), option.text); place >= 0)
+        shown.text.insert(place, u'&');
+    return shown;
 }
 
 } // namespace
@@ -198,8 +211,17 @@ void CalmStyle::drawControl(ControlElement element, const QStyleOption *option, 
 {
     switch (element) {
     case CE_PushButtonLabel:
-        if (const auto *button = qstyleoption_cast<const QStyleOptionButton *>(option))
-            return drawButtonLabel(painter, button, widget);
+        if (const auto *button = qstyleoption_cast<const QStyleOptionButton *>(option)) {
+            const QStyleOptionButton shown = withMnemonic(*button, widget);
+            return drawButtonLabel(painter, &shown, widget);
+        }
+        break;
+    case CE_CheckBoxLabel:
+    case CE_RadioButtonLabel:
+        if (const auto *button = qstyleoption_cast<const QStyleOptionButton *>(option)) {
+            const QStyleOptionButton shown = withMnemonic(*button, widget);
+            return QProxyStyle::drawControl(element, &shown, painter, widget);
+        }
         break;
     case CE_HeaderSection:
         return drawHeaderSection(painter, option);

@@ -3,6 +3,7 @@
 #include "ui/kit/alert.h"
 #include "ui/kit/labels.h"
 #include "ui/kit/middle_area.h"
+#include "ui/kit/mnemonics.h"
 #include "ui/kit/screen_room.h"
 
 #include <QPushButton>
@@ -39,6 +40,7 @@ Sheet::Sheet(const QString &title, QSize size, QWidget *parent)
 {
     setWindowTitle(title);
     setWindowModality(Qt::WindowModal);
+    new Mnemonics(this);
     m_middle->widget()->setLayout(m_column);
     auto *parts = new QVBoxLayout(this);
     parts->setContentsMargins(0, margin, 0, margin); // the scroll bar lies at the window's edge

@@ -73,6 +73,33 @@ INSTANTIATE_TEST_SUITE_P(
                     Pair{QPalette::ButtonText, {QPalette::Button, QPalette::Midlight}},
                     Pair{QPalette::ToolTipText, {QPalette::ToolTipBase}}));
 
+/// Also on what is under the mouse, chosen, or washed with a colour because it is selected or new.
+TEST(Theme, LetsEverySymbolBeTold)
+{
+    constexpr float wash = 0.12F;
+    const auto over = [](const QColor &ground, const QColor &color) {
+        const auto mix = [](float below, float above) { return below + (above - below) * wash; };
+        return QColor::fromRgbF(mix(ground.redF(), color.redF()),
+                                mix(ground.greenF(), color.greenF()),
+                                mix(ground.blueF(), color.blueF()));
+    };
+    for (const Appearance appearance : appearances) {
+        const QPalette palette = themePalette(appearance);
+        const QColor base = palette.color(QPalette::Base);
+        std::vector<QColor> grounds{over(base, palette.color(QPalette::Highlight)),
+                                    over(base, tintColor(Tint::positive, palette))};
+        for (const QPalette::ColorRole role : {QPalette::Window, QPalette::Base, QPalette::Button,
+                                               QPalette::AlternateBase, QPalette::Midlight})
+            grounds.push_back(palette.color(role));
+        for (const Tint tint :
+             {Tint::text, Tint::secondary, Tint::accent, Tint::positive, Tint::negative}) {
+            for (const QColor &ground : grounds)
+                EXPECT_GE(contrast(tintColor(tint, palette), ground), 3)
+                    << int(tint) << " on " << ground.name().toStdString();
+        }
+    }
+}
+
 TEST(Theme, ChangesUnderAnOpenWindow)
 {
     const std::unique_ptr<QLabel> label(makeLabel(u"x"_s, TextStyle::body, Tint::negative));

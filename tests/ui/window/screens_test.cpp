@@ -129,6 +129,23 @@ QStringList faultsOf(const QWidget &window)
     return faults;
 }
 
+/// Buttons with a text that Alt and a letter of their own do not reach.
+QStringList withoutLetter(const QWidget &window)
+{
+    QStringList faults;
+    QSet<QString> taken;
+    for (const auto *button : window.findChildren<QAbstractButton *>()) {
+        const QString keys = button->shortcut().toString();
+        const bool isShown = button->isVisible() && button->window() == &window;
+        if (!isShown || button->text().isEmpty())
+            continue;
+        if (!keys.startsWith(u"Alt+"_s) || taken.contains(keys))
+            faults << button->text() + u" "_s + keys;
+        taken << keys;
+    }
+    return faults;
+}
+
 TEST_P(OnScreen, EverySheetCanBeSeenAndUsedWhole)
 {
     openWindow();
@@ -149,6 +166,7 @@ TEST_P(OnScreen, EverySheetCanBeSeenAndUsedWhole)
         auto *sheet = qobject_cast<QDialog *>(QApplication::activeModalWidget());
         ASSERT_NE(sheet, nullptr);
         EXPECT_EQ(faultsOf(*sheet), QStringList()) << sheet->windowTitle().toStdString();
+        EXPECT_EQ(withoutLetter(*sheet), QStringList()) << sheet->windowTitle().toStdString();
         if (auto *queue = qobject_cast<QueueSheet *>(sheet)) {
             desktop.scripts.answer = [](const QString &) { return ScriptDone{}; };
             const auto buttons = queue->findChildren<QPushButton *>();
