@@ -70,6 +70,12 @@ const Prospect *ContactTableView::currentContact() const
     return currentIndex().isValid() ? &m_model.contacts().at(currentIndex().row()) : nullptr;
 }
 
+const Prospect *ContactTableView::contactAt(QPoint point) const
+{
+    const QModelIndex index = indexAt(point);
+    return index.isValid() ? &m_model.contacts().at(index.row()) : nullptr;
+}
+
 void ContactTableView::keepTypedText()
 {
     if (QWidget *editor = indexWidget(currentIndex()))

@@ -20,6 +20,7 @@ public:
 
     /// The contact of the current row, or null.
     const Prospect *currentContact() const;
+    const Prospect *contactAt(QPoint point) const; ///< of the row there, or null
 
     /// Those of the selected rows; more than one once the user selects several.
     IdSet selectedContacts() const;

@@ -76,6 +76,8 @@ constexpr std::array commands{
     Command{u"Plein écran", u"", u"F11", window, none, &ContentView::toggleFullScreen},
     Command{u"Filtrer", u"magnifyingglass", u"Ctrl+L", view, header, &ContentView::toggleFilters},
     Command{u"Tout afficher", u"", u"Ctrl+Shift+F", view, none, &ContentView::showAll},
+    Command{u"Fiche", u"", u"F4", view, none, &ContentView::togglePanel, nullptr, true},
+    Command{u"Aller à la fiche ou à la liste", u"", u"F6", view, none, &ContentView::enterPanel},
     Command{u"Rétablir les largeurs", u"", u"", view, none, &ContentView::resetColumnWidths,
             nullptr, true},
     Command{u"À propos", u"info.circle", u"", help, header, &ContentView::showAbout, nullptr, true},

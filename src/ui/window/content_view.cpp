@@ -8,9 +8,11 @@
 #include "ui/table/contact_table_view.h"
 #include "ui/window/backup_commands.h"
 #include "ui/window/contact_menu.h"
+#include "ui/window/contact_panel.h"
 #include "ui/window/doubt_alerts.h"
 #include "ui/window/farewell.h"
 #include "ui/window/file_alerts.h"
+#include "ui/window/file_drop.h"
 #include "ui/window/filter_bar.h"
 #include "ui/window/many_ticks.h"
 #include "ui/window/outcome_line.h"
@@ -23,7 +25,6 @@
 #include <QDragEnterEvent>
 #include <QLineEdit>
 #include <QMenuBar>
-#include <QMimeData>
 #include <QStatusBar>
 #include <QVBoxLayout>
 
@@ -36,17 +37,9 @@ namespace {
 const QString geometryKey = u"FenetrePrincipaleGeometrie"_s;
 const QString widthsKey = u"FenetrePrincipaleColonnes"_s;
 constexpr QSize firstSize{1280, 800};
+constexpr int panelWidth = 1200; ///< of a window that has room for the panel, unless the user says
 constexpr int outcomeDuration = 6000; ///< milliseconds
 const QString longSend = u"Envoi en cours… "_s;
-
-/// The one workbook among what is dragged over the window, if it is one.
-std::optional<QString> workbookIn(const QMimeData *dragged)
-{
-    const QList<QUrl> urls = dragged->urls();
-    if (urls.size() != 1 || !urls.first().toLocalFile().endsWith(u".xlsx"_s, Qt::CaseInsensitive))
-        return std::nullopt;
-    return urls.first().toLocalFile();
-}
 
 } // namespace
 
@@ -63,13 +56,16 @@ ContentView::ContentView(SendDesk &desk, Switches &switches, const Platform &pla
       m_header(new WindowHeader(m_commands)), m_table(new ContactTableView(m_model)),
       m_pages(new TablePages(m_table, m_commands.firstSteps())),
       m_filters(new FilterBar(m_model, m_store, platform.clock)),
-      m_ticks(new ManyTicks(m_model, this)), m_outcome(new OutcomeLine), m_column(new QVBoxLayout)
+      m_ticks(new ManyTicks(m_model, this)), m_outcome(new OutcomeLine),
+      m_panel(new ContactPanel(m_model)),
+      m_drop(new FileDrop(*m_table, m_store, m_model.undoList(), this)), m_column(new QVBoxLayout)
 {
     build();
     m_commands.fillMenuBar(*menuBar());
     addKeyboardMenus();
     followModel();
     followTable();
+    followPanel();
     followRowActions();
     followMailbox();
     restoreLayout();
@@ -85,7 +81,11 @@ void ContentView::build()
     m_column->setContentsMargins({});
     m_column->setSpacing(0);
     m_column->addWidget(m_header);
-    m_column->addWidget(m_pages, 1);
+    auto *middle = new QHBoxLayout;
+    middle->setSpacing(0);
+    middle->addWidget(m_pages, 1);
+    middle->addWidget(m_panel);
+    m_column->addLayout(middle, 1);
     m_column->addWidget(m_outcome);
     auto *centre = new QWidget;
     centre->setLayout(m_column);
@@ -232,21 +232,25 @@ void ContentView::changeEvent(QEvent *event)
 
 void ContentView::dragEnterEvent(QDragEnterEvent *event)
 {
-    if (workbookIn(event->mimeData()))
-        event->acceptProposedAction();
+    event->setAccepted(m_drop->mayTake(*event));
+}
+
+void ContentView::dragMoveEvent(QDragMoveEvent *event)
+{
+    event->setAccepted(m_drop->takes(*event));
 }
 
 void ContentView::dropEvent(QDropEvent *event)
 {
-    if (const auto path = workbookIn(event->mimeData())) {
-        event->acceptProposedAction();
-        importWorkbook(*path);
-    }
+    if (!m_drop->takes(*event))
+        return event->ignore();
+    event->acceptProposedAction();
+    m_drop->take(*event);
 }
 
 void ContentView::closeEvent(QCloseEvent *event)
 {
-    m_table->keepTypedText();
+    keepTypedText();
     if (!m_farewell->mayLeave()) {
         event->ignore();
         return;
@@ -257,7 +261,7 @@ void ContentView::closeEvent(QCloseEvent *event)
 
 bool ContentView::settle(bool mayAsk)
 {
-    m_table->keepTypedText();
+    keepTypedText();
     saveLayout();
     return m_farewell->settle(mayAsk);
 }
@@ -267,6 +271,8 @@ void ContentView::restoreLayout()
     const auto geometry = m_platform.preferences.text(geometryKey);
     if (!geometry || !restoreGeometry(QByteArray::fromBase64(geometry->toLatin1())))
         resize(firstSize.boundedTo(screenRoom(*this)));
+    m_panel->setVisible(
+        m_platform.preferences.flag(ContactPanel::preference).value_or(width() >= panelWidth));
     if (const auto widths = m_platform.preferences.text(widthsKey))
         m_table->setColumnWidths(*widths);
 }

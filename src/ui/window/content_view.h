@@ -12,10 +12,12 @@ class QVBoxLayout;
 namespace quenoria {
 
 class BackupCommands;
+class ContactPanel;
 class ContactTableView;
 class DoubtAlerts;
 class Farewell;
 class FileAlerts;
+class FileDrop;
 class FilterBar;
 class GuideWindow;
 class ManyTicks;
@@ -87,6 +89,8 @@ public:
     void startSearch();
     void toggleFullScreen();
     void resetColumnWidths();
+    void togglePanel();
+    void enterPanel();    ///< from there, the table
     void toggleFilters(); ///< hidden, they hide no contact
     void showAll();       ///< no search, no filter
     void tickShownForSMS();
@@ -102,6 +106,7 @@ protected:
     void changeEvent(QEvent *event) override;
     void closeEvent(QCloseEvent *event) override;
     void dragEnterEvent(QDragEnterEvent *event) override;
+    void dragMoveEvent(QDragMoveEvent *event) override;
     void dropEvent(QDropEvent *event) override;
 
 private:
@@ -111,6 +116,8 @@ private:
     void addKeyboardMenus();
     void followModel();
     void followTable();
+    void followPanel();
+    void keepTypedText();
     void followRowActions();
     void followMailbox();
     void undo(int act);
@@ -146,6 +153,8 @@ private:
     FilterBar *m_filters;
     ManyTicks *m_ticks;
     OutcomeLine *m_outcome;
+    ContactPanel *m_panel;
+    FileDrop *m_drop;
     QPointer<GuideWindow> m_guide;
     QVBoxLayout *m_column;
     std::function<bool()> m_startDemonstration;

@@ -28,6 +28,8 @@ OutcomeLine::OutcomeLine(QWidget *parent)
     m_close->setAccessibleName(u"Fermer cette ligne"_s);
     m_close->setToolTip(tipText(m_close->accessibleName()));
     m_close->setFlat(true);
+    for (QPushButton *button : {m_act, m_close})
+        button->setFocusPolicy(Qt::TabFocus); // a click takes nobody's text from the hand
     auto *row = new QHBoxLayout(this);
     row->setContentsMargins(margin, 0, margin, 0);
     row->setSpacing(gap);

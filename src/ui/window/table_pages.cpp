@@ -44,8 +44,10 @@ TablePages::TablePages(ContactTableView *table, const QList<QAction *> &firstSte
 {
     for (QAction *step : firstSteps) {
         auto *button = new ActionButton(step, ActionButton::Look::boxed);
-        if (step == firstSteps.first())
+        if (step == firstSteps.first()) {
             makeProminent(button);
+            button->setIcon({}); // drawn for a lighter ground
+        }
         m_noContact->addButton(button);
     }
     auto *all = new QPushButton(u"Tout afficher"_s);

@@ -2,7 +2,9 @@
 
 #include "ui/kit/plain_text.h"
 #include "ui/table/contact_table_view.h"
+#include "ui/window/contact_panel.h"
 #include "ui/window/content_view.h"
+#include "ui/window/file_drop.h"
 #include "ui/window/many_ticks.h"
 #include "ui/window/outcome_line.h"
 #include "ui/window/row_actions.h"
@@ -42,10 +44,42 @@ void ContentView::followTable()
             });
 }
 
+void ContentView::followPanel()
+{
+    const auto follow = [this] { m_panel->follow(m_table->currentIndex()); };
+    connect(m_table->selectionModel(), &QItemSelectionModel::currentChanged, m_panel, follow);
+    connect(&m_model, &ContactTableModel::modelReset, m_panel, follow); // the table's place is back
+    connect(m_panel, &ContactPanel::actionRequested, this, &ContentView::performAction);
+    connect(m_drop, &FileDrop::importRequested, this, &ContentView::importWorkbook);
+}
+
+void ContentView::togglePanel()
+{
+    if (m_panel->isAncestorOf(focusWidget()))
+        m_table->setFocus();
+    m_panel->setVisible(m_panel->isHidden());
+    m_platform.preferences.setFlag(ContactPanel::preference, !m_panel->isHidden());
+}
+
+void ContentView::enterPanel()
+{
+    if (m_panel->isAncestorOf(focusWidget()))
+        return m_table->setFocus(Qt::ShortcutFocusReason);
+    if (m_panel->isHidden())
+        togglePanel();
+    m_panel->enter();
+}
+
+void ContentView::keepTypedText()
+{
+    m_table->keepTypedText();
+    m_panel->keepTypedText();
+}
+
 /// What was being typed is an act too.
 void ContentView::undoLast()
 {
-    m_table->keepTypedText();
+    keepTypedText();
     m_outcome->tell(m_model.undoList().undoLast());
 }
 

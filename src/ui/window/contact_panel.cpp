@@ -1,0 +1,119 @@
+#include "ui/window/contact_panel.h"
+
+#include "ui/kit/labels.h"
+#include "ui/table/contact_table_model.h"
+#include "ui/window/panel_field.h"
+
+#include <QScrollArea>
+#include <QVBoxLayout>
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace quenoria {
+
+namespace {
+
+constexpr int leastWidth = 320;
+constexpr int widthInCharacters = 36;
+constexpr int margin = 16;
+constexpr int gap = 10;
+
+/// Those of the contact, what it is sent first; its name is the title.
+std::vector<int> panelColumns(int count)
+{
+    std::vector<int> columns;
+    for (int column = 0; column < count; ++column) {
+        const ContactColumn &each = contactColumns()[std::size_t(column)];
+        if (!each.keptByTable && !each.namesContact)
+            columns.push_back(column);
+    }
+    std::ranges::stable_partition(
+        columns, [](int column) { return contactColumns()[std::size_t(column)].followsSwitches; });
+    return columns;
+}
+
+} // namespace
+
+const QString ContactPanel::preference = u"FenetrePrincipaleFiche"_s;
+
+ContactPanel::ContactPanel(ContactTableModel &model, QWidget *parent)
+    : QWidget(parent), m_model(model), m_title(makeLabel({}, TextStyle::headline)),
+      m_contents(new QWidget)
+{
+    setAccessibleName(u"Fiche"_s);
+    build();
+    connect(&model, &ContactTableModel::aboutToReplaceRows, this, &ContactPanel::keepTypedText);
+    connect(&model, &ContactTableModel::dataChanged, this,
+            [this](const QModelIndex &first, const QModelIndex &last) {
+                if (m_current.row() >= first.row() && m_current.row() <= last.row())
+                    refresh();
+            });
+    refresh();
+}
+
+void ContactPanel::build()
+{
+    setFixedWidth(qMax(leastWidth, widthInCharacters * fontMetrics().averageCharWidth()));
+    auto *fields = new QVBoxLayout(m_contents);
+    fields->setContentsMargins(margin, 0, margin, margin);
+    fields->setSpacing(gap);
+    for (const int column : panelColumns(m_model.columnCount())) {
+        auto *field = new PanelField(m_model, column);
+        connect(field, &PanelField::actionRequested, this, [this](RowAction action) {
+            if (m_current.isValid())
+                Q_EMIT actionRequested(action, m_model.contacts().at(m_current.row()).id);
+        });
+        fields->addWidget(field);
+        m_fields << field;
+    }
+    fields->addStretch();
+    auto *area = new QScrollArea;
+    area->setWidget(m_contents);
+    area->setWidgetResizable(true);
+    area->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    area->setFrameShape(QFrame::NoFrame);
+    area->setFocusPolicy(Qt::NoFocus);
+    m_title->setMargin(margin);
+    auto *column = new QVBoxLayout(this);
+    column->setContentsMargins({});
+    column->setSpacing(0);
+    column->addWidget(m_title);
+    column->addWidget(area, 1);
+}
+
+void ContactPanel::follow(const QModelIndex &current)
+{
+    keepTypedText();
+    m_current = current;
+    refresh();
+}
+
+void ContactPanel::refresh()
+{
+    m_contents->setVisible(m_current.isValid());
+    if (!m_current.isValid())
+        return m_title->setText(u"Choisissez un contact dans la liste."_s);
+    m_title->setText(m_model.contacts().at(m_current.row()).label);
+    for (PanelField *field : m_fields)
+        field->follow(m_current);
+}
+
+void ContactPanel::keepTypedText()
+{
+    for (PanelField *field : m_fields)
+        field->keepTypedText();
+}
+
+void ContactPanel::enter()
+{
+    const auto children = m_contents->findChildren<QWidget *>();
+    const auto takesKeys = [](const QWidget *widget) {
+        return widget->focusPolicy() & Qt::TabFocus && widget->isEnabled() && widget->isVisible();
+    };
+    if (const auto first = std::ranges::find_if(children, takesKeys); first != children.end())
+        (*first)->setFocus(Qt::ShortcutFocusReason);
+}
+
+} // namespace quenoria

@@ -1,0 +1,48 @@
+#pragma once
+
+#include "ui/table/cell_roles.h"
+
+#include <QModelIndex>
+#include <QWidget>
+
+namespace quenoria {
+
+class ContactTableModel;
+class PanelField;
+class TextLabel;
+
+/// The current contact beside the table: what the cells of its row show, one under the other, and
+/// what they do. It reads the table's columns, and every act goes the way of the cell.
+class ContactPanel : public QWidget {
+    Q_OBJECT
+
+public:
+    /// Whether the user wants it, where he has said so.
+    static const QString preference;
+
+    explicit ContactPanel(ContactTableModel &model, QWidget *parent = nullptr);
+
+    /// Shows the row of this cell; what was being typed for another one is written first.
+    void follow(const QModelIndex &current);
+
+    /// Writes what is being typed.
+    void keepTypedText();
+
+    /// Gives the keyboard to the first thing that can be used.
+    void enter();
+
+Q_SIGNALS:
+    void actionRequested(quenoria::RowAction action, const QString &contactId);
+
+private:
+    void build();
+    void refresh();
+
+    ContactTableModel &m_model;
+    QPersistentModelIndex m_current;
+    TextLabel *m_title;
+    QWidget *m_contents;
+    QList<PanelField *> m_fields;
+};
+
+} // namespace quenoria

@@ -1,0 +1,43 @@
+#pragma once
+
+#include <QObject>
+
+class QDropEvent;
+class QWidget;
+
+namespace quenoria {
+
+class ContactTableView;
+class ProspectStore;
+class UndoList;
+struct Prospect;
+
+/// What becomes of a file that is dropped on the window. On a contact's row it is attached to the
+/// contact, after a question where it replaces another file; a workbook may be meant for the list
+/// there as well, which is asked. Elsewhere a workbook is imported, and nothing else is taken.
+class FileDrop : public QObject {
+    Q_OBJECT
+
+public:
+    FileDrop(ContactTableView &table, ProspectStore &store, UndoList &undo, QWidget *window);
+
+    bool mayTake(const QDropEvent &event) const; ///< somewhere in the window
+    bool takes(const QDropEvent &event) const;   ///< where it is
+    void take(const QDropEvent &event);
+
+Q_SIGNALS:
+    void importRequested(const QString &workbookPath);
+
+private:
+    const Prospect *contactAt(const QDropEvent &event) const;
+    void askAboutWorkbook(const QString &path, const Prospect &contact);
+    void attach(const QString &path, const QString &contactId);
+    void replace(const QString &path, const QString &contactId);
+
+    ContactTableView &m_table;
+    ProspectStore &m_store;
+    UndoList &m_undo;
+    QWidget *m_window;
+};
+
+} // namespace quenoria
