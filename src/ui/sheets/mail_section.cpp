@@ -144,7 +144,6 @@ void MailSection::refreshRoads()
                        isMailbox, isFixed);
     m_programRow->show(programCarrier(m_mailbox.otherRoad()), !isMailbox, isFixed);
     m_form->setServerVisible(isMailbox);
-    m_form->setPasswordWords(isMailbox && !isFixed ? passwordWords(m_place) : QString());
     refresh();
 }
 
@@ -152,9 +151,20 @@ void MailSection::refresh()
 {
     const bool isMailbox = m_settings.road() == MailRoad::mailbox;
     const MailboxAccount typed = m_form->account();
+    m_form->setPasswordWords(isMailbox && !m_mailbox.isFixed() ? passwordWords(placeFor(typed))
+                                                               : QString());
     m_save->setEnabled(hasUnsavedInput());
     m_test->setEnabled(!m_mailbox.isFixed() &&
                        (isMailbox ? typed.isComplete() : !typed.senderAddress.isEmpty()));
+}
+
+/// What is known of the stored account's password says nothing of another's.
+PasswordPlace MailSection::placeFor(const MailboxAccount &typed) const
+{
+    const MailboxAccount stored = m_settings.account();
+    if (typed.user == stored.user && typed.host == stored.host)
+        return m_place;
+    return typed.user.isEmpty() ? PasswordPlace::notNeeded : PasswordPlace::nowhere;
 }
 
 bool MailSection::hasUnsavedInput() const

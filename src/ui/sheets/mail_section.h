@@ -29,6 +29,7 @@ private:
     void follow(CarrierRow *row, MailRoad road);
     void refresh();
     void refreshRoads();
+    PasswordPlace placeFor(const MailboxAccount &typed) const;
     void findPassword();
     void showPlace(const QFuture<PasswordPlace> &answer);
     void test();

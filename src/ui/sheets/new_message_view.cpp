@@ -50,6 +50,7 @@ void NewMessageView::addButtons()
     m_send->setDefault(true);
     auto *row = new QHBoxLayout;
     row->addWidget(m_outcome, 1);
+    row->addStretch();
     row->addWidget(m_send, 0, Qt::AlignBottom);
     footer()->addLayout(row);
     connect(m_send, &QPushButton::clicked, this, &NewMessageView::send);

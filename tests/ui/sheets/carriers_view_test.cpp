@@ -127,6 +127,7 @@ TEST_F(CarriersSheet, OnlyShowsThemInADemonstration)
 /// What an address fills in: until the user names a server himself.
 TEST_F(CarriersSheet, SetsUpTheMailboxAndTestsIt)
 {
+    desktop.mailbox.place = PasswordPlace::keyring;
     CarriersView sheet(desktop.platform(), desk, nullptr);
     const Probe probe(sheet);
     const auto test = [&sheet] {
@@ -149,6 +150,7 @@ TEST_F(CarriersSheet, SetsUpTheMailboxAndTestsIt)
     probe.type(u"Votre adresse"_s, {});
     QTest::keyClicks(probe.field(u"Votre adresse"_s), u"alix@gmail.com"_s);
     EXPECT_TRUE(probe.shows(u"compte Google"_s));
+    EXPECT_TRUE(probe.shows(u"pas encore connu"_s)) << "the keyring has that of another account";
     probe.type(u"Mot de passe"_s, u"secret"_s);
     EXPECT_TRUE(sheet.hasUnsavedInput());
     for (auto *box : sheet.findChildren<QCheckBox *>())
