@@ -86,7 +86,7 @@ std::optional<ContactDossier> contactDossier(const ProspectStore &store, const Q
     dossier.attachment = store.attachmentPath(*shown);
     dossier.attachmentIsThere = store.attachmentExists(*shown);
     dossier.isListed = std::ranges::any_of(keysOf(dossier), [&store](const QString &key) {
-        return store.doNotContact().contains(key);
+        return store.doNotContact().contains(key) || store.doNotContact().erased().contains(key);
     });
     return dossier;
 }

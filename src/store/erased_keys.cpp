@@ -2,6 +2,7 @@
 
 #include <QCryptographicHash>
 #include <QRandomGenerator>
+#include <QStringList>
 
 #include <algorithm>
 #include <array>
