@@ -5,6 +5,8 @@
 #include "ui/kit/symbol.h"
 
 #include <QAccessible>
+#include <QApplication>
+#include <QEvent>
 #include <QHBoxLayout>
 #include <QPushButton>
 
@@ -16,6 +18,12 @@ namespace {
 
 constexpr int margin = 20;
 constexpr int gap = 8;
+constexpr std::chrono::seconds stay{30};
+
+bool isByHand(QEvent::Type type)
+{
+    return type == QEvent::KeyPress || type == QEvent::MouseButtonPress || type == QEvent::Wheel;
+}
 
 } // namespace
 
@@ -23,7 +31,6 @@ OutcomeLine::OutcomeLine(QWidget *parent)
     : QWidget(parent), m_text(makeLabel({}, TextStyle::footnote)), m_act(new QPushButton),
       m_close(new QPushButton(symbol(u"xmark"_s, Tint::secondary), {}))
 {
-    m_text->setWordWrap(false);
     m_text->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     m_close->setAccessibleName(u"Fermer cette ligne"_s);
     m_close->setToolTip(tipText(m_close->accessibleName()));
@@ -41,6 +48,9 @@ OutcomeLine::OutcomeLine(QWidget *parent)
             deed(); // which may tell something else
     });
     connect(m_close, &QPushButton::clicked, this, &QWidget::hide);
+    m_stay.setSingleShot(true);
+    m_stay.setInterval(stay);
+    m_stay.callOnTimeout(this, &OutcomeLine::leave);
     hide();
 }
 
@@ -55,10 +65,42 @@ void OutcomeLine::tell(const QString &text, const QString &actionText,
     m_act->setText(actionText);
     m_act->setVisible(!actionText.isEmpty());
     setVisible(!text.isEmpty());
+    m_stay.stop();
+    if (!text.isEmpty())
+        qApp->installEventFilter(this);
     QAccessibleEvent event(m_text, QAccessible::Alert);
     QAccessible::updateAccessibility(&event);
 }
 
 QString OutcomeLine::text() const { return isHidden() ? QString() : m_text->text(); }
+
+bool OutcomeLine::eventFilter(QObject *watched, QEvent *event)
+{
+    if (isByHand(event->type()) && !m_stay.isActive())
+        m_stay.start();
+    return QWidget::eventFilter(watched, event);
+}
+
+void OutcomeLine::hideEvent(QHideEvent *event)
+{
+    if (isHidden()) {
+        m_stay.stop();
+        qApp->removeEventFilter(this);
+    }
+    QWidget::hideEvent(event);
+}
+
+bool OutcomeLine::isLookedAt() const
+{
+    return underMouse() || isAncestorOf(QApplication::focusWidget());
+}
+
+void OutcomeLine::leave()
+{
+    if (isLookedAt())
+        m_stay.start();
+    else
+        hide();
+}
 
 } // namespace quenoria
