@@ -1,6 +1,5 @@
 #include "ui/queue/batch_queue.h"
 
-#include "model/sms_length.h"
 #include "model/text_order.h"
 #include "platform/clock.h"
 #include "ui/kit/switches.h"
@@ -101,47 +100,6 @@ bool BatchQueue::isSending() const
     return isRunning() || m_state.phase == QueueState::Phase::leaving;
 }
 
-QString BatchQueue::primaryText() const
-{
-    if (isRunning())
-        return u"Envoi automatique…"_s;
-    return isAutomatic() ? m_channel.startAutomatic : m_channel.prepare;
-}
-
-QString BatchQueue::progressText() const
-{
-    return u"Contact %1 sur %2"_s.arg(m_state.completedCount + 1).arg(m_state.initialQueueCount);
-}
-
-QString BatchQueue::quotaText() const
-{
-    if (m_switches.freeProPlan())
-        return u"Sans limite"_s;
-    return u"%1/%2 ce mois"_s.arg(m_store.smsRecipientsSentThisMonth())
-        .arg(ProspectStore::standardSMSMonthlyRecipientLimit);
-}
-
-bool BatchQueue::isQuotaReached() const
-{
-    return !m_switches.freeProPlan() && m_store.remainingStandardSMSRecipientsThisMonth() == 0;
-}
-
-QString BatchQueue::runText() const
-{
-    const QString notice =
-        m_channel.channel == Channel::email ? m_desk.mailTurn().notice() : QString();
-    QStringList parts{notice.isEmpty() ? u"Envoi automatique en cours…"_s : notice};
-    if (!isAutomatic() && !m_countdown.seconds())
-        parts << u"La file s’arrête après ce contact."_s;
-    else if (m_countdown.seconds() > 60)
-        parts << u"prochain %1 dans %2 min"_s.arg(m_channel.noun)
-                     .arg((m_countdown.seconds() + 59) / 60);
-    else if (m_countdown.seconds())
-        parts << u"prochain %1 dans %2 s"_s.arg(m_channel.noun).arg(m_countdown.seconds());
-    parts << m_desk.progress().text();
-    return parts.join(u' ').trimmed();
-}
-
 /// What the run waits for, of more than the pause between two contacts.
 std::optional<Instant> BatchQueue::nextSend() const
 {
@@ -152,24 +110,6 @@ std::optional<Instant> BatchQueue::nextSend() const
     return m_clock.now() + ceil<std::chrono::milliseconds>(m_store.automaticSMSWait());
 }
 
-QString BatchQueue::costText() const
-{
-    QHash<QString, int> partsOf; // most contacts get the same few texts
-    int contacts = 0, parts = 0;
-    for (const QString &id : m_state.queueIDs) {
-        const Prospect *contact = m_store.prospect(id);
-        if (!contact)
-            continue;
-        const QString body = m_channel.message(m_store, *contact).body;
-        auto known = partsOf.constFind(body);
-        if (known == partsOf.cend())
-            known = partsOf.insert(body, smsLength(body).parts);
-        ++contacts;
-        parts += *known;
-    }
-    return u"%1 contact%2 · %3 SMS"_s.arg(contacts).arg(contacts > 1 ? u"s"_s : u""_s).arg(parts);
-}
-
 QueueAction BatchQueue::take(const QueueEvent &event)
 {
     const bool wasClosed = m_state.phase == QueueState::Phase::closed;
@@ -177,8 +117,10 @@ QueueAction BatchQueue::take(const QueueEvent &event)
     Step step =
         next(std::move(m_state), event, {isAutomatic() && !m_isCalledOff, current() != nullptr});
     m_state = std::move(step.state);
-    if (contact)
+    if (contact) {
         noteServed(event, step.action, *contact);
+        m_log.note(event, step.action, *contact);
+    }
     m_isCalledOff = m_isCalledOff && isRunning();
     perform(step.action, contact);
     passOverServed();
@@ -186,7 +128,7 @@ QueueAction BatchQueue::take(const QueueEvent &event)
     Q_EMIT changed();
     if (!wasClosed && m_state.phase == QueueState::Phase::closed) {
         deleteLater();
-        Q_EMIT closed();
+        Q_EMIT closed(report());
     }
     return step.action;
 }
@@ -219,11 +161,27 @@ void BatchQueue::passOverServed()
     for (const Prospect *head = current(); head; head = current()) {
         const auto served = m_served.constFind(m_channel.recipient(*head));
         const qsizetype before = m_state.queueIDs.size();
-        if (served != m_served.cend() && served->id != head->id)
+        const Prospect passed = *head;
+        if (served != m_served.cend() && served->id != passed.id)
             m_state = next(std::move(m_state), ServedBefore{served->label}, {}).state;
         if (m_state.queueIDs.size() == before)
             return;
+        m_log.notePassedOver(passed, served->label);
     }
+}
+
+RunReport BatchQueue::report() const
+{
+    std::vector<ContactOutcome> pending;
+    for (const QString &id : m_state.queueIDs + m_state.heldIDs) {
+        const Prospect *contact = m_store.prospect(id);
+        if (!contact)
+            continue;
+        const bool isHeld = m_state.heldIDs.contains(id);
+        pending.push_back({id, contact->label, ContactOutcome::Kind::pending,
+                           isHeld ? u"Sa réponse dit STOP"_s : QString()});
+    }
+    return m_log.report(m_channel.title, pending);
 }
 
 void BatchQueue::perform(QueueAction action, const std::optional<Prospect> &contact)
@@ -301,16 +259,6 @@ void BatchQueue::followStopReplies()
     }
     if (!event.waiting.isEmpty() || !m_state.heldIDs.isEmpty())
         take(event);
-}
-
-QStringList BatchQueue::heldLabels() const
-{
-    QStringList labels;
-    for (const QString &id : m_state.heldIDs) {
-        if (const Prospect *contact = m_store.prospect(id))
-            labels << contact->label;
-    }
-    return labels;
 }
 
 void BatchQueue::followSwitches()

@@ -3,7 +3,7 @@
 #include "messaging/send_desk.h"
 #include "ui/queue/countdown.h"
 #include "ui/queue/queue_channel.h"
-#include "ui/queue/queue_state.h"
+#include "ui/queue/run_report.h"
 
 namespace quenoria {
 
@@ -60,8 +60,9 @@ Q_SIGNALS:
     /// Something that the sheet shows is another: the state, the switches, the store.
     void changed();
 
-    /// Nothing is left to show: the last contact was handled, or close() was called.
-    void closed();
+    /// Nothing is left to show: the last contact was handled, or close() was called and what a
+    /// carrier had is recorded.
+    void closed(const quenoria::RunReport &report);
 
     void runAsked(QPrivateSignal);
 
@@ -71,6 +72,7 @@ private:
     std::optional<Prospect> subject(const QueueEvent &event) const;
     void noteServed(const QueueEvent &event, QueueAction action, const Prospect &contact);
     void passOverServed();
+    RunReport report() const;
     void perform(QueueAction action, const std::optional<Prospect> &contact);
     QCoro::Task<> runAutomaticQueue();
     std::optional<Instant> nextSend() const;
@@ -92,6 +94,7 @@ private:
         QString label;
     };
     QHash<QString, Served> m_served; ///< by recipient
+    RunLog m_log;
     bool m_wasAutomatic;
     bool m_isCalledOff = false;           ///< the run begins no other message
     std::optional<Prospect> m_handedOver; ///< kept, since it may be deleted during its send

@@ -30,6 +30,9 @@ public:
     /// the current contact's.
     void tellOutcome(const Composition &message, const QString &words);
 
+    /// What the sheet shows, which may outlive it; null once it is closed.
+    BatchQueue *queue() const { return m_queue; }
+
 Q_SIGNALS:
     /// The user wants to choose by which way messages leave.
     void carriersRequested();

@@ -1,6 +1,8 @@
 #include "messaging/send_desk.h"
 #include "ui/kit/alert.h"
 #include "ui/kit/plain_text.h"
+#include "ui/queue/batch_queue.h"
+#include "ui/queue/contact_list_view.h"
 #include "ui/queue/queue_sheet.h"
 #include "ui/sheets/about_view.h"
 #include "ui/sheets/add_prospect_view.h"
@@ -164,6 +166,13 @@ void ContentView::presentQueue(QueueSheet &queue)
     connect(&queue, &QueueSheet::carriersRequested, this, &ContentView::chooseCarriers);
     connect(&m_platform.carriers, &Carriers::composeAnswered, &queue, &QueueSheet::tellOutcome);
     connect(&queue, &QueueSheet::stopRepliesRequested, this, &ContentView::showStopReplies);
+    // The line is the context: a sheet that goes with its window closes its queue, too.
+    connect(queue.queue(), &BatchQueue::closed, m_outcome,
+            [this, line = m_outcome](const RunReport &report) {
+                if (report.isWorthTelling())
+                    line->tell(u"%1 : %2"_s.arg(report.title, report.summary()), u"Voir"_s,
+                               [this, report] { present<ContactListView>(listOf(report)); });
+            });
     queue.present();
 }
 

@@ -1,0 +1,79 @@
+#include "model/sms_length.h"
+#include "ui/kit/switches.h"
+#include "ui/queue/batch_queue.h"
+
+using namespace Qt::StringLiterals;
+
+// What the queue tells of itself.
+namespace quenoria {
+
+QString BatchQueue::primaryText() const
+{
+    if (isRunning())
+        return u"Envoi automatique…"_s;
+    return isAutomatic() ? m_channel.startAutomatic : m_channel.prepare;
+}
+
+QString BatchQueue::progressText() const
+{
+    return u"Contact %1 sur %2"_s.arg(m_state.completedCount + 1).arg(m_state.initialQueueCount);
+}
+
+QString BatchQueue::quotaText() const
+{
+    if (m_switches.freeProPlan())
+        return u"Sans limite"_s;
+    return u"%1/%2 ce mois"_s.arg(m_store.smsRecipientsSentThisMonth())
+        .arg(ProspectStore::standardSMSMonthlyRecipientLimit);
+}
+
+bool BatchQueue::isQuotaReached() const
+{
+    return !m_switches.freeProPlan() && m_store.remainingStandardSMSRecipientsThisMonth() == 0;
+}
+
+QString BatchQueue::runText() const
+{
+    const QString notice =
+        m_channel.channel == Channel::email ? m_desk.mailTurn().notice() : QString();
+    QStringList parts{notice.isEmpty() ? u"Envoi automatique en cours…"_s : notice};
+    if (!isAutomatic() && !m_countdown.seconds())
+        parts << u"La file s’arrête après ce contact."_s;
+    else if (m_countdown.seconds() > 60)
+        parts << u"prochain %1 dans %2 min"_s.arg(m_channel.noun)
+                     .arg((m_countdown.seconds() + 59) / 60);
+    else if (m_countdown.seconds())
+        parts << u"prochain %1 dans %2 s"_s.arg(m_channel.noun).arg(m_countdown.seconds());
+    parts << m_desk.progress().text();
+    return parts.join(u' ').trimmed();
+}
+
+QString BatchQueue::costText() const
+{
+    QHash<QString, int> partsOf; // most contacts get the same few texts
+    int contacts = 0, parts = 0;
+    for (const QString &id : m_state.queueIDs) {
+        const Prospect *contact = m_store.prospect(id);
+        if (!contact)
+            continue;
+        const QString body = m_channel.message(m_store, *contact).body;
+        auto known = partsOf.constFind(body);
+        if (known == partsOf.cend())
+            known = partsOf.insert(body, smsLength(body).parts);
+        ++contacts;
+        parts += *known;
+    }
+    return u"%1 contact%2 · %3 SMS"_s.arg(contacts).arg(contacts > 1 ? u"s"_s : u""_s).arg(parts);
+}
+
+QStringList BatchQueue::heldLabels() const
+{
+    QStringList labels;
+    for (const QString &id : m_state.heldIDs) {
+        if (const Prospect *contact = m_store.prospect(id))
+            labels << contact->label;
+    }
+    return labels;
+}
+
+} // namespace quenoria
