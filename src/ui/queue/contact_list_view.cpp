@@ -15,7 +15,7 @@ namespace quenoria {
 namespace {
 
 constexpr QSize sheetSize{640, 480};
-constexpr int labelWidth = 240;
+constexpr int labelWidth = 330;
 constexpr int rowsInSight = 5; ///< at least
 
 using Kind = ContactOutcome::Kind;
@@ -54,7 +54,8 @@ QTreeWidget *makeTree(const NamedContacts &list)
         auto *item = new QTreeWidgetItem({oneLine(line.label), oneLine(line.words)});
         if (!line.symbolName.isEmpty())
             item->setIcon(1, symbol(line.symbolName, line.tint));
-        item->setToolTip(1, tipText(line.words));
+        item->setData(0, Qt::ToolTipRole, tipText(line.label));
+        item->setData(1, Qt::ToolTipRole, tipText(line.words));
         items << item;
     }
     tree->addTopLevelItems(items);

@@ -38,7 +38,7 @@ OutcomeLine::OutcomeLine(QWidget *parent)
     for (QPushButton *button : {m_act, m_close})
         button->setFocusPolicy(Qt::TabFocus); // a click takes nobody's text from the hand
     auto *row = new QHBoxLayout(this);
-    row->setContentsMargins(margin, 0, margin, 0);
+    row->setContentsMargins(margin, gap / 2, margin, gap / 2);
     row->setSpacing(gap);
     row->addWidget(m_text, 1);
     row->addWidget(m_act);
