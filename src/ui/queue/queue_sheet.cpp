@@ -57,6 +57,8 @@ QueueSheet::~QueueSheet()
     }
 }
 
+BatchQueue *QueueSheet::queue() const { return m_queue; }
+
 QWidget *QueueSheet::makeProgress()
 {
     auto *progress = new QWidget;

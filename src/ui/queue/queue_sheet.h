@@ -31,7 +31,7 @@ public:
     void tellOutcome(const Composition &message, const QString &words);
 
     /// What the sheet shows, which may outlive it; null once it is closed.
-    BatchQueue *queue() const { return m_queue; }
+    BatchQueue *queue() const;
 
 Q_SIGNALS:
     /// The user wants to choose by which way messages leave.
