@@ -22,12 +22,10 @@ MessageTemplate defaultMessage()
 {
     return {ProspectStore::defaultMessageID, u"1er envoi"_s,
             u"Bonjour,\n\n"
-            "Je suis Maëlle Kervadec, de l’agence web Quatre-Vents (enseigne fictive). Nous "
-            "aidons les artisans et les commerces à être trouvés par leurs clients.\n\n"
-            "Un site clair, une fiche à jour, des avis bien suivis : nous regardons volontiers "
-            "avec vous, sans engagement, ce qui vous serait utile. Une réponse à ce message "
-            "suffit pour que je vous rappelle.\n\n"
-            "Quatre-Vents, à Quimper et à Brest — www.example.com\n\n"
+            "Je suis [votre nom], de [votre entreprise] à [votre ville].\n\n"
+            "[Ce que vous proposez, en une phrase.] Une réponse à ce message suffit pour que je "
+            "vous rappelle.\n\n"
+            "[Votre adresse ou votre site]\n\n"
             "STOP pour ne plus recevoir de message."_s};
 }
 
@@ -36,12 +34,10 @@ EmailTemplate defaultEmailTemplate()
     return {ProspectStore::defaultEmailTemplateID, u"1er envoi e-mail"_s,
             u"Développez votre présence en ligne"_s,
             u"Bonjour,\n\n"
-            "Je suis Maëlle Kervadec, de l’agence web Quatre-Vents (enseigne fictive). Nous "
-            "créons et entretenons les sites d’artisans, de commerces et d’indépendants.\n\n"
-            "Nous pouvons regarder ensemble, sans engagement, comment vos clients vous trouvent "
-            "aujourd’hui et ce qu’un site clair, une fiche à jour et des avis bien suivis vous "
-            "apporteraient. Dites-moi simplement quand vous joindre.\n\n"
-            "Quatre-Vents, à Quimper et à Brest — www.example.com\n\n"
+            "Je suis [votre nom], de [votre entreprise] à [votre ville].\n\n"
+            "[Ce que vous proposez, en deux ou trois phrases.] Dites-moi simplement quand vous "
+            "joindre.\n\n"
+            "[Votre adresse ou votre site]\n\n"
             "Si vous ne souhaitez plus recevoir de message de notre part, répondez simplement "
             "STOP à cet e-mail."_s};
 }
@@ -58,7 +54,10 @@ QString defaultTestNumber() { return u"06 39 98 00 00"_s; }
 
 QString legacyMessageTitle() { return u"Olvak 1er Envoi"_s; }
 
-QString legacyBusinessName() { return u"Studio Armorique Démo"_s; }
+QStringList legacyBusinessNames()
+{
+    return {u"Studio Armorique Démo"_s, u"Quatre-Vents (enseigne fictive)"_s};
+}
 
 QString seededContactID() { return u"0639980001"_s; }
 

@@ -1,6 +1,7 @@
 #include "model/contact_rules.h"
 #include "model/local_time.h"
 #include "store/prospect_store.h"
+#include "store/quota_keys.h"
 
 #include <QDateTime>
 
@@ -17,17 +18,23 @@ const QString monthlyLimitReached =
 
 } // namespace
 
-QString ProspectStore::monthKey(Instant date) const
+QString quotaMonth(QDate local)
 {
-    const QDate local = localDateTime(date, m_platform.clock.zone()).date();
     return u"%1-%2"_s.arg(local.year(), 4, 10, QChar(u'0')).arg(local.month(), 2, 10, QChar(u'0'));
 }
 
-QString ProspectStore::recipientKey(const Prospect &prospect)
+QString quotaRecipient(const Prospect &contact)
 {
-    const QString digits = normalizePhone(prospect.phone);
-    return digits.isEmpty() ? prospect.id : digits;
+    const QString digits = normalizePhone(contact.phone);
+    return digits.isEmpty() ? contact.id : digits;
 }
+
+QString ProspectStore::monthKey(Instant date) const
+{
+    return quotaMonth(localDateTime(date, m_platform.clock.zone()).date());
+}
+
+QString ProspectStore::recipientKey(const Prospect &prospect) { return quotaRecipient(prospect); }
 
 int ProspectStore::smsRecipientsSentThisMonth() const
 {

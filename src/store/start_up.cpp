@@ -113,8 +113,10 @@ void ProspectStore::completeTemplates()
         MessageTemplate migrated = *stored;
         if (migrated.title == legacyMessageTitle())
             migrated.title = defaultMessage().title;
-        if (migrated.body.contains(legacyBusinessName()))
-            migrated.body = defaultMessage().body;
+        for (const QString &invented : legacyBusinessNames()) {
+            if (migrated.body.contains(invented))
+                migrated.body = defaultMessage().body;
+        }
         if (migrated != *stored) {
             m_messageTemplates.replaceFirst(isDefault, migrated);
             publish(Collection::messageTemplates);

@@ -65,6 +65,8 @@ void sendTheOthersAutomatically(Guide &guide, const QueueTexts &texts, qsizetype
 {
     constexpr auto longestSend = 15s;
     guide.check(texts.automate, true);
+    guide.picture(texts.picture + u"-question"_s);
+    guide.press(u"Envoyer tel quel"_s);
     guide.picture(texts.picture + u"-automatique"_s);
     guide.untilSheetIsClosed(count * longestSend);
     guide.check(texts.automate, false);

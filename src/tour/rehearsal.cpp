@@ -13,6 +13,7 @@ namespace {
 const QString sms = u"sms"_s;
 const QString email = u"email"_s;
 const QString both = u"tout"_s;
+const QString text = u"Bonjour,\n\nCeci est une répétition."_s; ///< without blanks to ask about
 
 std::vector<Prospect> notSentTo(const ProspectStore &store, Channel channel)
 {
@@ -35,6 +36,9 @@ const QStringList &rehearsalNames()
 void rehearse(ContentView &window, SendDesk &desk, Switches &switches, const QString &name)
 {
     ProspectStore &store = desk.store();
+    store.updateMessage(ProspectStore::defaultMessageID, u"1er envoi"_s, text);
+    store.updateEmailTemplate(ProspectStore::defaultEmailTemplateID, u"1er envoi e-mail"_s,
+                              u"Répétition"_s, text);
     switches.setAutoValidateSMS(true);
     switches.setAutoValidateEmail(true);
     for (const Prospect &contact : notSentTo(store, Channel::sms))

@@ -182,6 +182,7 @@ class Journey(unittest.TestCase):
 
     def test_11_without_a_messages_service_nothing_is_recorded(self):
         self.program.press("Automatiser envoi SMS")
+        self.program.press("Envoyer tel quel")
         self.program.read("Messages n’a pas confirmé l’envoi : Aucun service Messages actif")
         self.program.press("Automatiser envoi SMS")
         self.program.press("Fermer")
@@ -206,6 +207,7 @@ class Journey(unittest.TestCase):
             program.until_cell("MENUISERIE ARZEL", "Envoyer mail", ": coché")
             program.press("Préparer les e-mails (1)")
             program.press("Automatiser envoi e-mail")
+            program.press("Envoyer tel quel")
             program.read("Autorisez Quenoria à contrôler Mail dans Réglages Système")
             self.assertEqual(len(received()), attempt)
             program.press("Automatiser envoi e-mail")
@@ -216,6 +218,7 @@ class Journey(unittest.TestCase):
         program = self.program
         program.press("Préparer les e-mails (1)")
         program.press("Automatiser envoi e-mail")
+        program.press("Envoyer tel quel")
         self.until_file("suivi-envois-mails", lambda file: file["0639987710"]["sent"])
         self.assertEqual(received()[2]["envelope"], ["agence@example.com", "arzel@example.org"])
         self.assertEqual(received()[2]["files"], {"plan.pdf": b"plan".hex()})

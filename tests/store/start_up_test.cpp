@@ -60,7 +60,7 @@ struct Migration {
 
 TEST_F(StartUp, MigratesOnlyAnEarlierDefaultMessage)
 {
-    const QString old = u"… "_s + legacyBusinessName() + u" …"_s;
+    const QString old = u"… "_s + legacyBusinessNames().last() + u" …"_s;
     const Migration migrations[] = {
         {u"Olvak 1er Envoi", u"mine"_s, u"1er envoi", u"mine"_s},
         {u"olvak 1er envoi", old, u"olvak 1er envoi", defaultMessage().body},

@@ -20,9 +20,10 @@ constexpr std::chrono::milliseconds pauseBetweenContacts{800};
 } // namespace
 
 BatchQueue::BatchQueue(const QueueChannel &channel, SendDesk &desk, Switches &switches,
-                       Clock &clock)
+                       const Platform &platform)
     : QObject(&desk), m_channel(channel), m_desk(desk), m_store(desk.store()), m_switches(switches),
-      m_clock(clock), m_countdown(clock), m_wasAutomatic(isAutomatic())
+      m_clock(platform.clock), m_countdown(platform.clock),
+      m_outlook(channel, desk, switches, platform), m_wasAutomatic(isAutomatic())
 {
     connect(&m_store, &ProspectStore::published, this, &BatchQueue::followStore);
     connect(&switches, &Switches::changed, this, &BatchQueue::followSwitches);
@@ -57,6 +58,21 @@ void BatchQueue::stop()
         return;
     (m_switches.*m_channel.setAutomatic)(false);
     stopWaiting();
+}
+
+void BatchQueue::remove(const QStringList &ids) { take(Removed{ids, engaged()}); }
+
+void BatchQueue::insist(RunQuestion question)
+{
+    m_outlook.allow(question);
+    take(RunInsisted{});
+}
+
+QString BatchQueue::engaged() const
+{
+    if (m_handedOver)
+        return m_handedOver->id;
+    return canConfirm() ? m_state.queueIDs.value(0) : QString();
 }
 
 void BatchQueue::close()
@@ -114,8 +130,9 @@ QueueAction BatchQueue::take(const QueueEvent &event)
 {
     const bool wasClosed = m_state.phase == QueueState::Phase::closed;
     const std::optional<Prospect> contact = subject(event);
-    Step step =
-        next(std::move(m_state), event, {isAutomatic() && !m_isCalledOff, current() != nullptr});
+    const auto *opened = std::get_if<Opened>(&event);
+    const Circumstances now = circumstances(opened ? opened->queueIDs : m_state.queueIDs);
+    Step step = next(std::move(m_state), event, now);
     m_state = std::move(step.state);
     if (contact) {
         noteServed(event, step.action, *contact);
@@ -131,6 +148,13 @@ QueueAction BatchQueue::take(const QueueEvent &event)
         Q_EMIT closed(report());
     }
     return step.action;
+}
+
+Circumstances BatchQueue::circumstances(const QStringList &ids) const
+{
+    const bool automatic = isAutomatic() && !m_isCalledOff;
+    const bool asksFirst = automatic && !isSending() && m_outlook.question(ids);
+    return {automatic, current() != nullptr, asksFirst};
 }
 
 std::optional<Prospect> BatchQueue::subject(const QueueEvent &event) const
@@ -194,7 +218,12 @@ void BatchQueue::perform(QueueAction action, const std::optional<Prospect> &cont
         take(
             PrepareAnswered{m_desk.prepare(m_channel.channel, *contact, m_switches.freeProPlan())});
         break;
+    case QueueAction::ask:
+        if (const auto question = m_outlook.question(m_state.queueIDs))
+            Q_EMIT asked(*question);
+        break;
     case QueueAction::startRun:
+        m_outlook.noteStart();
         // From the event loop, so that the sheet shows the run before its first message goes.
         Q_EMIT runAsked({});
         break;
@@ -222,6 +251,8 @@ QCoro::Task<> BatchQueue::runAutomaticQueue()
         const Prospect contact = *m_handedOver;
         const bool isHeld = isRunning() && std::holds_alternative<Refused>(outcome) &&
                             m_desk.stopReplies().isWaiting(contact);
+        if (std::holds_alternative<Sent>(outcome))
+            m_outlook.noteSent();
         if (!isHeld)
             take(SendAnswered{outcome});
         m_handedOver.reset();

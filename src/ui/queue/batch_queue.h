@@ -3,11 +3,10 @@
 #include "messaging/send_desk.h"
 #include "ui/queue/countdown.h"
 #include "ui/queue/queue_channel.h"
+#include "ui/queue/run_outlook.h"
 #include "ui/queue/run_report.h"
 
 namespace quenoria {
-
-class Clock;
 
 /// One pass through the contacts selected on a channel: follows the rules of next() and carries
 /// out what they ask of the desk. The sheet shows it and passes on the user's clicks.
@@ -20,7 +19,8 @@ class BatchQueue : public QObject {
 
 public:
     /// All three outlive the queue.
-    BatchQueue(const QueueChannel &channel, SendDesk &desk, Switches &switches, Clock &clock);
+    BatchQueue(const QueueChannel &channel, SendDesk &desk, Switches &switches,
+               const Platform &platform);
 
     /// Builds the queue; with the switch for automatic sending on, a run starts.
     void open();
@@ -30,6 +30,15 @@ public:
     /// Ends the run before its next contact, as turning the switch off does, and without the wait
     /// for a message that no carrier has yet.
     void stop();
+
+    /// Leaves contacts out of this queue and nothing else: they stay selected. The one whose
+    /// message is in front of the user, or under way, stays.
+    void remove(const QStringList &ids);
+
+    /// The user goes on in spite of the question.
+    void insist(RunQuestion question);
+    void neverAskAboutHours() { m_outlook.neverAskAboutHours(); }
+
     /// An SMS that still waits for its turn is abandoned; one handed over is recorded.
     void close();
 
@@ -41,6 +50,10 @@ public:
     bool isAutomatic() const;
     bool isRunning() const { return m_state.phase == QueueState::Phase::running; }
     bool isSending() const; ///< a run is under way, or ends after the sheet was closed
+    const RunOutlook &outlook() const { return m_outlook; }
+
+    /// Id of the contact that cannot be left out any more; empty without one.
+    QString engaged() const;
     bool canConfirm() const { return m_state.phase == QueueState::Phase::prepared; }
 
     QString primaryText() const;
@@ -60,6 +73,9 @@ Q_SIGNALS:
     /// Something that the sheet shows is another: the state, the switches, the store.
     void changed();
 
+    /// The user is to be asked before a run begins.
+    void asked(quenoria::RunQuestion question);
+
     /// Nothing is left to show: the last contact was handled, or close() was called and what a
     /// carrier had is recorded.
     void closed(const quenoria::RunReport &report);
@@ -69,6 +85,7 @@ Q_SIGNALS:
 private:
     QStringList selectedIDs() const;
     QueueAction take(const QueueEvent &event);
+    Circumstances circumstances(const QStringList &ids) const;
     std::optional<Prospect> subject(const QueueEvent &event) const;
     void noteServed(const QueueEvent &event, QueueAction action, const Prospect &contact);
     void passOverServed();
@@ -89,6 +106,7 @@ private:
     Clock &m_clock;
     QueueState m_state;
     Countdown m_countdown;
+    RunOutlook m_outlook;
     struct Served {
         QString id;
         QString label;

@@ -6,6 +6,7 @@
 
 #include <QBoxLayout>
 #include <QHeaderView>
+#include <QPushButton>
 #include <QTreeWidget>
 
 using namespace Qt::StringLiterals;
@@ -56,6 +57,9 @@ QTreeWidget *makeTree(const NamedContacts &list)
             item->setIcon(1, symbol(line.symbolName, line.tint));
         item->setData(0, Qt::ToolTipRole, tipText(line.label));
         item->setData(1, Qt::ToolTipRole, tipText(line.words));
+        item->setData(0, Qt::UserRole, line.id);
+        if (!list.action.isEmpty())
+            item->setCheckState(0, Qt::Checked);
         items << item;
     }
     tree->addTopLevelItems(items);
@@ -65,12 +69,46 @@ QTreeWidget *makeTree(const NamedContacts &list)
 } // namespace
 
 ContactListView::ContactListView(const NamedContacts &list, QWidget *parent)
-    : Sheet(list.title, sheetSize, parent)
+    : Sheet(list.title, sheetSize, parent), m_tree(makeTree(list))
 {
     addHeader(list.title, list.note);
-    QTreeWidget *tree = makeTree(list);
-    column()->addWidget(tree, 1);
-    tree->setFocus();
+    column()->addWidget(m_tree, 1);
+    m_tree->setFocus();
+    if (!list.action.isEmpty())
+        addButton(list.action);
+}
+
+/// Only a press of the button itself does it, no Enter wherever the focus is.
+void ContactListView::addButton(const QString &text)
+{
+    auto *button = new QPushButton;
+    button->setAutoDefault(false);
+    const auto refresh = [this, button, text] {
+        const qsizetype count = ticked().size();
+        button->setText(u"%1 (%2)"_s.arg(text, QString::number(count)));
+        button->setEnabled(count > 0);
+    };
+    refresh();
+    connect(m_tree, &QTreeWidget::itemChanged, button, refresh);
+    connect(button, &QPushButton::clicked, this, [this] {
+        Q_EMIT chosen(ticked());
+        accept();
+    });
+    auto *row = new QHBoxLayout;
+    row->addStretch();
+    row->addWidget(button);
+    footer()->addLayout(row);
+}
+
+QStringList ContactListView::ticked() const
+{
+    QStringList ids;
+    for (int row = 0; row < m_tree->topLevelItemCount(); ++row) {
+        const QTreeWidgetItem *item = m_tree->topLevelItem(row);
+        if (item->checkState(0) == Qt::Checked)
+            ids << item->data(0, Qt::UserRole).toString();
+    }
+    return ids;
 }
 
 NamedContacts listOf(const RunReport &report)

@@ -5,6 +5,8 @@
 
 #include <vector>
 
+class QTreeWidget;
+
 namespace quenoria {
 
 struct RunReport;
@@ -15,6 +17,7 @@ struct ContactLine {
     QString words;
     QString symbolName = {};
     Tint tint = Tint::text;
+    QString id = {};
 };
 
 struct NamedContacts {
@@ -22,14 +25,26 @@ struct NamedContacts {
     QString note;
     QString wordsHeader; ///< what the words of a line are about
     std::vector<ContactLine> lines;
+    QString action = {}; ///< text of a button for those that the user chooses; none when empty
 };
 
-/// Contacts that a count stands for, each with its word.
+/// Contacts that a count stands for, each with its word and, where something can be done about
+/// them, with a box.
 class ContactListView : public Sheet {
     Q_OBJECT
 
 public:
     ContactListView(const NamedContacts &list, QWidget *parent);
+
+Q_SIGNALS:
+    /// The user pressed the button; the sheet goes.
+    void chosen(const QStringList &ids);
+
+private:
+    void addButton(const QString &text);
+    QStringList ticked() const;
+
+    QTreeWidget *m_tree;
 };
 
 /// What became of each contact of a run.

@@ -5,7 +5,9 @@
 #include "ui/kit/status_label.h"
 #include "ui/queue/batch_queue.h"
 #include "ui/queue/message_panel.h"
+#include "ui/queue/preflight_row.h"
 #include "ui/queue/queue_options.h"
+#include "ui/queue/run_questions.h"
 #include "ui/queue/slim_progress_bar.h"
 
 #include <QKeyEvent>
@@ -25,10 +27,10 @@ constexpr int buttonGap = 12;
 } // namespace
 
 QueueSheet::QueueSheet(const QueueChannel &channel, SendDesk &desk, Switches &switches,
-                       Clock &clock, QWidget *parent)
+                       const Platform &platform, QWidget *parent)
     : Sheet(channel.title, channel.size, parent), m_channel(channel), m_store(desk.store()),
-      m_queue(new BatchQueue(channel, desk, switches, clock)), m_progress(makeProgress()),
-      m_options(new QueueOptions(*m_queue, switches)),
+      m_queue(new BatchQueue(channel, desk, switches, platform)), m_progress(makeProgress()),
+      m_preflight(new PreflightRow(*m_queue)), m_options(new QueueOptions(*m_queue, switches)),
       m_message(new MessagePanel(channel.hasQuota ? MessagePanel::Length::told
                                                   : MessagePanel::Length::silent)),
       m_finished(makeFinishedPanel()), m_status(new StatusLabel), m_passedOver(new StatusLabel),
@@ -37,6 +39,7 @@ QueueSheet::QueueSheet(const QueueChannel &channel, SendDesk &desk, Switches &sw
 {
     addHeader(channel.title, channel.note);
     column()->addWidget(m_progress);
+    column()->addWidget(m_preflight);
     column()->addWidget(m_options);
     column()->addWidget(m_message, 1);
     column()->addWidget(m_finished, 1);
@@ -169,6 +172,8 @@ void QueueSheet::connectQueue()
         if (isVisible())
             accept();
     });
+    // Later, since a queue may ask while its sheet is being shown.
+    connect(m_queue, &BatchQueue::asked, this, &QueueSheet::ask, Qt::QueuedConnection);
     connect(&m_queue->progress(), &HandOverWatch::changed, this, &QueueSheet::refreshStatus);
     connect(&m_queue->countdown(), &Countdown::changed, this, &QueueSheet::refreshStatus);
     connect(this, &QDialog::finished, m_queue, &BatchQueue::close);
@@ -183,7 +188,6 @@ void QueueSheet::showEvent(QShowEvent *event)
     if (!m_opened) {
         m_opened = true;
         m_queue->open();
-        m_cost->setText(m_queue->costText());
     }
     Sheet::showEvent(event);
 }
@@ -213,6 +217,9 @@ void QueueSheet::refresh()
     m_progressBar->setAccessibleName(m_queue->progressText());
     m_progressBar->setRange(0, std::max(state.initialQueueCount, 1));
     m_progressBar->setValue(state.completedCount);
+    refreshCost();
+    m_preflight->setEnabled(contact);
+    m_preflight->refresh();
     m_options->refresh();
     m_message->setVisible(contact);
     m_finished->setVisible(!contact);
@@ -258,6 +265,20 @@ void QueueSheet::refreshHeld()
                           : u"Laissé de côté jusqu’à votre décision, car sa réponse dit STOP : "_s +
                                 labels.join(u", "_s),
                       Tint::negative, u"hand.raised.circle.fill"_s);
+}
+
+/// What the queue costs as a whole, also once a part of it has left.
+void QueueSheet::refreshCost()
+{
+    const int count = m_queue->state().initialQueueCount;
+    if (std::exchange(m_costedCount, count) != count)
+        m_cost->setText(m_queue->costText());
+}
+
+void QueueSheet::ask(RunQuestion question)
+{
+    if (m_queue && !m_question)
+        m_question = askBeforeRun(question, *m_queue, this);
 }
 
 void QueueSheet::refreshButtons()

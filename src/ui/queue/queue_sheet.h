@@ -11,12 +11,14 @@ class QProgressBar;
 namespace quenoria {
 
 class BatchQueue;
-class Clock;
 class MessagePanel;
+class PreflightRow;
 class QueueOptions;
 class SendDesk;
 class StatusLabel;
 class TextLabel;
+enum class RunQuestion;
+struct Platform;
 
 /// Walks through the contacts selected on a channel, one at a time: shows a BatchQueue and passes
 /// on what the user does. Closing it leaves the queue to end a send that is under way.
@@ -41,8 +43,8 @@ Q_SIGNALS:
     void stopRepliesRequested();
 
 protected:
-    QueueSheet(const QueueChannel &channel, SendDesk &desk, Switches &switches, Clock &clock,
-               QWidget *parent);
+    QueueSheet(const QueueChannel &channel, SendDesk &desk, Switches &switches,
+               const Platform &platform, QWidget *parent);
 
     void showEvent(QShowEvent *event) override;
 
@@ -60,6 +62,8 @@ private:
     void refresh();
     void refreshStatus();
     void refreshHeld();
+    void refreshCost();
+    void ask(RunQuestion question);
     void refreshButtons();
     bool keepsFocus(const QWidget *widget) const;
 
@@ -67,11 +71,14 @@ private:
     ProspectStore &m_store;
     QPointer<BatchQueue> m_queue; ///< owned by the desk, which it must outlive to end a send
     bool m_opened = false;
+    QPointer<QWidget> m_question; ///< before a run
 
     QWidget *m_progress;
     TextLabel *m_progressText;
     QProgressBar *m_progressBar;
     TextLabel *m_cost;
+    int m_costedCount = -1; ///< length of the queue that the cost is of
+    PreflightRow *m_preflight;
     QueueOptions *m_options;
     MessagePanel *m_message;
     QWidget *m_finished;
@@ -96,8 +103,9 @@ class BatchSendView : public QueueSheet {
     Q_OBJECT
 
 public:
-    BatchSendView(SendDesk &desk, Switches &switches, Clock &clock, QWidget *parent = nullptr)
-        : QueueSheet(smsChannel(), desk, switches, clock, parent)
+    BatchSendView(SendDesk &desk, Switches &switches, const Platform &platform,
+                  QWidget *parent = nullptr)
+        : QueueSheet(smsChannel(), desk, switches, platform, parent)
     {
     }
 };
@@ -107,8 +115,9 @@ class BatchEmailSendView : public QueueSheet {
     Q_OBJECT
 
 public:
-    BatchEmailSendView(SendDesk &desk, Switches &switches, Clock &clock, QWidget *parent = nullptr)
-        : QueueSheet(emailChannel(), desk, switches, clock, parent)
+    BatchEmailSendView(SendDesk &desk, Switches &switches, const Platform &platform,
+                       QWidget *parent = nullptr)
+        : QueueSheet(emailChannel(), desk, switches, platform, parent)
     {
     }
 };

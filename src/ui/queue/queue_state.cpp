@@ -1,5 +1,7 @@
 #include "ui/queue/queue_state.h"
 
+#include <QSet>
+
 using namespace Qt::StringLiterals;
 
 namespace quenoria {
@@ -67,6 +69,11 @@ public:
     }
 
     Step operator()(const SwitchedOn &) { return startedRun(); }
+
+    Step operator()(const RunInsisted &)
+    {
+        return m_circumstances.automatic ? startedRun() : unchanged();
+    }
 
     Step operator()(const TurnReached &)
     {
@@ -147,6 +154,20 @@ public:
         return unchanged();
     }
 
+    Step operator()(const Removed &event)
+    {
+        if (!awaitsUser() && m_state.phase != Phase::running)
+            return unchanged();
+        const QString head = m_state.queueIDs.value(0);
+        QSet<QString> leaving(event.ids.begin(), event.ids.end());
+        leaving.remove(event.engaged);
+        m_state.initialQueueCount -= int(m_state.queueIDs.removeIf(
+            [&leaving](const QString &id) { return leaving.contains(id); }));
+        if (m_state.queueIDs.value(0) != head)
+            say({});
+        return unchanged();
+    }
+
     Step operator()(const Closed &)
     {
         const bool underWay = m_state.phase == Phase::running || m_state.phase == Phase::leaving;
@@ -170,6 +191,8 @@ private:
     {
         if (!awaitsUser() || m_state.queueIDs.isEmpty())
             return unchanged();
+        if (m_circumstances.asksFirst)
+            return does(QueueAction::ask);
         m_state.phase = Phase::running;
         say({});
         return does(QueueAction::startRun);

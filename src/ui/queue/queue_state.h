@@ -63,16 +63,24 @@ struct StopRepliesChanged {
     QStringList gone;        ///< contacts that are stopped or deleted by now
     QString handedOver = {}; ///< contact whose message a carrier has
 };
+/// The user leaves contacts out of this queue, without a word on their selection.
+struct Removed {
+    QStringList ids;
+    QString engaged = {}; ///< contact whose message is in front of the user, or under way
+};
+/// The user wants the run in spite of what he was asked.
+struct RunInsisted {};
 struct Closed {};
 
-using QueueEvent =
-    std::variant<Opened, PrimaryPressed, PrepareAnswered, Confirmed, Skipped, SwitchedOn,
-                 TurnReached, SendAnswered, DoubtSettled, ServedBefore, StopRepliesChanged, Closed>;
+using QueueEvent = std::variant<Opened, PrimaryPressed, PrepareAnswered, Confirmed, Skipped,
+                                SwitchedOn, TurnReached, SendAnswered, DoubtSettled, ServedBefore,
+                                StopRepliesChanged, Removed, RunInsisted, Closed>;
 
 /// What the rules ask about the world around the queue.
 struct Circumstances {
     bool automatic = false; ///< the switch for automatic sending is on
     bool present = true;    ///< the head of the queue is a contact of the store
+    bool asksFirst = false; ///< there is something to ask before a run
 };
 
 /// What is to be done about the contact that was the head of the queue before the event, or that
@@ -80,6 +88,7 @@ struct Circumstances {
 enum class QueueAction {
     none,
     prepare,  ///< and hand the answer back
+    ask,      ///< the user whether a run is to begin
     startRun, ///< one that begins by reaching its turn
     send,     ///< automatically, and hand the answer back
     record,   ///< the prepared send, and take the contact out of the selection

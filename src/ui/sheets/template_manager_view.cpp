@@ -1,5 +1,6 @@
 #include "ui/sheets/template_manager_view.h"
 
+#include "model/blanks.h"
 #include "ui/kit/form.h"
 #include "ui/kit/labels.h"
 #include "ui/kit/length_line.h"
@@ -34,7 +35,7 @@ TemplateManagerView::TemplateManagerView(ProspectStore &store, const TemplateCha
       m_remove(new QPushButton(symbol(u"trash"_s, Tint::negative), u"Supprimer"_s)),
       m_title(makeField(channel.titleField)), m_subject(makeField(channel.subjectField)),
       m_body(new TextBox(channel.bodyLabel)), m_length(new LengthLine(LengthLine::Use::editing)),
-      m_message(new StatusLabel)
+      m_blanks(new StatusLabel), m_message(new StatusLabel)
 {
     addHeader(channel.heading, channel.note);
     addSelectionRow();
@@ -93,16 +94,20 @@ void TemplateManagerView::addFields()
     body->addWidget(makeLabel(m_channel.bodyLabel, TextStyle::headline));
     body->addWidget(m_body, 1);
     body->addWidget(m_length);
+    body->addWidget(m_blanks);
     m_length->setVisible(m_channel.countsCharacters);
     connect(m_length, &LengthLine::replacementChosen, m_body, &TextBox::replaceText);
     column()->addLayout(body, 1);
     connect(m_title, &QLineEdit::textChanged, this,
             [this](const QString &text) { m_editor.draft.title = text; });
-    connect(m_subject, &QLineEdit::textChanged, this,
-            [this](const QString &text) { m_editor.draft.subject = text; });
+    connect(m_subject, &QLineEdit::textChanged, this, [this](const QString &text) {
+        m_editor.draft.subject = text;
+        refreshBlanks();
+    });
     connect(m_body, &TextBox::textChanged, this, [this] {
         m_editor.draft.body = m_body->text();
         refreshLength();
+        refreshBlanks();
     });
 }
 
@@ -125,6 +130,15 @@ void TemplateManagerView::addBottomRow()
     }
 }
 
+void TemplateManagerView::refreshBlanks()
+{
+    const TemplateDraft &draft = m_editor.draft;
+    const QStringList blanks = blanksIn(draft.subject + u'\n' + draft.body);
+    m_blanks->setStatus(
+        blanks.isEmpty() ? QString() : u"À compléter avant d’envoyer : "_s + blanks.join(u", "_s),
+        Tint::accent, u"pencil"_s);
+}
+
 void TemplateManagerView::saveInput()
 {
     m_editor.save();
@@ -141,6 +155,7 @@ void TemplateManagerView::refresh()
     showText(m_subject, draft.subject);
     m_body->setText(draft.body);
     refreshLength();
+    refreshBlanks();
     m_message->setStatus(m_editor.message(), m_editor.messageTint());
 }
 

@@ -30,6 +30,7 @@ private:
     void addBottomRow();
     void refresh();
     void refreshLength();
+    void refreshBlanks();
 
     const TemplateChannel &m_channel;
     TemplateEditor m_editor;
@@ -38,7 +39,8 @@ private:
     QLineEdit *m_title;
     QLineEdit *m_subject;
     TextBox *m_body;
-    LengthLine *m_length; ///< of the channel whose texts are counted
+    LengthLine *m_length;  ///< of the channel whose texts are counted
+    StatusLabel *m_blanks; ///< what is left to be filled in
     StatusLabel *m_message;
 };
 

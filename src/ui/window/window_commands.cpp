@@ -57,6 +57,16 @@ QString namesOf(const IdSet &ids, const ProspectStore &store)
     return names.join(u'\n');
 }
 
+/// What a run has come to, for a task bar that shows the title of windows.
+QString titleDuring(const BatchQueue &queue)
+{
+    if (!queue.isSending())
+        return u"Quenoria"_s;
+    return u"%1 %2 sur %3 — Quenoria"_s.arg(queue.channel().noun,
+                                            QString::number(queue.state().completedCount + 1),
+                                            QString::number(queue.state().initialQueueCount));
+}
+
 } // namespace
 
 template <typename View, typename... Arguments>
@@ -153,12 +163,12 @@ void ContentView::saveBackup() { m_backups->save(); }
 
 void ContentView::openSMSQueue()
 {
-    presentQueue(*new BatchSendView(m_desk, m_switches, m_platform.clock, this));
+    presentQueue(*new BatchSendView(m_desk, m_switches, m_platform, this));
 }
 
 void ContentView::openEmailQueue()
 {
-    presentQueue(*new BatchEmailSendView(m_desk, m_switches, m_platform.clock, this));
+    presentQueue(*new BatchEmailSendView(m_desk, m_switches, m_platform, this));
 }
 
 void ContentView::presentQueue(QueueSheet &queue)
@@ -166,9 +176,14 @@ void ContentView::presentQueue(QueueSheet &queue)
     connect(&queue, &QueueSheet::carriersRequested, this, &ContentView::chooseCarriers);
     connect(&m_platform.carriers, &Carriers::composeAnswered, &queue, &QueueSheet::tellOutcome);
     connect(&queue, &QueueSheet::stopRepliesRequested, this, &ContentView::showStopReplies);
+    connect(queue.queue(), &BatchQueue::changed, m_outcome,
+            [line = m_outcome, run = queue.queue()] {
+                line->window()->setWindowTitle(titleDuring(*run));
+            });
     // The line is the context: a sheet that goes with its window closes its queue, too.
     connect(queue.queue(), &BatchQueue::closed, m_outcome,
             [this, line = m_outcome](const RunReport &report) {
+                line->window()->setWindowTitle(u"Quenoria"_s);
                 if (report.isWorthTelling())
                     line->tell(u"%1 : %2"_s.arg(report.title, report.summary()), u"Voir"_s,
                                [this, report] { present<ContactListView>(listOf(report)); });

@@ -1,12 +1,12 @@
 #include "ui/window/window_header.h"
 
 #include "ui/kit/button_role.h"
+#include "ui/kit/flow_layout.h"
 #include "ui/kit/labels.h"
 #include "ui/kit/symbol.h"
 #include "ui/window/action_button.h"
 #include "ui/window/command_actions.h"
 #include "ui/window/command_bar.h"
-#include "ui/window/flow_layout.h"
 #include "ui/window/folding_line.h"
 
 #include <QAction>

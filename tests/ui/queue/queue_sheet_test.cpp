@@ -5,7 +5,9 @@
 #include "ui/queue/queue_sheet.h"
 
 #include <QApplication>
+#include <QCheckBox>
 #include <QLabel>
+#include <QMessageBox>
 #include <QMouseEvent>
 #include <QPointer>
 #include <QPushButton>
@@ -38,6 +40,8 @@ protected:
         desk.reset();
         store = std::make_unique<ProspectStore>(desktop.platform());
         desk = std::make_unique<SendDesk>(*store, desktop.platform());
+        store->updateMessage(ProspectStore::defaultMessageID, u"1er envoi"_s, u"Bonjour"_s);
+        store->updateEmailTemplate(ProspectStore::defaultEmailTemplateID, {}, {}, u"Bonjour"_s);
         for (const Prospect &prospect : store->allProspects()) {
             store->setSelectedForSending(true, prospect);
             store->setSelectedForEmailSending(true, prospect);
@@ -56,7 +60,7 @@ protected:
     template <typename View = BatchSendView>
     void show()
     {
-        sheet = new View(*desk, switches, desktop.clock);
+        sheet = new View(*desk, switches, desktop.platform());
         sheet->present();
         QCoreApplication::processEvents();
     }
@@ -199,7 +203,7 @@ TEST_F(QueueSheets, LeaveOutWhoAnsweredStopUntilTheUserDecides)
 TEST_F(QueueSheets, TellWhatTheCarrierSaidAndLeadToTheOthers)
 {
     show();
-    EXPECT_TRUE(shows(u"4 contacts · 28 SMS"_s));
+    EXPECT_TRUE(shows(u"4 contacts · 4 SMS"_s));
     EXPECT_FALSE(button(u"Choisir un moyen d’envoi…"_s)->isVisible());
     delete sheet;
     switches.setAutoValidateEmail(true);
@@ -417,6 +421,40 @@ TEST_F(QueueSheets, AContactDeletedInItsTurnIsCountedIfItsMessageWent)
     EXPECT_TRUE(shows(u"Sélection terminée"_s));
     EXPECT_FALSE(shows(u"L’envoi a été abandonné avant d’être remis à Messages."_s));
     EXPECT_EQ(desktop.scripts.sources.size(), 1) << "deleted before its turn: nothing goes";
+}
+
+TEST_F(QueueSheets, AskOnceBeforeARunWithBlanksAndThenAboutTheHour)
+{
+    store->updateMessage(ProspectStore::defaultMessageID, u"x"_s, u"Je suis [votre nom]."_s);
+    desktop.clock.set(desktop.clock.now() + 11h); // 21:00
+    desktop.carriers.choice = u"modem"_s;
+    switches.setAutoValidateSMS(true);
+    show();
+    settle();
+    EXPECT_EQ(sent(1), 0U);
+    EXPECT_TRUE(button(u"Préparer ce SMS"_s)->isEnabled());
+    press(u"Annuler"_s);
+    press(u"Préparer ce SMS"_s);
+    press(u"Envoyer tel quel"_s);
+    EXPECT_EQ(sent(1), 0U) << "there is a second question";
+    EXPECT_FALSE(desktop.preferences.flag(u"EnvoiSMSHeuresSansQuestion"_s));
+    sheet->findChild<QMessageBox *>()->checkBox()->setChecked(true);
+    press(u"Envoyer quand même"_s);
+    EXPECT_EQ(sent(1), 1U);
+    EXPECT_TRUE(desktop.preferences.flag(u"EnvoiSMSHeuresSansQuestion"_s));
+}
+
+TEST_F(QueueSheets, WhoIsLeftOutStaysSelected)
+{
+    for (const int each : {0, 1})
+        store->recordSent(contact(each), desktop.clock.now() - 24h);
+    show();
+    settle();
+    press(u"2 contactés il y a moins de 30 jours"_s);
+    press(u"Retirer de cet envoi (2)"_s);
+    EXPECT_TRUE(shows(u"c"_s) && shows(u"Contact 1 sur 2"_s) && shows(u"2 contacts · 2 SMS"_s));
+    EXPECT_FALSE(button(u"2 contactés il y a moins de 30 jours"_s)->isVisible());
+    EXPECT_EQ(store->sendSelection().size(), 4U);
 }
 
 } // namespace

@@ -21,6 +21,9 @@ const DoubtSettled stayed{u"a"_s};
 const Circumstances byHand{false, true};
 const Circumstances automatic{true, true};
 const Circumstances deleted{true, false};
+const Circumstances asking{true, true, true};
+const Removed secondRemoved{{u"b"_s}};
+const Removed engagedRemoved{{u"a"_s, u"b"_s}, u"a"_s};
 
 /// A queue of two contacts, of which so many are done.
 QueueState at(QueueState::Phase phase, int done = 0, const Refusal &error = {})
@@ -86,6 +89,23 @@ const Row rows[] = {
     {"SwitchedOffAndOnDuringARun", at(running), SwitchedOn{}, automatic, {at(running)}},
     {"SwitchedOnWithNothingLeft", at(waiting, 2), SwitchedOn{}, automatic, {at(waiting, 2)}},
     {"SwitchedOnOnceClosed", at(leaving), SwitchedOn{}, automatic, {at(leaving)}},
+
+    {"ShownWithAQuestion", {}, Opened{both}, asking, {at(waiting), ask}},
+    {"PrimaryWithAQuestion", at(prepared), PrimaryPressed{}, asking, {at(prepared), ask}},
+    {"Insisted", at(prepared), RunInsisted{}, automatic, {at(running), startRun}},
+    {"InsistedWithAnotherQuestion", at(waiting), RunInsisted{}, asking, {at(waiting), ask}},
+    {"InsistedOnceSwitchedOff", at(waiting), RunInsisted{}, byHand, {at(waiting)}},
+    {"InsistedTwice", at(running), RunInsisted{}, automatic, {at(running)}},
+    {"InsistedOnceClosed", at(closed), RunInsisted{}, automatic, {at(closed)}},
+
+    {"Removed", at(waiting), secondRemoved, byHand, {{{u"a"_s}, 0, 1, waiting, {}}}},
+    {"RemovedInARun", at(running), engagedRemoved, automatic, {{{u"a"_s}, 0, 1, running, {}}}},
+    {"RemovedTheRefused",
+     at(waiting, 0, panne),
+     Removed{{u"a"_s}},
+     byHand,
+     {{{u"b"_s}, 0, 1, waiting, {}}}},
+    {"RemovedOnceLeaving", at(leaving), secondRemoved, automatic, {at(leaving)}},
 
     {"Turn", at(running), TurnReached{}, automatic, {at(running), send}},
     {"TurnSwitchedOff", at(running), TurnReached{}, byHand, {at(waiting)}},

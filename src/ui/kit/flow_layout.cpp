@@ -1,4 +1,4 @@
-#include "ui/window/flow_layout.h"
+#include "ui/kit/flow_layout.h"
 
 #include <QStyle>
 #include <QWidget>

@@ -1,0 +1,116 @@
+#include "store/preflight.h"
+
+#include "model/blanks.h"
+#include "model/contact_rules.h"
+#include "model/local_time.h"
+#include "store/prospect_store.h"
+#include "store/quota_keys.h"
+
+namespace quenoria {
+
+namespace {
+
+constexpr auto recently = std::chrono::days{30};
+
+/// Goes through the contacts of a run as the run would.
+class Look {
+public:
+    Look(const ProspectStore &store, const PlannedRun &run) : m_store(store), m_run(run)
+    {
+        const QDate today = localDateTime(run.now, run.zone).date();
+        if (const IdSet *known = store.smsMonthlyRecipientsByMonth().find(quotaMonth(today)))
+            m_counted = *known;
+    }
+
+    Preflight found() &&
+    {
+        for (const QString &id : m_run.ids) {
+            if (const Prospect *contact = m_store.prospect(id))
+                look(*contact);
+            ++m_turn;
+        }
+        return std::move(m_found);
+    }
+
+private:
+    void look(const Prospect &contact)
+    {
+        const bool hasAddress = isReachable(contact);
+        const bool lacksFile =
+            m_store.attachmentName(contact) && !m_store.attachmentExists(contact);
+        if (const auto last = m_store.lastContact(contact); last && *last > m_run.now - recently)
+            m_found.recent << contact.id;
+        if (!hasAddress)
+            m_found.unreachable << contact.id;
+        if (lacksFile)
+            m_found.withoutFile << contact.id;
+        if (hasBlanks(contact))
+            m_found.unfinished << contact.id;
+        if (m_run.channel == Channel::sms && hasAddress && !lacksFile && !takesRoom(contact))
+            noteBeyondQuota(contact.id);
+    }
+
+    bool isReachable(const Prospect &contact) const
+    {
+        return m_run.channel == Channel::sms ? m_store.isReachable(Channel::sms, contact)
+                                             : contact.email && validEmail(*contact.email);
+    }
+
+    /// Each template is read once.
+    bool hasBlanks(const Prospect &contact)
+    {
+        const bool isSMS = m_run.channel == Channel::sms;
+        const QString id =
+            isSMS ? m_store.assignedMessageID(contact) : m_store.assignedEmailTemplateID(contact);
+        const auto known = m_blanks.constFind(id);
+        if (known != m_blanks.cend())
+            return *known;
+        QString text;
+        if (isSMS) {
+            text = m_store.assignedMessage(contact).body;
+        } else {
+            const EmailTemplate assigned = m_store.assignedEmailTemplate(contact);
+            text = assigned.subject + u'\n' + assigned.body;
+        }
+        const QStringList blanks = blanksIn(text);
+        m_found.blanks += blanks;
+        m_found.blanks.removeDuplicates();
+        return *m_blanks.insert(id, !blanks.isEmpty());
+    }
+
+    /// Whether the month's quota has room for the contact, which a recipient counted before needs
+    /// none of.
+    bool takesRoom(const Prospect &contact)
+    {
+        const QString key = quotaRecipient(contact);
+        if (m_run.freePro || m_counted.contains(key))
+            return true;
+        if (int(m_counted.size()) >= ProspectStore::standardSMSMonthlyRecipientLimit)
+            return false;
+        m_counted.insert(key);
+        return true;
+    }
+
+    void noteBeyondQuota(const QString &id)
+    {
+        if (m_found.beyondQuota.isEmpty())
+            m_found.beforeQuota = m_turn;
+        m_found.beyondQuota << id;
+    }
+
+    const ProspectStore &m_store;
+    const PlannedRun &m_run;
+    Preflight m_found;
+    QHash<QString, bool> m_blanks; ///< by template
+    IdSet m_counted;               ///< recipients of the month, with those of the run so far
+    int m_turn = 0;
+};
+
+} // namespace
+
+Preflight preflight(const ProspectStore &store, const PlannedRun &run)
+{
+    return Look(store, run).found();
+}
+
+} // namespace quenoria
