@@ -194,20 +194,6 @@ void BatchQueue::passOverServed()
     }
 }
 
-RunReport BatchQueue::report() const
-{
-    std::vector<ContactOutcome> pending;
-    for (const QString &id : m_state.queueIDs + m_state.heldIDs) {
-        const Prospect *contact = m_store.prospect(id);
-        if (!contact)
-            continue;
-        const bool isHeld = m_state.heldIDs.contains(id);
-        pending.push_back({id, contact->label, ContactOutcome::Kind::pending,
-                           isHeld ? u"Sa réponse dit STOP"_s : QString()});
-    }
-    return m_log.report(m_channel.title, pending);
-}
-
 void BatchQueue::perform(QueueAction action, const std::optional<Prospect> &contact)
 {
     switch (action) {

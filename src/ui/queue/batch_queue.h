@@ -63,8 +63,8 @@ public:
     bool isQuotaReached() const;
     QString runText() const; ///< what the run does or waits for
 
-    /// Labels of those who are left out of the queue, since they have answered STOP.
-    QStringList heldLabels() const;
+    /// Who is left out of the queue for having answered STOP; empty when nobody is.
+    QString heldText() const;
 
     /// "12 contacts · 24 SMS": what is left to send, and what it costs.
     QString costText() const;

@@ -252,19 +252,9 @@ void QueueSheet::refreshStatus()
 
 void QueueSheet::refreshHeld()
 {
-    constexpr qsizetype most = 3;
-    QStringList labels = m_queue->heldLabels();
-    const qsizetype others = labels.size() - most;
-    if (others > 0) {
-        labels.resize(most);
-        labels << u"et %1 autre%2"_s.arg(QString::number(others), others > 1 ? u"s"_s : u""_s);
-    }
-    m_heldRow->setVisible(!labels.isEmpty());
-    m_held->setStatus(labels.isEmpty()
-                          ? QString()
-                          : u"Laissé de côté jusqu’à votre décision, car sa réponse dit STOP : "_s +
-                                labels.join(u", "_s),
-                      Tint::negative, u"hand.raised.circle.fill"_s);
+    const QString text = m_queue->heldText();
+    m_heldRow->setVisible(!text.isEmpty());
+    m_held->setStatus(text, Tint::negative, u"hand.raised.circle.fill"_s);
 }
 
 /// What the queue costs as a whole, also once a part of it has left.
@@ -277,7 +267,8 @@ void QueueSheet::refreshCost()
 
 void QueueSheet::ask(RunQuestion question)
 {
-    if (m_queue && !m_question)
+    const bool isAsking = m_question && m_question->isVisible(); // it lives a moment longer
+    if (m_queue && !isAsking)
         m_question = askBeforeRun(question, *m_queue, this);
 }
 

@@ -66,14 +66,37 @@ QString BatchQueue::costText() const
     return u"%1 contact%2 · %3 SMS"_s.arg(contacts).arg(contacts > 1 ? u"s"_s : u""_s).arg(parts);
 }
 
-QStringList BatchQueue::heldLabels() const
+QString BatchQueue::heldText() const
 {
+    constexpr qsizetype most = 3;
     QStringList labels;
     for (const QString &id : m_state.heldIDs) {
         if (const Prospect *contact = m_store.prospect(id))
             labels << contact->label;
     }
-    return labels;
+    if (labels.isEmpty())
+        return {};
+    const qsizetype others = labels.size() - most;
+    if (others > 0) {
+        labels.resize(most);
+        labels << u"et %1 autre%2"_s.arg(QString::number(others), others > 1 ? u"s"_s : u""_s);
+    }
+    return u"Laissé de côté jusqu’à votre décision, car sa réponse dit STOP : "_s +
+           labels.join(u", "_s);
+}
+
+RunReport BatchQueue::report() const
+{
+    std::vector<ContactOutcome> pending;
+    for (const QString &id : m_state.queueIDs + m_state.heldIDs) {
+        const Prospect *contact = m_store.prospect(id);
+        if (!contact)
+            continue;
+        const bool isHeld = m_state.heldIDs.contains(id);
+        pending.push_back({id, contact->label, ContactOutcome::Kind::pending,
+                           isHeld ? u"Sa réponse dit STOP"_s : QString()});
+    }
+    return m_log.report(m_channel.title, pending);
 }
 
 } // namespace quenoria
