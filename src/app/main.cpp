@@ -6,6 +6,7 @@
 #include "app/second_start.h"
 #include "model/text_order.h"
 #include "platform/demo/demo_desktop.h"
+#include "platform/linux/bus_run_signs.h"
 #include "platform/linux/color_scheme_setting.h"
 #include "platform/linux/held_keys.h"
 #include "platform/linux/linux_desktop.h"
@@ -90,6 +91,15 @@ void followSession(ContentView &window)
                      Qt::DirectConnection);
 }
 
+void showRuns(const ContentView &window, RunSigns &signs)
+{
+    QObject::connect(&window, &ContentView::runProgressed, &window,
+                     [&signs](int done, int total) { signs.showProgress(done, total); });
+    QObject::connect(
+        &window, &ContentView::runEndedUnseen, &window,
+        [&signs](const QString &title, const QString &text) { signs.notify(title, text); });
+}
+
 /// Lives until the window has been left; gives the exit code, which tells a signal.
 int execute(ContentView &window, TerminationSignals &termination)
 {
@@ -127,10 +137,12 @@ int run(const StartOptions &options)
         return EXIT_FAILURE;
     ColorSchemeSetting colorScheme(QDBusConnection::sessionBus());
     keepAppearance(options.darkAppearance, colorScheme);
+    BusRunSigns signs(QDBusConnection::sessionBus(), QGuiApplication::desktopFileName());
     ContentView window(application.desk(), application.switches(), application.platform());
     window.setDemonstration(openDemonstration);
     if (const QString notice = desktop->notice(); !notice.isEmpty())
         window.showBanner(notice);
+    showRuns(window, signs);
     window.show();
     shown = &window;
     if (options.tourFolder)

@@ -56,6 +56,9 @@ public:
     QString engaged() const;
     bool canConfirm() const { return m_state.phase == QueueState::Phase::prepared; }
 
+    /// What became of each contact so far.
+    RunReport report() const;
+
     QString primaryText() const;
     QString progressText() const;
     QueuedMessage message() const { return m_channel.message(m_store, *current()); }
@@ -89,7 +92,6 @@ private:
     std::optional<Prospect> subject(const QueueEvent &event) const;
     void noteServed(const QueueEvent &event, QueueAction action, const Prospect &contact);
     void passOverServed();
-    RunReport report() const;
     void perform(QueueAction action, const std::optional<Prospect> &contact);
     QCoro::Task<> runAutomaticQueue();
     std::optional<Instant> nextSend() const;

@@ -17,6 +17,7 @@
 #include "ui/window/many_ticks.h"
 #include "ui/window/outcome_line.h"
 #include "ui/window/row_actions.h"
+#include "ui/window/run_watch.h"
 #include "ui/window/table_pages.h"
 #include "ui/window/window_header.h"
 #include "ui/window/workbook_import.h"
@@ -97,6 +98,7 @@ void ContentView::build()
 /// What the table offers by its headers and cells, for the keyboard.
 void ContentView::addKeyboardMenus()
 {
+    RunWatch::addSwitch(m_commands.menu(MenuPlace::send), m_platform.preferences);
     QMenu &edit = m_commands.menu(MenuPlace::edit);
     QMenu *contact = edit.addMenu(u"Contact"_s);
     connect(contact, &QMenu::aboutToShow, this, [this, contact] {

@@ -102,6 +102,12 @@ Q_SIGNALS:
     /// The window was asked to close and stays open.
     void stayed();
 
+    /// How far a run through a queue has come; total 0 when none is under way.
+    void runProgressed(int done, int total);
+
+    /// A run came to its end while the user, who wants to be told, looked elsewhere.
+    void runEndedUnseen(const QString &title, const QString &text);
+
 protected:
     void changeEvent(QEvent *event) override;
     void closeEvent(QCloseEvent *event) override;

@@ -27,6 +27,7 @@
 #include "ui/window/guide_window.h"
 #include "ui/window/many_ticks.h"
 #include "ui/window/outcome_line.h"
+#include "ui/window/run_watch.h"
 #include "ui/window/window_header.h"
 #include "ui/window/workbook_import.h"
 
@@ -55,16 +56,6 @@ QString namesOf(const IdSet &ids, const ProspectStore &store)
         names << u"… et %1 autre%2"_s.arg(QString::number(others), others > 1 ? u"s"_s : u""_s);
     }
     return names.join(u'\n');
-}
-
-/// What a run has come to, for a task bar that shows the title of windows.
-QString titleDuring(const BatchQueue &queue)
-{
-    if (!queue.isSending())
-        return u"Quenoria"_s;
-    return u"%1 %2 sur %3 — Quenoria"_s.arg(queue.channel().noun,
-                                            QString::number(queue.state().completedCount + 1),
-                                            QString::number(queue.state().initialQueueCount));
 }
 
 } // namespace
@@ -176,14 +167,12 @@ void ContentView::presentQueue(QueueSheet &queue)
     connect(&queue, &QueueSheet::carriersRequested, this, &ContentView::chooseCarriers);
     connect(&m_platform.carriers, &Carriers::composeAnswered, &queue, &QueueSheet::tellOutcome);
     connect(&queue, &QueueSheet::stopRepliesRequested, this, &ContentView::showStopReplies);
-    connect(queue.queue(), &BatchQueue::changed, m_outcome,
-            [line = m_outcome, run = queue.queue()] {
-                line->window()->setWindowTitle(titleDuring(*run));
-            });
+    auto *watch = new RunWatch(*queue.queue(), m_platform.preferences, m_outcome);
+    connect(watch, &RunWatch::progressed, this, &ContentView::runProgressed);
+    connect(watch, &RunWatch::endedUnseen, this, &ContentView::runEndedUnseen);
     // The line is the context: a sheet that goes with its window closes its queue, too.
     connect(queue.queue(), &BatchQueue::closed, m_outcome,
             [this, line = m_outcome](const RunReport &report) {
-                line->window()->setWindowTitle(u"Quenoria"_s);
                 if (report.isWorthTelling())
                     line->tell(u"%1 : %2"_s.arg(report.title, report.summary()), u"Voir"_s,
                                [this, report] { present<ContactListView>(listOf(report)); });
