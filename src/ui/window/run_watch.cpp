@@ -5,8 +5,8 @@
 
 #include <QAction>
 #include <QGuiApplication>
+#include <QMainWindow>
 #include <QMenu>
-#include <QWidget>
 
 using namespace Qt::StringLiterals;
 
@@ -50,7 +50,8 @@ void RunWatch::addSwitch(QMenu &menu, Preferences &preferences)
 void RunWatch::look()
 {
     const bool isSending = m_queue.isSending();
-    if (!isSending && !m_wasSending)
+    const bool isAlive = qobject_cast<QMainWindow *>(m_window); // not about to be destroyed
+    if (!isAlive || (!isSending && !m_wasSending))
         return;
     const QueueState &state = m_queue.state();
     m_window->setWindowTitle(isSending ? titleDuring(m_queue) : name);

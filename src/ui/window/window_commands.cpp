@@ -1,8 +1,6 @@
 #include "messaging/send_desk.h"
 #include "ui/kit/alert.h"
 #include "ui/kit/plain_text.h"
-#include "ui/queue/batch_queue.h"
-#include "ui/queue/contact_list_view.h"
 #include "ui/queue/queue_sheet.h"
 #include "ui/sheets/about_view.h"
 #include "ui/sheets/add_prospect_view.h"
@@ -27,7 +25,6 @@
 #include "ui/window/guide_window.h"
 #include "ui/window/many_ticks.h"
 #include "ui/window/outcome_line.h"
-#include "ui/window/run_watch.h"
 #include "ui/window/window_header.h"
 #include "ui/window/workbook_import.h"
 
@@ -151,34 +148,6 @@ void ContentView::applyStopList()
 
 void ContentView::startBackups() { m_backups->startDay(); }
 void ContentView::saveBackup() { m_backups->save(); }
-
-void ContentView::openSMSQueue()
-{
-    presentQueue(*new BatchSendView(m_desk, m_switches, m_platform, this));
-}
-
-void ContentView::openEmailQueue()
-{
-    presentQueue(*new BatchEmailSendView(m_desk, m_switches, m_platform, this));
-}
-
-void ContentView::presentQueue(QueueSheet &queue)
-{
-    connect(&queue, &QueueSheet::carriersRequested, this, &ContentView::chooseCarriers);
-    connect(&m_platform.carriers, &Carriers::composeAnswered, &queue, &QueueSheet::tellOutcome);
-    connect(&queue, &QueueSheet::stopRepliesRequested, this, &ContentView::showStopReplies);
-    auto *watch = new RunWatch(*queue.queue(), m_platform.preferences, m_outcome);
-    connect(watch, &RunWatch::progressed, this, &ContentView::runProgressed);
-    connect(watch, &RunWatch::endedUnseen, this, &ContentView::runEndedUnseen);
-    // The line is the context: a sheet that goes with its window closes its queue, too.
-    connect(queue.queue(), &BatchQueue::closed, m_outcome,
-            [this, line = m_outcome](const RunReport &report) {
-                if (report.isWorthTelling())
-                    line->tell(u"%1 : %2"_s.arg(report.title, report.summary()), u"Voir"_s,
-                               [this, report] { present<ContactListView>(listOf(report)); });
-            });
-    queue.present();
-}
 
 void ContentView::editCurrentContact()
 {
