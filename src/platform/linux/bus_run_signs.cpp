@@ -1,6 +1,7 @@
 #include "platform/linux/bus_run_signs.h"
 
 #include <QDBusMessage>
+#include <QDBusPendingCall>
 #include <QVariantMap>
 
 using namespace Qt::StringLiterals;

@@ -1,7 +1,6 @@
 #include "messaging/send_desk.h"
 #include "ui/kit/alert.h"
 #include "ui/kit/plain_text.h"
-#include "ui/queue/queue_sheet.h"
 #include "ui/sheets/about_view.h"
 #include "ui/sheets/add_prospect_view.h"
 #include "ui/sheets/carriers_view.h"
