@@ -75,23 +75,18 @@ QString RunReport::summary() const
 
 void RunLog::note(const QueueEvent &event, QueueAction action, const Prospect &contact)
 {
-    if (const auto *answer = std::get_if<PrepareAnswered>(&event)) {
-        if (answer->refusal)
-            set(contact, Kind::refused, *answer->refusal);
-    } else if (std::holds_alternative<Confirmed>(event)) {
-        if (action == QueueAction::record)
-            set(contact, Kind::sent);
-    } else if (std::holds_alternative<Skipped>(event)) {
-        if (action == QueueAction::deselect)
-            set(contact, Kind::skipped);
-    } else if (const auto *settled = std::get_if<DoubtSettled>(&event)) {
-        if (settled->left)
-            set(contact, Kind::sent);
-        else
-            m_entries.remove(contact.id);
-    } else if (const auto *answered = std::get_if<SendAnswered>(&event)) {
+    const auto *prepared = std::get_if<PrepareAnswered>(&event);
+    const auto *settled = std::get_if<DoubtSettled>(&event);
+    if (prepared && prepared->refusal)
+        set(contact, Kind::refused, *prepared->refusal);
+    else if (action == QueueAction::record || (settled && settled->left))
+        set(contact, Kind::sent);
+    else if (std::holds_alternative<Skipped>(event) && action == QueueAction::deselect)
+        set(contact, Kind::skipped);
+    else if (settled)
+        m_entries.remove(contact.id);
+    else if (const auto *answered = std::get_if<SendAnswered>(&event))
         note(answered->outcome, contact);
-    }
 }
 
 void RunLog::note(const SendOutcome &outcome, const Prospect &contact)
