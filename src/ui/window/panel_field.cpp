@@ -1,9 +1,9 @@
 #include "ui/window/panel_field.h"
 
+#include "ui/kit/flow_layout.h"
 #include "ui/kit/labels.h"
 #include "ui/kit/symbol.h"
 #include "ui/table/contact_table_model.h"
-#include "ui/window/flow_layout.h"
 
 #include <QCheckBox>
 #include <QComboBox>
