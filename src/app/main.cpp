@@ -90,6 +90,8 @@ void followSession(ContentView &window)
                      Qt::DirectConnection);
 }
 
+constexpr int startAgain = -1; ///< instead of an exit code: the files are to be read anew
+
 /// Lives until the window has been left; gives the exit code, which tells a signal.
 int execute(ContentView &window, TerminationSignals &termination)
 {
@@ -103,9 +105,49 @@ int execute(ContentView &window, TerminationSignals &termination)
         asked = 0;
         termination.rearm();
     });
+    QObject::connect(&window, &ContentView::restoreDecided, qApp,
+                     [] { QCoreApplication::exit(startAgain); });
     QTimer::singleShot(0, &window, &returnFreeMemory); // of the files that were read
     const int failure = QApplication::exec();
     return failure != 0 ? failure : asked;
+}
+
+/// What lives longer than a window, of which there is another after a restore.
+struct Process {
+    const StartOptions &options;
+    const Desktop &desktop;
+    OlvakSMSManualApp &application;
+    TerminationSignals &termination;
+    ContentView *shown = nullptr;
+};
+
+int runWindow(Process &process)
+{
+    const StartOptions &options = process.options;
+    OlvakSMSManualApp &application = process.application;
+    const DataFiles files = openDataFiles(application.platform());
+    if (files == DataFiles::outOfReach)
+        return 1;
+    ContentView window(application.desk(), application.switches(), application.platform());
+    window.setDemonstration(openDemonstration);
+    if (const QString notice = process.desktop.notice(); !notice.isEmpty())
+        window.showBanner(notice);
+    window.show();
+    if (options.tourFolder)
+        return Tour(window, application.store(), application.switches(), application.platform())
+            .run(*options.tourFolder);
+    const bool isFirst = !process.shown;
+    process.shown = &window;
+    if (files == DataFiles::restored)
+        window.tellOfRestore();
+    else if (options.demonstration)
+        importDemonstration(window, application.store(), application.platform());
+    if (isFirst && options.workbook)
+        window.openWorkbook(*options.workbook);
+    if (isFirst && options.rehearsal)
+        rehearse(window, application.desk(), application.switches(), *options.rehearsal);
+    window.startBackups();
+    return execute(window, process.termination);
 }
 
 int run(const StartOptions &options)
@@ -114,11 +156,11 @@ int run(const StartOptions &options)
     const std::unique_ptr<Desktop> desktop = makeDesktop(options);
     OlvakSMSManualApp application(*desktop);
     const Platform &platform = application.platform();
-    ContentView *shown = nullptr;
-    SingleInstance instance(platform.folders.data(), [&shown](const QString &workbook) {
+    Process process{options, *desktop, application, termination};
+    SingleInstance instance(platform.folders.data(), [&process](const QString &workbook) {
         bringMainWindowToFront();
-        if (shown && !workbook.isEmpty())
-            shown->openWorkbook(workbook);
+        if (process.shown && !workbook.isEmpty())
+            process.shown->openWorkbook(workbook);
     });
     if (const auto answer =
             enterDataFolder(platform, instance, options.workbook.value_or(QString())))
@@ -127,23 +169,12 @@ int run(const StartOptions &options)
         return EXIT_FAILURE;
     ColorSchemeSetting colorScheme(QDBusConnection::sessionBus());
     keepAppearance(options.darkAppearance, colorScheme);
-    ContentView window(application.desk(), application.switches(), application.platform());
-    window.setDemonstration(openDemonstration);
-    if (const QString notice = desktop->notice(); !notice.isEmpty())
-        window.showBanner(notice);
-    window.show();
-    shown = &window;
-    if (options.tourFolder)
-        return Tour(window, application.store(), application.switches(), application.platform())
-            .run(*options.tourFolder);
-    if (options.demonstration)
-        importDemonstration(window, application.store(), application.platform());
-    if (options.workbook)
-        window.openWorkbook(*options.workbook);
-    if (options.rehearsal)
-        rehearse(window, application.desk(), application.switches(), *options.rehearsal);
-    window.startBackups();
-    return execute(window, termination);
+    int status = runWindow(process);
+    while (status == startAgain) {
+        application.closeStore();
+        status = runWindow(process);
+    }
+    return status;
 }
 
 } // namespace
