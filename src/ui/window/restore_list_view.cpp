@@ -36,6 +36,8 @@ RestoreListView::RestoreListView(const Platform &platform, QWidget *parent)
     else
         column()->addWidget(makeList(backups), 1);
     addFooter(!backups.empty());
+    if (m_list)
+        m_list->setFocus();
 }
 
 QWidget *RestoreListView::makeList(const std::vector<StoredBackup> &backups)
@@ -102,6 +104,8 @@ void RestoreListView::takeCurrent()
 
 void RestoreListView::take(const QString &path)
 {
+    if (!isVisible()) // Enter on a row also presses the default button
+        return;
     accept();
     Q_EMIT chosen(path);
 }

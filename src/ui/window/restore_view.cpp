@@ -110,15 +110,16 @@ void RestoreView::showPreview()
 QString RestoreView::summary() const
 {
     const QString when = m_preview.date ? localDateTime(*m_preview.date, m_platform.clock.zone())
-                                              .toString(u" du dd/MM/yyyy 'à' HH:mm"_s)
+                                              .toString(u" 'du' dd/MM/yyyy 'à' HH:mm"_s)
                                         : QString();
-    return u"Sauvegarde%1, de %2 contact(s). %3 reviendrai(en)t, %4 partirai(en)t, %5 "
-           "changerai(en)t ; %6 envoi(s) n’existe(nt) que maintenant.\nL’état actuel est "
-           "sauvegardé "
-           "d’abord : vous pourrez y revenir."_s.arg(
-               when, number(m_preview.contacts), number(std::size_t(m_preview.added.size())),
-               number(std::size_t(m_preview.removed.size())),
-               number(std::size_t(m_preview.changed.size())), number(m_preview.sends));
+    const auto names = [](const QStringList &list) { return number(std::size_t(list.size())); };
+    return u"Sauvegarde%1, de %2 contact(s) : %3 de retour, %4 en moins, %5 changé(s). %6 STOP et "
+           u"%7 "
+           "envoi(s) n’existent que maintenant.\nL’état actuel est sauvegardé d’abord : vous "
+           "pourrez "
+           "y revenir."_s.arg(when, number(m_preview.contacts), names(m_preview.added),
+                              names(m_preview.removed), names(m_preview.changed),
+                              names(m_preview.stopped), number(m_preview.sends));
 }
 
 /// Why it is unwise not to keep what is not to be kept; empty when all is kept.
