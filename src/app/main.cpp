@@ -25,6 +25,7 @@
 #include <QApplication>
 #include <QLibraryInfo>
 #include <QLoggingCategory>
+#include <QPointer>
 #include <QSessionManager>
 #include <QTimer>
 #include <QTranslator>
@@ -118,7 +119,8 @@ struct Process {
     const Desktop &desktop;
     OlvakSMSManualApp &application;
     TerminationSignals &termination;
-    ContentView *shown = nullptr;
+    QPointer<ContentView> shown = {};
+    bool isFirst = true; ///< of the windows
 };
 
 int runWindow(Process &process)
@@ -136,7 +138,7 @@ int runWindow(Process &process)
     if (options.tourFolder)
         return Tour(window, application.store(), application.switches(), application.platform())
             .run(*options.tourFolder);
-    const bool isFirst = !process.shown;
+    const bool isFirst = std::exchange(process.isFirst, false);
     process.shown = &window;
     if (files == DataFiles::restored)
         window.tellOfRestore();

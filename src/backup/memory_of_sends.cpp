@@ -94,7 +94,8 @@ MemoryOfSends memoryOf(const ProspectStore &store)
     store.smsMonthlyRecipientsByMonth().forEach([&memory](const QString &month, const IdSet &keys) {
         memory.recipientsByMonth[month] = keys;
     });
-    memory.doNotContact = store.doNotContact().keys();
+    memory.doNotContact = store.doNotContact().entries();
+    memory.erased = store.doNotContact().erased();
     return memory;
 }
 
@@ -110,6 +111,19 @@ void remember(MemoryOfSends &memory, const IdSet &ids, const QByteArray &statuse
         join(memory.sms, id, datesOf(status));
         join(memory.emails, id, datesOf(emails ? emails->find(id) : nullptr));
     }
+}
+
+void leaveOutErased(const MemoryOfSends &memory, ProspectStore &store)
+{
+    if (memory.erased.empty())
+        return;
+    IdSet ids;
+    for (const Prospect &contact : store.allProspects()) {
+        const IdSet keys = keysOf(contact);
+        if (std::ranges::any_of(keys, [&](const auto &key) { return memory.erased.contains(key); }))
+            ids.insert(contact.id);
+    }
+    store.deleteProspects(ids);
 }
 
 IdSet forgottenStops(const MemoryOfSends &memory, const ProspectStore &store)

@@ -2,6 +2,7 @@
 
 #include "model/id_set.h"
 #include "model/records.h"
+#include "store/erased_keys.h"
 
 #include <QHash>
 
@@ -21,7 +22,8 @@ struct MemoryOfSends {
     SendDates sms;
     SendDates emails;
     std::map<QString, IdSet> recipientsByMonth;
-    IdSet doNotContact; ///< keys
+    IdSet doNotContact; ///< entries of the list
+    ErasedKeys erased;  ///< of it
 };
 
 [[nodiscard]] MemoryOfSends memoryOf(const ProspectStore &store);
@@ -29,6 +31,9 @@ struct MemoryOfSends {
 /// Takes STOPs and sends of these contacts out of the texts of the two files that hold them.
 void remember(MemoryOfSends &memory, const IdSet &ids, const QByteArray &statuses,
               const QByteArray &emailStatuses);
+
+/// Takes out of the store whoever was erased since. That is no matter of choice.
+void leaveOutErased(const MemoryOfSends &memory, ProspectStore &store);
 
 /// Contacts of the store who want no message as far as the memory knows, and are not marked so.
 [[nodiscard]] IdSet forgottenStops(const MemoryOfSends &memory, const ProspectStore &store);

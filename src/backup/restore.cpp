@@ -107,6 +107,15 @@ RestorePreview compare(const BackupArchive &archive, const PresentState &present
     return preview;
 }
 
+/// Of the list of those who are not to be contacted; who was erased stays so in any case.
+IdSet entriesToKeep(const RestoreOrder &order)
+{
+    IdSet entries = order.memory.doNotContact;
+    if (!order.keepsStops)
+        std::erase_if(entries, [](const QString &entry) { return !ErasedKeys().take(entry); });
+    return entries;
+}
+
 } // namespace
 
 PresentState presentState(const ProspectStore &store) { return {cardsOf(store), memoryOf(store)}; }
@@ -119,6 +128,7 @@ std::variant<RestorePreview, QString> previewRestore(const QString &path,
     return guarded([&] {
         const BackupArchive archive(path, stop);
         const UnpackedBackup backup(archive, platform);
+        leaveOutErased(present.memory, backup.store());
         return compare(archive, present, backup.store(), backupFolder(platform.folders.data()));
     });
 }
@@ -127,9 +137,11 @@ Refusal prepareRestore(const RestoreOrder &order, const Platform &platform)
 {
     const auto outcome = guarded([&] {
         UnpackedBackup backup(BackupArchive(order.path), platform);
-        if (order.keepsStops) {
+        leaveOutErased(order.memory, backup.store());
+        if (order.keepsStops)
             bringBackStops(order.memory, backup.store());
-            if (const Refusal refusal = backup.store().addToDoNotContact(order.memory.doNotContact))
+        if (const IdSet entries = entriesToKeep(order); !entries.empty()) {
+            if (const Refusal refusal = backup.store().addToDoNotContact(entries))
                 throw Unrestorable{notWritten + *refusal};
         }
         if (order.keepsSends)

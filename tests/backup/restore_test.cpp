@@ -206,6 +206,21 @@ TEST_F(RestoreTest, AContactThatWasStoppedAndThenDeletedComesBackStopped)
     EXPECT_TRUE(store().isStopped(*store().prospect(u"0639980020"_s))) << "listed since";
 }
 
+TEST_F(RestoreTest, WhoWasErasedStaysSoWhateverIsKept)
+{
+    ASSERT_EQ(store().add(u"Dora"_s, u"06 39 98 00 20"_s, {}, u"29"_s, {}), std::nullopt);
+    store().recordSentNow(*store().prospect(u"0639980020"_s));
+    backUp();
+    ASSERT_EQ(store().rememberErased({u"0639980020"_s}), std::nullopt);
+    store().deleteProspects({u"0639980020"_s});
+    for (const bool keepsAll : {true, false}) {
+        ASSERT_EQ(restore(keepsAll), std::nullopt);
+        EXPECT_FALSE(store().prospect(u"0639980020"_s));
+        EXPECT_FALSE(desktop.file(u"suivi-envois.json"_s).contains("0639980020"));
+        EXPECT_TRUE(store().doNotContact().erased().contains(u"0639980020"_s));
+    }
+}
+
 TEST_F(RestoreTest, TellsWhatWouldChange)
 {
     ASSERT_EQ(store().add(u"Dora"_s, u"06 39 98 00 20"_s, {}, u"29"_s, {}), std::nullopt);

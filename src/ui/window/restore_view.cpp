@@ -1,5 +1,6 @@
 #include "ui/window/restore_view.h"
 
+#include "backup/pending_restore.h"
 #include "messaging/send_desk.h"
 #include "model/local_time.h"
 #include "model/text_order.h"
@@ -26,6 +27,9 @@ const QString withoutStops =
 const QString withoutSends = u"Sans les envois enregistrés depuis, un message déjà parti pourrait "
                              u"partir une seconde fois, et "
                              "le nombre de destinataires du mois serait faux."_s;
+const QString outdated =
+    u"Vos données ont changé depuis la lecture de la sauvegarde : fermez cette "
+    "fenêtre et recommencez."_s;
 const QString warning = u"exclamationmark.triangle.fill"_s;
 
 QString number(std::size_t count) { return displayLocale().toString(qulonglong(count)); }
@@ -42,6 +46,7 @@ RestoreView::RestoreView(SendDesk &desk, const Platform &platform, const QString
     addParts();
     connect(&m_reading, &QFutureWatcherBase::finished, this, &RestoreView::showPreview);
     connect(&m_preparation, &QFutureWatcherBase::finished, this, &RestoreView::concludePreparation);
+    connect(&desk.store(), &ProspectStore::published, this, [this] { m_isOutdated = true; });
     const auto read = [path, platform, stop = m_stop.get_token(),
                        present = presentState(desk.store())] {
         return std::make_shared<std::variant<RestorePreview, QString>>(
@@ -147,8 +152,8 @@ void RestoreView::restore()
 void RestoreView::prepare()
 {
     m_desk.close();
-    if (m_desk.isBusy())
-        return tellFailure(u"Un envoi est en cours : attendez qu’il soit enregistré."_s);
+    if (m_desk.isBusy() || m_isOutdated)
+        return tellFailure(outdated);
     showBusy(true);
     RestoreOrder order{m_path, std::make_shared<Snapshot>(m_desk.store(), m_platform),
                        m_preview.memory, m_keepStops->isChecked(), m_keepSends->isChecked()};
@@ -160,11 +165,15 @@ void RestoreView::prepare()
 
 void RestoreView::concludePreparation()
 {
-    const Refusal failure = m_preparation.result();
-    if (failure)
-        tellFailure(*failure);
-    else
+    Refusal failure = m_preparation.result();
+    if (!failure && m_isOutdated)
+        failure = outdated;
+    if (!failure) {
         Q_EMIT ready();
+        return;
+    }
+    giveUpRestore(m_platform);
+    tellFailure(*failure);
 }
 
 void RestoreView::tellFailure(const QString &reason)

@@ -62,6 +62,7 @@ private:
     StatusLabel *m_status;
     QPushButton *m_restore = nullptr;
     bool m_isPreparing = false;
+    bool m_isOutdated = false; ///< the present is not what was compared
 };
 
 } // namespace quenoria
