@@ -127,9 +127,10 @@ int runWindow(Process &process)
 {
     const StartOptions &options = process.options;
     OlvakSMSManualApp &application = process.application;
-    const DataFiles files = openDataFiles(application.platform());
-    if (files == DataFiles::outOfReach)
-        return 1;
+    const DataFiles files = prepareDataFiles(application.platform());
+    if (files == DataFiles::outOfReach ||
+        !openData([&application] { application.desk(); }, application.platform()))
+        return EXIT_FAILURE;
     ContentView window(application.desk(), application.switches(), application.platform());
     window.setDemonstration(openDemonstration);
     if (const QString notice = process.desktop.notice(); !notice.isEmpty())
@@ -167,8 +168,6 @@ int run(const StartOptions &options)
     if (const auto answer =
             enterDataFolder(platform, instance, options.workbook.value_or(QString())))
         return print(*answer, std::cerr);
-    if (!openData([&application] { application.desk(); }, platform))
-        return EXIT_FAILURE;
     ColorSchemeSetting colorScheme(QDBusConnection::sessionBus());
     keepAppearance(options.darkAppearance, colorScheme);
     int status = runWindow(process);

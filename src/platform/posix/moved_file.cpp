@@ -2,6 +2,7 @@
 
 #include "platform/posix/descriptor.h"
 #include "platform/posix/whole_file_writer.h"
+#include "platform/system_reason.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -20,10 +21,10 @@ std::optional<QString> copyFile(const QString &from, const QString &to)
 {
     QFile source(from);
     if (!source.open(QIODevice::ReadOnly))
-        return source.errorString();
+        return systemReason(source.errorString());
     const QByteArray content = source.readAll();
     if (source.error() != QFileDevice::NoError)
-        return source.errorString();
+        return systemReason(source.errorString());
     auto failure = WholeFileWriter().write(to, content);
     if (!failure)
         source.remove();
@@ -39,11 +40,11 @@ std::optional<QString> moveFile(const QString &from, const QString &to)
     const QByteArray folderPath = QFile::encodeName(QFileInfo(real).absolutePath());
     const Descriptor folder(::open(folderPath.constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
     if (!folder.isOpen())
-        return qt_error_string(errno);
+        return systemReason();
     if (::rename(QFile::encodeName(from).constData(), QFile::encodeName(real).constData()) != 0)
-        return errno == EXDEV ? copyFile(from, to) : qt_error_string(errno);
+        return errno == EXDEV ? copyFile(from, to) : systemReason();
     if (::fsync(folder.number()) != 0 && errno != EINVAL) // which some file systems cannot
-        return qt_error_string(errno);
+        return systemReason();
     return {};
 }
 
