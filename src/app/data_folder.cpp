@@ -1,5 +1,8 @@
 #include "app/data_folder.h"
 
+#include "backup/backup_files.h"
+#include "backup/pending_restore.h"
+#include "platform/posix/moved_file.h"
 #include "platform/posix/private_folder.h"
 #include "platform/posix/whole_file_writer.h"
 #include "platform/qt/single_instance.h"
@@ -134,8 +137,7 @@ std::optional<Answer> enterDataFolder(const Platform &platform, SingleInstance &
     platform.log.write(u"Quenoria %1, dossier de données « %2 »"_s.arg(
         QCoreApplication::applicationVersion(), folder));
     WholeFileWriter::removeLeftovers(folder);
-    if (!waitForReadableFiles(platform))
-        return Answer{{}, refused};
+    WholeFileWriter::removeLeftovers(backupFolder(folder));
     return {};
 }
 
@@ -154,6 +156,25 @@ bool openData(const std::function<void()> &read, const Platform &platform)
                  u"Réessayer"_s))
             return false;
     }
+}
+
+DataFiles prepareDataFiles(const Platform &platform)
+{
+    RestoreEnd restore = endRestore(platform, &moveFile);
+    while (restore.failure) {
+        platform.log.write(u"Restauration inachevée : "_s + *restore.failure);
+        if (!ask(u"Restauration inachevée"_s,
+                 u"La sauvegarde que vous restaurez n’a pas encore pu prendre la place de vos "
+                 "données : %1\n\nRien n’est perdu. Rétablissez l’accès au dossier « %2 », puis "
+                 "réessayez ; sinon, le prochain démarrage l’achèvera."_s.arg(
+                     *restore.failure, platform.folders.data()),
+                 u"Réessayer"_s))
+            return DataFiles::outOfReach;
+        restore = endRestore(platform, &moveFile);
+    }
+    if (!waitForReadableFiles(platform))
+        return DataFiles::outOfReach;
+    return restore.isCompleted ? DataFiles::restored : DataFiles::asTheyWere;
 }
 
 } // namespace quenoria

@@ -26,6 +26,7 @@
 #include <QApplication>
 #include <QLibraryInfo>
 #include <QLoggingCategory>
+#include <QPointer>
 #include <QSessionManager>
 #include <QTimer>
 #include <QTranslator>
@@ -100,6 +101,8 @@ void showRuns(const ContentView &window, RunSigns &signs)
         [&signs](const QString &title, const QString &text) { signs.notify(title, text); });
 }
 
+constexpr int startAgain = -1; ///< instead of an exit code: the files are to be read anew
+
 /// Lives until the window has been left; gives the exit code, which tells a signal.
 int execute(ContentView &window, TerminationSignals &termination)
 {
@@ -113,9 +116,53 @@ int execute(ContentView &window, TerminationSignals &termination)
         asked = 0;
         termination.rearm();
     });
+    QObject::connect(&window, &ContentView::restoreDecided, qApp,
+                     [] { QCoreApplication::exit(startAgain); });
     QTimer::singleShot(0, &window, &returnFreeMemory); // of the files that were read
     const int failure = QApplication::exec();
     return failure != 0 ? failure : asked;
+}
+
+/// What lives longer than a window, of which there is another after a restore.
+struct Process {
+    const StartOptions &options;
+    const Desktop &desktop;
+    OlvakSMSManualApp &application;
+    TerminationSignals &termination;
+    RunSigns &signs;
+    QPointer<ContentView> shown = {};
+    bool isFirst = true; ///< of the windows
+};
+
+int runWindow(Process &process)
+{
+    const StartOptions &options = process.options;
+    OlvakSMSManualApp &application = process.application;
+    const DataFiles files = prepareDataFiles(application.platform());
+    if (files == DataFiles::outOfReach ||
+        !openData([&application] { application.desk(); }, application.platform()))
+        return EXIT_FAILURE;
+    ContentView window(application.desk(), application.switches(), application.platform());
+    window.setDemonstration(openDemonstration);
+    if (const QString notice = process.desktop.notice(); !notice.isEmpty())
+        window.showBanner(notice);
+    showRuns(window, process.signs);
+    window.show();
+    if (options.tourFolder)
+        return Tour(window, application.store(), application.switches(), application.platform())
+            .run(*options.tourFolder);
+    const bool isFirst = std::exchange(process.isFirst, false);
+    process.shown = &window;
+    if (files == DataFiles::restored)
+        window.tellOfRestore();
+    else if (options.demonstration)
+        importDemonstration(window, application.store(), application.platform());
+    if (isFirst && options.workbook)
+        window.openWorkbook(*options.workbook);
+    if (isFirst && options.rehearsal)
+        rehearse(window, application.desk(), application.switches(), *options.rehearsal);
+    window.startBackups();
+    return execute(window, process.termination);
 }
 
 int run(const StartOptions &options)
@@ -124,38 +171,24 @@ int run(const StartOptions &options)
     const std::unique_ptr<Desktop> desktop = makeDesktop(options);
     OlvakSMSManualApp application(*desktop);
     const Platform &platform = application.platform();
-    ContentView *shown = nullptr;
-    SingleInstance instance(platform.folders.data(), [&shown](const QString &workbook) {
+    BusRunSigns signs(QDBusConnection::sessionBus(), QGuiApplication::desktopFileName());
+    Process process{options, *desktop, application, termination, signs};
+    SingleInstance instance(platform.folders.data(), [&process](const QString &workbook) {
         bringMainWindowToFront();
-        if (shown && !workbook.isEmpty())
-            shown->openWorkbook(workbook);
+        if (process.shown && !workbook.isEmpty())
+            process.shown->openWorkbook(workbook);
     });
     if (const auto answer =
             enterDataFolder(platform, instance, options.workbook.value_or(QString())))
         return print(*answer, std::cerr);
-    if (!openData([&application] { application.desk(); }, platform))
-        return EXIT_FAILURE;
     ColorSchemeSetting colorScheme(QDBusConnection::sessionBus());
     keepAppearance(options.darkAppearance, colorScheme);
-    BusRunSigns signs(QDBusConnection::sessionBus(), QGuiApplication::desktopFileName());
-    ContentView window(application.desk(), application.switches(), application.platform());
-    window.setDemonstration(openDemonstration);
-    if (const QString notice = desktop->notice(); !notice.isEmpty())
-        window.showBanner(notice);
-    showRuns(window, signs);
-    window.show();
-    shown = &window;
-    if (options.tourFolder)
-        return Tour(window, application.store(), application.switches(), application.platform())
-            .run(*options.tourFolder);
-    if (options.demonstration)
-        importDemonstration(window, application.store(), application.platform());
-    if (options.workbook)
-        window.openWorkbook(*options.workbook);
-    if (options.rehearsal)
-        rehearse(window, application.desk(), application.switches(), *options.rehearsal);
-    window.startBackups();
-    return execute(window, termination);
+    int status = runWindow(process);
+    while (status == startAgain) {
+        application.closeStore();
+        status = runWindow(process);
+    }
+    return status;
 }
 
 } // namespace

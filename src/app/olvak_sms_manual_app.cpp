@@ -24,4 +24,10 @@ SendDesk &OlvakSMSManualApp::desk()
     return *m_desk;
 }
 
+void OlvakSMSManualApp::closeStore()
+{
+    m_desk.reset();
+    m_store.reset();
+}
+
 } // namespace quenoria

@@ -23,6 +23,9 @@ public:
     ProspectStore &store();
     SendDesk &desk();
 
+    /// Lets go of both, so that the files can be read anew.
+    void closeStore();
+
 private:
     MessagesApplication m_messages;
     MailApplication m_mail;

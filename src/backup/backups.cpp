@@ -46,6 +46,7 @@ Refusal addBackup(const Snapshot &snapshot, const Platform &platform, const QStr
         return snapshot.failure();
     if (Refusal refusal = platform.files.makeFolder(folder))
         return refusal;
+    QDir().mkpath(folder); // the user may have taken it away meanwhile
     const BackupNote note = snapshot.note();
     const std::vector<StoredBackup> before = storedBackups(folder);
     const auto last = before.empty() ? std::nullopt : readNote(before.front().path);

@@ -19,6 +19,7 @@ public:
     /// and takes nothing.
     explicit DoNotContact(const Platform &platform);
 
+    const IdSet &entries() const { return m_entries; } ///< as add() takes them, hashes too
     const IdSet &keys() const { return m_keys; }
     bool contains(const QString &key) const { return m_keys.contains(key); }
 

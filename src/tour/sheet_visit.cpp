@@ -66,6 +66,18 @@ void readDossier(Guide &guide, ContentView &window)
     guide.closeSheet();
 }
 
+/// The import made one.
+void lookAtBackups(Guide &guide)
+{
+    guide.press(u"Restaurer une sauvegarde…"_s);
+    guide.untilSheetIsOpen();
+    guide.picture(u"sauvegardes"_s);
+    guide.press(u"Voir ce qui changerait"_s);
+    guide.untilSheetIsOpen();
+    guide.picture(u"restaurer"_s);
+    guide.closeSheet();
+}
+
 } // namespace
 
 void visitImport(Guide &guide)
@@ -90,6 +102,7 @@ void visitSheets(Guide &guide, ContentView &window)
     lookAt(guide, u"Format Excel attendu"_s, u"format-excel"_s);
     lookAt(guide, u"Gérer les SMS"_s, u"modeles-sms"_s);
     lookAt(guide, u"Gérer les e-mails"_s, u"modeles-emails"_s);
+    lookAtBackups(guide);
     lookAt(guide, u"À propos"_s, u"a-propos"_s);
     guide.say(u"Chaque feuille a été ouverte."_s);
 }

@@ -1,8 +1,12 @@
 #include "ui/kit/text_boxes.h"
 
+#include "ui/kit/plain_text.h"
+
 #include <QSignalBlocker>
 
 #include <QTextCursor>
+
+using namespace Qt::StringLiterals;
 
 namespace quenoria {
 
@@ -28,6 +32,19 @@ PreviewBox::PreviewBox(const QString &accessibleName, QWidget *parent) : QPlainT
     setReadOnly(true);
     setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     viewport()->setBackgroundRole(QPalette::Midlight);
+}
+
+QStringList listedSection(const QString &title, const QStringList &lines)
+{
+    constexpr qsizetype mostLines = 1000;
+    if (lines.isEmpty())
+        return {};
+    QStringList shown{u"%1 (%2)"_s.arg(title, QString::number(lines.size()))};
+    for (const QString &line : lines.first(qMin(lines.size(), mostLines)))
+        shown << u"    "_s + oneLine(line);
+    if (lines.size() > mostLines)
+        shown << u"    … et %1 autre(s)"_s.arg(lines.size() - mostLines);
+    return shown << QString();
 }
 
 TextBox::TextBox(const QString &accessibleName, QWidget *parent) : QPlainTextEdit(parent)

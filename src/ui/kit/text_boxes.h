@@ -12,6 +12,10 @@ public:
     explicit PreviewBox(const QString &accessibleName, QWidget *parent = nullptr);
 };
 
+/// For such a box: a title with the number of lines, then the lines, of which a thousand are shown
+/// and the others counted. Nothing when there is none.
+[[nodiscard]] QStringList listedSection(const QString &title, const QStringList &lines);
+
 /// A field of several lines. Tab moves on instead of typing a tabulator.
 class TextBox : public QPlainTextEdit {
     Q_OBJECT

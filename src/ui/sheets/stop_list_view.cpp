@@ -20,25 +20,11 @@ namespace quenoria {
 
 namespace {
 
-constexpr qsizetype mostLines = 1000; ///< of each kind, on the screen
 const QString emailPrefix = u"email:"_s;
 
 QString shownKey(const QString &key)
 {
     return key.startsWith(emailPrefix) ? key.sliced(emailPrefix.size()) : formatPhone(key);
-}
-
-/// A title, its lines and how many more there are; nothing when there is none.
-QStringList section(const QString &title, const QStringList &lines)
-{
-    if (lines.isEmpty())
-        return {};
-    QStringList shown{u"%1 (%2)"_s.arg(title, QString::number(lines.size()))};
-    for (const QString &line : lines.first(qMin(lines.size(), mostLines)))
-        shown << u"    "_s + oneLine(line);
-    if (lines.size() > mostLines)
-        shown << u"    … et %1 autre(s)"_s.arg(lines.size() - mostLines);
-    return shown << QString();
 }
 
 QStringList labelsOf(const IdSet &ids, const ProspectStore &store)
@@ -122,9 +108,9 @@ void StopListView::showMatches()
     for (const QString &key : m_matches.unknown)
         unknown << shownKey(key);
     const QStringList lines =
-        section(u"Seront marqués STOP"_s, labelsOf(m_matches.contacts, m_store)) +
-        section(u"Déjà STOP"_s, labelsOf(m_matches.alreadyStopped, m_store)) +
-        section(u"Inconnus"_s, unknown);
+        listedSection(u"Seront marqués STOP"_s, labelsOf(m_matches.contacts, m_store)) +
+        listedSection(u"Déjà STOP"_s, labelsOf(m_matches.alreadyStopped, m_store)) +
+        listedSection(u"Inconnus"_s, unknown);
     m_summary->setText(u"%1 contact(s) à marquer STOP, %2 déjà STOP, %3 numéro(s) ou adresse(s) "
                        "inconnu(s)."_s.arg(QString::number(m_matches.contacts.size()),
                                            QString::number(m_matches.alreadyStopped.size()),

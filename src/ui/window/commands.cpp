@@ -29,6 +29,7 @@ constexpr std::array commands{
     Command{u"Appliquer une liste STOP…", u"", u"", file, none, &ContentView::applyStopList},
     Command{u"Sauvegarder maintenant…", u"", u"", file, none, &ContentView::saveBackup, nullptr,
             true},
+    Command{u"Restaurer une sauvegarde…", u"", u"", file, none, &ContentView::restoreBackup},
     Command{u"Format Excel attendu", u"questionmark.circle", u"F1", help, header,
             &ContentView::showImportHelp},
     Command{u"Guide d’utilisation", u"", u"Shift+F1", help, none, &ContentView::showGuide},

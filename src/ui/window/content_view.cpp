@@ -50,7 +50,7 @@ ContentView::ContentView(SendDesk &desk, Switches &switches, const Platform &pla
       m_platform(platform), m_model(m_store, switches, platform.clock), m_commands(*this, switches),
       m_rows(new RowActions(desk, switches, this)),
       m_import(new WorkbookImport(m_store, platform.panels, this)),
-      m_backups(new BackupCommands(m_store, platform, this)),
+      m_backups(new BackupCommands(desk, platform, this)),
       m_files(new FileAlerts(m_store, switches, this)),
       m_farewell(new Farewell(desk, *m_files, this)),
       m_doubts(new DoubtAlerts(desk, platform.clock.zone(), this)),
@@ -169,6 +169,10 @@ void ContentView::followRowActions()
     connect(&m_platform.carriers, &Carriers::composeRequested, this, &ContentView::composeMessage);
     connect(m_import, &WorkbookImport::finished, this,
             [alert](const ImportReport &report) { alert(report.title, report.message); });
+    connect(m_backups, &BackupCommands::restoreDecided, this, [this] {
+        saveLayout();
+        Q_EMIT restoreDecided();
+    });
     connect(m_backups, &BackupCommands::done, m_outcome,
             qOverload<const QString &>(&OutcomeLine::tell));
     connect(m_farewell, &Farewell::ready, this, &ContentView::quit, Qt::QueuedConnection);

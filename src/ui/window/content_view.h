@@ -52,6 +52,9 @@ public:
     /// Makes the backup of the day a little later, if there is none yet.
     void startBackups();
 
+    /// Says that the start completed a restore.
+    void tellOfRestore();
+
     /// Makes ready for the session's end: nothing is under way and all is on the disk when it comes
     /// back. False when the user, whom it asks only if it may, wants to stay.
     bool settle(bool mayAsk);
@@ -63,6 +66,7 @@ public:
     void exportData();
     void applyStopList();
     void saveBackup();
+    void restoreBackup();
     void showImportHelp();
     void showGuide();
     void showDemonstration(); ///< beside this window, with files of its own
@@ -107,6 +111,9 @@ Q_SIGNALS:
 
     /// A run came to its end while the user, who wants to be told, looked elsewhere.
     void runEndedUnseen(const QString &title, const QString &text);
+
+    /// A restore was decided on: the files are to be moved and read anew, without this window.
+    void restoreDecided();
 
 protected:
     void changeEvent(QEvent *event) override;

@@ -147,6 +147,14 @@ void ContentView::applyStopList()
 
 void ContentView::startBackups() { m_backups->startDay(); }
 void ContentView::saveBackup() { m_backups->save(); }
+void ContentView::restoreBackup() { m_backups->restore(); }
+
+void ContentView::tellOfRestore()
+{
+    showAlert(this, u"Sauvegarde restaurée"_s,
+              u"Ce qui était là juste avant est la plus récente des sauvegardes : vous pouvez y "
+              "revenir de la même façon."_s);
+}
 
 void ContentView::editCurrentContact()
 {

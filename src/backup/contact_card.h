@@ -1,0 +1,25 @@
+#pragma once
+
+#include "model/records.h"
+
+#include <QHash>
+
+namespace quenoria {
+
+class ProspectStore;
+
+/// What the user has made of a contact, sends and STOP apart.
+struct ContactCard {
+    Prospect contact;
+    QString comment;
+    QString message; ///< id of its SMS template
+    QString email;   ///< id of its e-mail template
+    QString attachment;
+    bool operator==(const ContactCard &) const = default;
+};
+
+using ContactCards = QHash<QString, ContactCard>; ///< by id
+
+[[nodiscard]] ContactCards cardsOf(const ProspectStore &store);
+
+} // namespace quenoria
