@@ -17,14 +17,6 @@ protected:
         press(u"Restaurer une sauvegarde…"_s);
         press(u"Voir ce qui changerait"_s);
     }
-
-    /// As after "Restaurer", in the process or in the next one.
-    void startAgain()
-    {
-        closeWindow();
-        restart();
-        EXPECT_TRUE(endRestore(desktop.platform(), &moveFile).isCompleted);
-    }
 };
 
 TEST_F(BackupCommandsTest, WhatWasDeletedByMistakeComesBackAndStopsStay)
@@ -34,8 +26,10 @@ TEST_F(BackupCommandsTest, WhatWasDeletedByMistakeComesBackAndStopsStay)
     store().setStopped(true, chloe());
     store().deleteProspects({gone});
     bool isDecided = false;
-    QObject::connect(&window(), &ContentView::restoreDecided, &window(), [&] { isDecided = true; });
-    QTRY_VERIFY(QDir(desktop.folders.data() + u"/Sauvegardes"_s).count() > 2);
+    QObject::connect(&window(), &ContentView::restoreDecided, &window(),
+                     [&isDecided] { isDecided = true; });
+    const QString folder = desktop.folders.data() + u"/Sauvegardes"_s;
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !QDir(folder).entryList(QDir::Files).isEmpty(); }));
     openPreview();
     ASSERT_TRUE(button(u"Garder les STOP donnés depuis (0)"_s)) << "it was in the backup";
     button(u"Garder les STOP donnés depuis (0)"_s)->click();
@@ -45,9 +39,11 @@ TEST_F(BackupCommandsTest, WhatWasDeletedByMistakeComesBackAndStopsStay)
     button(u"Garder les STOP donnés depuis (0)"_s)->click();
     press(u"Restaurer"_s);
     EXPECT_TRUE(isDecided);
-    startAgain();
-    EXPECT_TRUE(store().prospect(gone));
-    EXPECT_TRUE(store().isStopped(chloe()));
+    closeWindow();
+    EXPECT_TRUE(endRestore(desktop.platform(), &moveFile).isCompleted);
+    const ProspectStore restored(desktop.platform());
+    EXPECT_TRUE(restored.prospect(gone));
+    EXPECT_TRUE(restored.isStopped(chloe()));
 }
 
 TEST_F(BackupCommandsTest, NothingIsRestoredWhileASendIsInDoubt)
@@ -67,7 +63,9 @@ TEST_F(BackupCommandsTest, ABackupThatCannotBeSavedIsTold)
     desktop.panels.answer = desktop.folders.root.filePath(u"clé.zip"_s);
     desktop.files.refusal = u"plein"_s;
     press(u"Sauvegarder maintenant…"_s);
-    QTRY_VERIFY(alert().contains(u"plein"_s));
+    QString told;
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !(told = alert()).isEmpty(); }));
+    EXPECT_TRUE(told.contains(u"plein"_s));
     EXPECT_FALSE(QFile::exists(*desktop.panels.answer));
 }
 
