@@ -70,7 +70,7 @@ protected:
     FakeKeyring keyring;
     SmsCarriers carriers{preferences, keyring, roads()};
     ModemRoad road{application()};
-    ModemTransport::Limits limits{330s, 1s};
+    ModemTransport::Limits limits{330s, 5s};
     ModemTransport transport{application(), equipment, limits};
 };
 
