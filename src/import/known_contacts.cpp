@@ -9,10 +9,10 @@ KnownContacts KnownContacts::of(const ProspectStore &store)
 {
     KnownContacts known;
     const IdsByKey ids = idsByKey(store.allProspects());
-    known.byKey.reserve(qsizetype(ids.size()));
+    known.byKey.reserve(ids.size());
     for (const auto &[key, id] : ids) {
         if (const Prospect *contact = store.prospect(id))
-            known.byKey.insert(key, {contact->label, contact->email.value_or(QString())});
+            known.byKey[key] = {contact->label, contact->email.value_or(QString())};
     }
     known.notToContact = store.doNotContact().keys();
     return known;

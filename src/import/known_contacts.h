@@ -2,8 +2,10 @@
 
 #include "model/id_set.h"
 
-#include <QHash>
+#include <QHashFunctions> // std::hash of a QString
 #include <QString>
+
+#include <unordered_map>
 
 namespace quenoria {
 
@@ -16,8 +18,8 @@ struct KnownContacts {
         QString email;
     };
 
-    QHash<QString, Contact> byKey;
-    IdSet notToContact; ///< keys
+    std::unordered_map<QString, Contact> byKey; ///< see IdsByKey
+    IdSet notToContact;                         ///< keys
 
     static KnownContacts of(const ProspectStore &store);
 };

@@ -114,7 +114,7 @@ WorkbookChecker::Outcome WorkbookChecker::outcomeOf(const WorksheetRow &row,
         break;
     }
     const QString email = fate.email.value_or(QString());
-    m_known.byKey.insert(fate.key, {rowName(row.number()), email});
+    m_known.byKey[fate.key] = {rowName(row.number()), email};
     const bool isListed = m_known.notToContact.contains(fate.key) ||
                           m_known.notToContact.contains(emailPrefix + email);
     return {CheckedEnd::added, isListed ? u"Nouveau contact, à ne pas contacter : marqué STOP"_s

@@ -224,8 +224,11 @@ Refusal SendDesk::prepare(Channel channel, const Prospect &contact, bool freePro
         return stillInDoubt;
     if (m_stopReplies.isWaiting(contact))
         return saidStop;
-    return channel == Channel::sms ? m_store.prepareSMS(contact, freeProEnabled)
-                                   : m_store.prepareEmail(contact);
+    Refusal refusal = channel == Channel::sms ? m_store.prepareSMS(contact, freeProEnabled)
+                                              : m_store.prepareEmail(contact);
+    if (!refusal)
+        Q_EMIT prepared(channel, contact.id);
+    return refusal;
 }
 
 void SendDesk::confirm(Channel channel, const Prospect &contact)

@@ -73,6 +73,9 @@ Q_SIGNALS:
     /// An order for the contact began or ended.
     void underWayChanged(quenoria::Channel channel, const QString &contactId);
 
+    /// A message stands in front of the user, who may send it.
+    void prepared(quenoria::Channel channel, const QString &contactId);
+
     /// The user is to be asked what became of the message.
     void doubtRaised(const quenoria::SendIntent &doubt);
 

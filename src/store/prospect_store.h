@@ -22,6 +22,7 @@
 namespace quenoria {
 
 struct HandOver;
+struct ImportedChanges;
 struct ImportReport;
 struct ProspectImportAnalysis;
 
@@ -184,6 +185,7 @@ public:
     IdSet duplicateKeys() const; ///< one key per contact of the merged list
     /// Throws OutOfMemory; what it had taken in by then stays, and a repeat adds the rest.
     ImportReport merge(ProspectImportAnalysis analysis);
+    void undoImport(const ImportedChanges &changes); ///< see ImportUndo, which knows when it may be
 
     // Messaging. Nothing here records a send: the caller does, once it is confirmed. Automatic
     // sends look the contact up again once their turn has come; a contact that is gone by then ends
@@ -282,6 +284,8 @@ private:
     ImportReport mergeWhole(ProspectImportAnalysis analysis);
     IdSet listedAsStopped(const ProspectImportAnalysis &analysis,
                           const std::unordered_map<QString, QString> &knownIds) const;
+
+    void dropUnused(const std::vector<DepartmentInfo> &departments);
 
     Platform m_platform;
     DoNotContact m_doNotContact;

@@ -86,6 +86,19 @@ void showAlert(QWidget *window, const QString &title, const QString &message)
     openInFront(box, window);
 }
 
+void showAlert(QWidget *window, const QString &title, const QString &message,
+               const AlertChoice &other)
+{
+    QMessageBox *box = makeBox(window, symbol(u"info.circle"_s, Tint::accent), title, message);
+    QPushButton *action = box->addButton(other.text, QMessageBox::ActionRole);
+    QPushButton *leave = box->addButton(u"OK"_s, QMessageBox::RejectRole); // where it always is
+    makeProminent(leave);
+    box->setDefaultButton(leave);
+    box->setEscapeButton(leave);
+    QObject::connect(action, &QPushButton::clicked, window, other.act);
+    openInFront(box, window);
+}
+
 QWidget *offerToRetry(QWidget *window, const QString &title, const QString &message,
                       const std::function<void()> &retry)
 {

@@ -24,6 +24,11 @@ struct AlertChoice {
     std::function<void()> act;
 };
 
+/// showAlert() with something else that can be done about it. "OK" stays the default, and what
+/// Escape means.
+void showAlert(QWidget *window, const QString &title, const QString &message,
+               const AlertChoice &other);
+
 /// Asks the user over the window to decide. The last choice is the one that changes nothing: it is
 /// the default, and what Escape means.
 QWidget *offerChoices(QWidget *window, const QString &title, const QString &message,

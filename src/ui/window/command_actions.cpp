@@ -119,6 +119,8 @@ void CommandActions::showTexts(const HeaderTexts &texts)
     for (const auto &[command, action] : m_commands) {
         if (command->countedText)
             action->setText(texts.*command->countedText);
+        if (command->isPossible)
+            action->setEnabled(texts.*command->isPossible);
     }
 }
 

@@ -24,6 +24,8 @@ constexpr std::array commands{
             &ContentView::importExcelFile, nullptr, false, 1},
     Command{u"Vérifier un classeur…", u"", u"Ctrl+Shift+I", file, none,
             &ContentView::checkWorkbook},
+    Command{u"Annuler cet import", u"", u"", file, none, &ContentView::undoImport, nullptr, false,
+            0, &HeaderTexts::importCanBeUndone},
     Command{u"Exporter…", u"", u"Ctrl+Shift+X", file, none, &ContentView::exportData, nullptr,
             true},
     Command{u"Appliquer une liste STOP…", u"", u"", file, none, &ContentView::applyStopList},

@@ -25,6 +25,7 @@ struct Command {
     QString HeaderTexts::*countedText = nullptr; ///< takes the place of the text
     bool startsGroup = false;                    ///< in its menu
     int firstStep = 0; ///< its place among what a window without contacts offers, counted from 1
+    bool HeaderTexts::*isPossible = nullptr; ///< none: it always is
 };
 
 [[nodiscard]] std::span<const Command> windowCommands();

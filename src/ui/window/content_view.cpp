@@ -122,7 +122,11 @@ void ContentView::followModel()
     connect(&m_desk, &SendDesk::underWayChanged, &m_model,
             [this](Channel channel, const QString &id) {
                 m_model.setUnderWay(channel, id, m_desk.isUnderWay(channel, id));
+                m_import->noteSend(id);
             });
+    connect(&m_desk, &SendDesk::prepared, m_import,
+            [this](Channel, const QString &id) { m_import->noteSend(id); });
+    connect(m_import, &WorkbookImport::undoOffered, this, &ContentView::refresh);
     connect(&m_store, &ProspectStore::published, this, [this](const Change &change) {
         std::visit(
             Following{[this](const QuotaChanged &) { refresh(); },
@@ -141,9 +145,6 @@ void ContentView::followModel()
 
 void ContentView::followRowActions()
 {
-    const auto alert = [this](const QString &title, const QString &message) {
-        showAlert(this, title, message);
-    };
     const auto tell = [this](const QString &text, int duration) {
         statusBar()->show();
         statusBar()->showMessage(text, duration);
@@ -167,8 +168,6 @@ void ContentView::followRowActions()
     connect(statusBar(), &QStatusBar::messageChanged, this,
             [this](const QString &text) { statusBar()->setVisible(!text.isEmpty()); });
     connect(&m_platform.carriers, &Carriers::composeRequested, this, &ContentView::composeMessage);
-    connect(m_import, &WorkbookImport::finished, this,
-            [alert](const ImportReport &report) { alert(report.title, report.message); });
     connect(m_backups, &BackupCommands::restoreDecided, this, [this] {
         saveLayout();
         Q_EMIT restoreDecided();
@@ -211,7 +210,8 @@ void ContentView::followMailbox()
 
 void ContentView::refresh()
 {
-    const HeaderTexts texts = HeaderTexts::of(m_desk, m_switches, m_model);
+    HeaderTexts texts = HeaderTexts::of(m_desk, m_switches, m_model);
+    texts.importCanBeUndone = m_import->canBeUndone();
     m_header->showTexts(texts);
     m_commands.showTexts(texts);
     m_filters->refresh();

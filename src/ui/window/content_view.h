@@ -63,6 +63,7 @@ public:
     void addContact();
     void importExcelFile();
     void checkWorkbook();
+    void undoImport();
     void exportData();
     void applyStopList();
     void saveBackup();

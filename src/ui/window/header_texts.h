@@ -18,6 +18,7 @@ struct HeaderTexts {
     bool hasStopReplies = false;
     QString quota;
     bool quotaIsReached = false;
+    bool importCanBeUndone = false;
 
     static HeaderTexts of(SendDesk &desk, const Switches &switches, const ContactTableModel &model);
 };

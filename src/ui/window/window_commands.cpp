@@ -203,6 +203,8 @@ void ContentView::checkWorkbook()
         present<WorkbookCheckView>(m_platform, m_store, *path, import);
 }
 
+void ContentView::undoImport() { m_import->askToUndo(); }
+
 void ContentView::importWorkbook(const QString &path) { m_import->run(path); }
 
 void ContentView::openWorkbook(const QString &path)

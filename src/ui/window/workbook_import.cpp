@@ -1,8 +1,12 @@
 #include "ui/window/workbook_import.h"
 
 #include "import/import_error.h"
+#include "import/import_undo.h"
+#include "import/prospect_excel_importer.h"
+#include "model/text_order.h"
 #include "platform/file_panels.h"
 #include "store/prospect_store.h"
+#include "ui/kit/alert.h"
 #include "ui/sheets/workbook_reading.h"
 #include "ui/window/import_progress.h"
 
@@ -14,17 +18,32 @@ namespace quenoria {
 
 namespace {
 
-ImportReport impossible(const QString &reason)
+const QString impossible = u"Import impossible"_s;
+const QString undoText = u"Annuler cet import"_s;
+
+QString counted(std::size_t count, const QString &text)
 {
-    return {.title = u"Import impossible"_s, .message = reason};
+    return displayLocale().toString(qulonglong(count)) + text;
+}
+
+/// "12 contact(s) retiré(s).": the verbs say whether it is done.
+QString inWords(const ImportedChanges &changes, const QString &removed, const QString &putBack)
+{
+    QStringList lines;
+    if (!changes.added.empty())
+        lines << counted(changes.added.size(), u" contact(s) "_s + removed);
+    if (changes.addresses() > 0)
+        lines << counted(changes.addresses(), u" adresse(s) e-mail "_s + putBack);
+    return lines.join(u'\n');
 }
 
 } // namespace
 
 WorkbookImport::WorkbookImport(ProspectStore &store, FilePanels &panels, QWidget *window)
     : QObject(window), m_store(store), m_panels(panels), m_window(window),
-      m_reading(new WorkbookReading(this))
+      m_reading(new WorkbookReading(this)), m_undo(new ImportUndo(store, this))
 {
+    connect(m_undo, &ImportUndo::offeredChanged, this, &WorkbookImport::undoOffered);
     connect(m_reading, &WorkbookReading::finished, this, &WorkbookImport::conclude);
 }
 
@@ -48,7 +67,7 @@ void WorkbookImport::run(const QString &workbookPath)
         m_reading->start(workbookPath, m_store.duplicateKeys());
     } catch (const std::bad_alloc &) {
         m_progress->accept();
-        Q_EMIT finished(impossible(OutOfMemory().message()));
+        showAlert(m_window, impossible, OutOfMemory().message());
     }
 }
 
@@ -65,20 +84,53 @@ void WorkbookImport::conclude(ReadWorkbook &outcome)
     if (m_progress)
         m_progress->accept(); // and not deleted: an alert may stand over it
     if (outcome.failure)
-        Q_EMIT finished(impossible(*outcome.failure));
+        showAlert(m_window, impossible, *outcome.failure);
     else if (outcome.analysis)
         merge(std::move(*outcome.analysis));
 }
 
 void WorkbookImport::merge(ProspectImportAnalysis analysis)
 {
-    ImportReport report;
     try {
-        report = m_store.merge(std::move(analysis));
+        tell(m_undo->merge(std::move(analysis)));
     } catch (const ImportFailure &failure) {
-        report = impossible(failure.message());
+        showAlert(m_window, impossible, failure.message());
+    } catch (const std::bad_alloc &) {
+        showAlert(m_window, impossible, OutOfMemory().message());
     }
-    Q_EMIT finished(report);
+}
+
+void WorkbookImport::tell(const ImportReport &report)
+{
+    if (m_undo->isOffered())
+        showAlert(m_window, report.title, report.message, {undoText, [this] { undo(); }});
+    else
+        showAlert(m_window, report.title, report.message);
+}
+
+bool WorkbookImport::canBeUndone() const { return m_undo->isOffered(); }
+
+void WorkbookImport::noteSend(const QString &contactId) { m_undo->noteSend(contactId); }
+
+void WorkbookImport::askToUndo()
+{
+    if (!m_undo->isOffered())
+        return;
+    offerChoices(m_window, undoText + u" ?"_s,
+                 inWords(m_undo->changes(), u"ajouté(s) par cet import : à retirer."_s,
+                         u"à remettre comme avant."_s),
+                 {{undoText, [this] { undo(); }}, {u"Garder l’import"_s, [] {}}});
+}
+
+void WorkbookImport::undo()
+{
+    const QString done = inWords(m_undo->changes(), u"retiré(s)."_s, u"remise(s) comme avant."_s);
+    if (m_undo->undo())
+        showAlert(m_window, u"Import annulé"_s, done);
+    else
+        showAlert(m_window, u"Annulation impossible"_s,
+                  u"Un contact de cet import a été modifié ou a pu recevoir un message depuis. "
+                  "Rien n’a été retiré."_s);
 }
 
 } // namespace quenoria

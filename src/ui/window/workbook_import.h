@@ -1,7 +1,5 @@
 #pragma once
 
-#include "import/import_report.h"
-
 #include <QObject>
 #include <QPointer>
 
@@ -11,14 +9,16 @@ namespace quenoria {
 
 class FilePanels;
 class ImportProgress;
+class ImportUndo;
 class ProspectStore;
 class WorkbookReading;
+struct ImportReport;
 struct ProspectImportAnalysis;
 struct ReadWorkbook;
 
 /// Imports a workbook under the eyes of the user: it is analysed on another thread while the
 /// window shows the progress and takes no other order, and merged at the end. Failed or stopped,
-/// an import changes nothing.
+/// an import changes nothing. The last one can be taken back, as ImportUndo says.
 class WorkbookImport : public QObject {
     Q_OBJECT
 
@@ -30,17 +30,24 @@ public:
     void merge(ProspectImportAnalysis analysis);
     bool isRunning() const { return !m_progress.isNull(); }
 
+    bool canBeUndone() const;
+    void askToUndo();                        ///< and takes the last import back, if it may
+    void noteSend(const QString &contactId); ///< a message went to the contact, or may have
+
 Q_SIGNALS:
-    void finished(const quenoria::ImportReport &report);
+    void undoOffered(); ///< or not any more
 
 private:
     void showProgress(const QString &fileName);
     void conclude(ReadWorkbook &outcome);
+    void tell(const ImportReport &report);
+    void undo();
 
     ProspectStore &m_store;
     FilePanels &m_panels;
     QWidget *m_window;
     WorkbookReading *m_reading;
+    ImportUndo *m_undo;
     QPointer<ImportProgress> m_progress;
 };
 
