@@ -27,6 +27,8 @@ std::optional<std::size_t> tableIndex(std::string_view text, std::size_t size)
     return std::size_t(index);
 }
 
+bool isNamedR(const char *attribute) { return attribute[0] == 'r' && attribute[1] == '\0'; }
+
 void append(std::string &collected, std::string_view text)
 {
     readerLimits::cellBytes.check(collected.size() + text.size());
@@ -72,13 +74,14 @@ void WorksheetXMLParser::startRow(const char **attributes)
 {
     m_row.clear();
     ++m_rowNumber;
-    for (; *attributes; attributes += 2) {
-        const std::string_view value = attributes[1];
-        std::uint32_t number = 0;
-        if (std::string_view(attributes[0]) == "r" &&
-            std::from_chars(value.data(), value.data() + value.size(), number).ec == std::errc())
-            m_rowNumber = number;
-    }
+    while (*attributes && !isNamedR(*attributes))
+        attributes += 2;
+    if (!*attributes)
+        return;
+    const std::string_view value = attributes[1];
+    std::uint32_t number = 0;
+    if (std::from_chars(value.data(), value.data() + value.size(), number).ec == std::errc())
+        m_rowNumber = number;
 }
 
 void WorksheetXMLParser::startCell(const char **attributes)
