@@ -34,6 +34,12 @@ QString roleName(ColumnRole role)
     return u"Métier"_s;
 }
 
+QString titleInWords(const QString &role, const QString &title)
+{
+    const bool saysSo = role.compare(title, Qt::CaseInsensitive) == 0;
+    return saysSo ? role : u"%1 (« %2 »)"_s.arg(role, title);
+}
+
 CheckedHeader described(const WorksheetRow &row, const ContactColumns &columns, int sheet)
 {
     CheckedHeader header{sheet, row.number(), {}, {}};
@@ -43,7 +49,7 @@ CheckedHeader described(const WorksheetRow &row, const ContactColumns &columns, 
         const bool isUsed = role && columns.find(*role) == cell.column;
         QStringList &titles = isUsed ? header.used : header.unused;
         if (!title.isEmpty() && titles.size() < mostTitles)
-            titles << (isUsed ? u"%1 (« %2 »)"_s.arg(roleName(*role), title) : title);
+            titles << (isUsed ? titleInWords(roleName(*role), title) : title);
     }
     return header;
 }

@@ -79,8 +79,7 @@ TEST_F(Check, EachRowIsToldWhatBecomesOfIt)
     EXPECT_EQ(check.counts, (std::array{2, 3, 1, 1, 3, 2}));
     EXPECT_EQ(check.headers.front().used,
               (QStringList{u"Nom (« Raison sociale »)"_s, u"Mobile (« Portable »)"_s,
-                           u"E-mail (« Mail »)"_s, u"Département (« Département »)"_s,
-                           u"Code postal (« CP »)"_s}));
+                           u"E-mail (« Mail »)"_s, u"Département"_s, u"Code postal (« CP »)"_s}));
     EXPECT_EQ(check.headers.front().unused, QStringList{u"Nom"_s});
     EXPECT_EQ(check.sheets - check.sheetsWithHeader, 1);
     EXPECT_TRUE(store().customProspects().empty()) << "a look changes nothing";
