@@ -154,14 +154,17 @@ TEST_P(OnScreen, EverySheetCanBeSeenAndUsedWhole)
     store().setSelectedForSending(true, alix());
     store().setSelectedForEmailSending(true, alix());
     table().setCurrentIndex(model().index(model().contacts().rowOf(alix().id), 0));
+    desktop.panels.answer = QStringLiteral(QUENORIA_TEST_DATA "/workbooks/openpyxl.xlsx");
     using Command = void (ContentView::*)();
     for (const Command command :
          {&ContentView::addContact, &ContentView::editCurrentContact, &ContentView::showImportHelp,
           &ContentView::manageDepartments, &ContentView::manageMessages,
           &ContentView::manageEmailMessages, &ContentView::testMessage, &ContentView::showAbout,
           &ContentView::showCurrentHistory, &ContentView::showCurrentDossier,
-          &ContentView::showReport, &ContentView::openSMSQueue, &ContentView::openEmailQueue}) {
+          &ContentView::showReport, &ContentView::openSMSQueue, &ContentView::openEmailQueue,
+          &ContentView::checkWorkbook}) {
         (window().*command)();
+        QThreadPool::globalInstance()->waitForDone();
         settle();
         auto *sheet = qobject_cast<QDialog *>(QApplication::activeModalWidget());
         ASSERT_NE(sheet, nullptr);

@@ -65,6 +65,23 @@ TEST_F(Import, TheWindowTakesNoOtherOrderMeanwhileAndCanStopIt)
     EXPECT_TRUE(store().customProspects().empty());
 }
 
+TEST_F(Import, CanBeTakenBackUntilAMessageStandsBeforeTheUser)
+{
+    const QString undo = u"Annuler cet import"_s;
+    window().importWorkbook(workbook);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return button(undo) != nullptr; }));
+    press(undo);
+    EXPECT_EQ(alert(), u"Import annulé | 13 contact(s) retiré(s)."_s);
+    EXPECT_TRUE(store().customProspects().empty());
+    EXPECT_FALSE(entry(undo)->isEnabled());
+
+    window().importWorkbook(workbook);
+    report();
+    EXPECT_TRUE(entry(undo)->isEnabled());
+    ASSERT_FALSE(desk().prepare(Channel::sms, *store().prospect(u"0639980101"_s), true));
+    EXPECT_FALSE(entry(undo)->isEnabled());
+}
+
 TEST_F(Import, AWorkbookCanBeDroppedOnTheWindow)
 {
     const auto drop = [this](const QString &path) {
