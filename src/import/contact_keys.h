@@ -2,6 +2,8 @@
 
 #include "model/records.h"
 
+#include <QHash>
+
 #include <unordered_map>
 
 namespace quenoria {
