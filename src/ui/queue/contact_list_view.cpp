@@ -17,6 +17,7 @@ namespace {
 
 constexpr QSize sheetSize{640, 480};
 constexpr int labelWidth = 330;
+constexpr int rowPadding = 12;
 constexpr int rowsInSight = 5; ///< at least
 
 using Kind = ContactOutcome::Kind;
@@ -49,7 +50,8 @@ QTreeWidget *makeTree(const NamedContacts &list)
     tree->setUniformRowHeights(true);
     tree->setColumnWidth(0, labelWidth);
     tree->header()->setSectionsMovable(false);
-    tree->setMinimumHeight(tree->fontMetrics().height() * 2 * rowsInSight);
+    const int rowHeight = tree->fontMetrics().height() + rowPadding;
+    tree->setMinimumHeight(rowHeight * (1 + rowsInSight));
     QList<QTreeWidgetItem *> items;
     for (const ContactLine &line : list.lines) {
         auto *item = new QTreeWidgetItem({oneLine(line.label), oneLine(line.words)});
@@ -58,6 +60,7 @@ QTreeWidget *makeTree(const NamedContacts &list)
         item->setData(0, Qt::ToolTipRole, tipText(line.label));
         item->setData(1, Qt::ToolTipRole, tipText(line.words));
         item->setData(0, Qt::UserRole, line.id);
+        item->setSizeHint(0, {0, rowHeight});
         if (!list.action.isEmpty())
             item->setCheckState(0, Qt::Checked);
         items << item;
