@@ -44,12 +44,7 @@ PanelField::PanelField(ContactTableModel &model, int column)
 void PanelField::build()
 {
     const ContactColumn &column = contactColumns()[std::size_t(m_column)];
-    const QString header = QString::fromUtf16(column.header);
     const bool hasCaption = m_kind != CellKind::check && column.text;
-    TextLabel *caption =
-        hasCaption ? makeLabel(header, TextStyle::footnote, Tint::secondary) : nullptr;
-    if (caption)
-        m_parts->addWidget(caption);
     if (m_kind == CellKind::check)
         addCheck();
     else if (m_kind == CellKind::picker)
@@ -58,6 +53,8 @@ void PanelField::build()
         addLine();
     else if (hasCaption)
         m_parts->addWidget(m_text = makeLabel({}));
+    if (hasCaption)
+        addCaption(QString::fromUtf16(column.header));
     if (column.warning)
         m_parts->addWidget(m_warning = makeNote(Tint::negative));
     if (!column.buttons)
@@ -66,6 +63,15 @@ void PanelField::build()
     m_parts->addLayout(m_buttonRow);
     for (qsizetype each = 0; each < usualButtons; ++each)
         button(each); // in the keyboard's order, which is that of their making
+}
+
+/// A screen reader takes the name of a picker from its caption alone.
+void PanelField::addCaption(const QString &header)
+{
+    auto *caption = makeCaption(header, m_parts->itemAt(0)->widget());
+    caption->setFont(styledFont(TextStyle::footnote));
+    caption->setForegroundRole(tintRole(Tint::secondary));
+    m_parts->insertWidget(0, caption);
 }
 
 void PanelField::addCheck()

@@ -36,6 +36,7 @@ Q_SIGNALS:
 
 private:
     void build();
+    void addCaption(const QString &header);
     void addCheck();
     void addPicker();
     void addLine();
