@@ -34,7 +34,7 @@ void ContentView::followTable()
             });
     UndoList &undoList = m_model.undoList();
     connect(&m_desk.stopReplies(), &StopReplies::changed, &undoList, &UndoList::keepStops);
-    connect(m_import, &WorkbookImport::finished, &undoList, &UndoList::keepStops);
+    connect(m_import, &WorkbookImport::merged, &undoList, &UndoList::keepStops);
     connect(m_table, &ContactTableView::menuRequested, this,
             [this](const QString &id, const QPoint &position) {
                 auto *menu = new QMenu(this);

@@ -102,6 +102,7 @@ void WorkbookImport::merge(ProspectImportAnalysis analysis)
 
 void WorkbookImport::tell(const ImportReport &report)
 {
+    Q_EMIT merged();
     if (m_undo->isOffered())
         showAlert(m_window, report.title, report.message, {undoText, [this] { undo(); }});
     else

@@ -36,6 +36,7 @@ public:
 
 Q_SIGNALS:
     void undoOffered(); ///< or not any more
+    void merged();      ///< a workbook into the contacts
 
 private:
     void showProgress(const QString &fileName);

@@ -79,23 +79,25 @@ TEST_F(Session, PreferencesThatCannotBeStoredSayWhyAndAreKept)
 }
 
 template <typename Kind>
-bool owns(SingleInstance &instance)
+bool owns(SingleInstance &instance, const QString &file = {})
 {
-    return std::holds_alternative<Kind>(instance.own());
+    return std::holds_alternative<Kind>(instance.own(file));
 }
 
 TEST_F(Session, SecondStartCallsTheFirstAndEnds)
 {
     ASSERT_TRUE(QDir(folder.path()).mkpath(u"a/data"_s));
     const QString data = folder.filePath(u"a/data"_s);
-    int calls = 0;
-    std::optional<SingleInstance> first(std::in_place, data, [&calls] { ++calls; });
+    QStringList calls;
+    std::optional<SingleInstance> first(std::in_place, data,
+                                        [&calls](const QString &file) { calls << file; });
     ASSERT_TRUE(owns<SingleInstance::Owner>(*first));
-    SingleInstance second(folder.filePath(u"a/../a/data"_s), [] {});
+    SingleInstance second(folder.filePath(u"a/../a/data"_s), [](const QString &) {});
     EXPECT_TRUE(std::get<SingleInstance::OwnedByAnother>(second.own()).cameToFront);
+    EXPECT_TRUE(owns<SingleInstance::OwnedByAnother>(second, u"/à importer.xlsx"_s));
     settle();
-    EXPECT_EQ(calls, 1);
-    SingleInstance elsewhere(folder.path(), [] {});
+    EXPECT_EQ(calls, (QStringList{u""_s, u"/à importer.xlsx"_s}));
+    SingleInstance elsewhere(folder.path(), [](const QString &) {});
     EXPECT_TRUE(owns<SingleInstance::Owner>(elsewhere));
     first.reset();
     EXPECT_TRUE(owns<SingleInstance::Owner>(second));
@@ -103,7 +105,7 @@ TEST_F(Session, SecondStartCallsTheFirstAndEnds)
 
 TEST_F(Session, AFolderThatCannotBeLockedIsNotOwned)
 {
-    SingleInstance nowhere(folder.filePath(u"absent"_s), [] {});
+    SingleInstance nowhere(folder.filePath(u"absent"_s), [](const QString &) {});
     EXPECT_EQ(std::get<SingleInstance::Refused>(nowhere.own()).reason, systemReason(ENOENT));
     const auto failing = [](int error) {
         return FolderLock([error](int, int) {
@@ -112,15 +114,15 @@ TEST_F(Session, AFolderThatCannotBeLockedIsNotOwned)
         });
     };
     SingleInstance network(
-        folder.path(), [] {}, failing(ENOLCK));
+        folder.path(), [](const QString &) {}, failing(ENOLCK));
     EXPECT_TRUE(owns<SingleInstance::Unguarded>(network));
     SingleInstance broken(
-        folder.path(), [] {}, failing(EIO));
+        folder.path(), [](const QString &) {}, failing(EIO));
     EXPECT_EQ(std::get<SingleInstance::Refused>(broken.own()).reason, systemReason(EIO));
 
     int calls = 0;
     SingleInstance first(
-        folder.path(), [&calls] { ++calls; }, failing(ENOLCK));
+        folder.path(), [&calls](const QString &) { ++calls; }, failing(ENOLCK));
     first.listen();
     EXPECT_TRUE(owns<SingleInstance::OwnedByAnother>(network)) << "somebody listens";
     settle();
@@ -133,7 +135,7 @@ TEST_P(StaleLock, IsTakenOver)
 {
     write(u".quenoria.lock"_s, GetParam());
     write(u".quenoria.socket"_s, "");
-    SingleInstance instance(folder.path(), [] {});
+    SingleInstance instance(folder.path(), [](const QString &) {});
     EXPECT_TRUE(owns<SingleInstance::Owner>(instance));
 }
 
