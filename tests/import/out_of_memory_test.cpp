@@ -32,11 +32,15 @@ void *operator new(std::size_t size)
     void *const block = allocate(size);
     return block ? block : throw std::bad_alloc();
 }
-// simdjson does not look at what these give.
+// Those who ask in this way do not always look at what they get.
+void *operator new(std::size_t size, const std::nothrow_t &) noexcept { return std::malloc(size); }
 void *operator new[](std::size_t size, const std::nothrow_t &) noexcept
 {
     return std::malloc(size);
 }
+void *operator new[](std::size_t size) { return operator new(size); }
+void operator delete[](void *block) noexcept { std::free(block); }
+void operator delete[](void *block, std::size_t) noexcept { std::free(block); }
 void operator delete(void *block) noexcept { std::free(block); }
 void operator delete(void *block, std::size_t) noexcept { std::free(block); }
 
