@@ -13,7 +13,7 @@ namespace quenoria {
 namespace {
 
 constexpr zip_uint32_t quickest = 1; ///< texts like these shrink to an eighth all the same
-constexpr qsizetype pieceSize = 256 * 1024;
+constexpr qsizetype pieceSize = qsizetype{256} * 1024;
 
 /// An archive that grows in memory, an eighth of the files: a draft on the disk would be left there
 /// by a kill.

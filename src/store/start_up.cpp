@@ -77,6 +77,7 @@ void ProspectStore::loadFiles()
         files.push_back(std::async(&decodeFile, std::cref(row), file(row.collection)));
     // All before the first is set aside: memory may not suffice for one of them.
     std::vector<std::optional<DecodedFile>> contents;
+    contents.reserve(files.size());
     for (auto &decoding : files)
         contents.push_back(decoding.get());
     for (const CollectionDescriptor &row : collections()) {

@@ -78,8 +78,11 @@ class Accessibility(unittest.TestCase):
         key("Return")
         self.check(self.program.until_front("Modifier le contact"))
         self.leave()
-        key("Menu", "Down", "Down", "Down", "Return")
+        key("Menu", "Down", "Down", "Down", "Down", "Return")
         self.check(self.program.until_front("Historique des envois"))
+        self.leave()
+        key("ctrl+i")
+        self.check(self.program.until_front("Dossier"))
         self.leave()
         for column, (shortcut, title) in QUEUES.items():
             with self.subTest(title):

@@ -227,7 +227,7 @@ class Journey(unittest.TestCase):
 
     def test_15_the_history_tells_each_text_message(self):
         self.program.go("CRÊPERIE N° 1 ", "Contact")
-        key("Menu", "Down", "Down", "Down", "Return")
+        key("Menu", "Down", "Down", "Down", "Down", "Return")
         self.program.read("1 envoi(s) enregistré(s)")
         self.program.press("Fermer")
 

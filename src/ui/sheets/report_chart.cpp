@@ -71,6 +71,15 @@ double highestOf(const ReportPage &page, const std::vector<std::size_t> &rows)
 
 Tint barTint(qsizetype bar) { return bar == 0 ? Tint::accent : Tint::positive; }
 
+void paintBars(const QBarSeries &bars, const QPalette &colors)
+{
+    const QList<QBarSet *> sets = bars.barSets();
+    for (qsizetype bar = 0; bar < sets.size(); ++bar) {
+        sets[bar]->setColor(tintColor(barTint(bar), colors));
+        sets[bar]->setBorderColor(colors.color(QPalette::Base));
+    }
+}
+
 } // namespace
 
 ReportChart::ReportChart(QWidget *parent) : QChartView(parent)
@@ -170,15 +179,10 @@ void ReportChart::paintParts()
         axis->setLinePenColor(colors.color(QPalette::Mid));
     }
     for (QAbstractSeries *series : chart()->series()) {
-        if (const auto *bars = qobject_cast<QBarSeries *>(series)) {
-            for (qsizetype bar = 0; bar < bars->barSets().size(); ++bar) {
-                QBarSet *set = bars->barSets()[bar];
-                set->setColor(tintColor(barTint(bar), colors));
-                set->setBorderColor(colors.color(QPalette::Base));
-            }
-        } else if (auto *line = qobject_cast<QLineSeries *>(series)) {
+        if (const auto *bars = qobject_cast<QBarSeries *>(series))
+            paintBars(*bars, colors);
+        else if (auto *line = qobject_cast<QLineSeries *>(series))
             line->setPen({tintColor(Tint::negative, colors), 2, Qt::DashLine});
-        }
     }
 }
 

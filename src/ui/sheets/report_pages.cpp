@@ -4,8 +4,9 @@
 
 #include <QLocale>
 
+#include <algorithm>
+#include <iterator>
 #include <memory>
-#include <ranges>
 
 using namespace Qt::StringLiterals;
 
@@ -55,8 +56,8 @@ ReportPage byMonth(const SendReport &report)
                     .newestFirst = true,
                     .limit = ProspectStore::standardSMSMonthlyRecipientLimit,
                     .limitName = u"Quota SMS"_s};
-    std::ranges::transform(report.months | std::views::reverse, std::back_inserter(page.rows),
-                           monthRow);
+    std::transform(report.months.rbegin(), report.months.rend(), std::back_inserter(page.rows),
+                   monthRow);
     return page;
 }
 
@@ -187,8 +188,8 @@ QString shownCell(const ExportCell &cell) { return std::visit(ShownCell(), cell)
 ExportTable reportTable(const std::vector<ReportPage> &pages, const QTimeZone &zone)
 {
     ExportTable table = tableOf(pages.front(), zone);
-    for (const ReportPage &page : pages | std::views::drop(1))
-        table.next.push_back(tableOf(page, zone));
+    std::transform(pages.begin() + 1, pages.end(), std::back_inserter(table.next),
+                   [&zone](const ReportPage &page) { return tableOf(page, zone); });
     return table;
 }
 

@@ -31,7 +31,7 @@ void ContactTableView::keepSight()
     const auto isCurrent = [current](const KeptPlace::Sight &each) {
         return current && each.contact == current->id;
     };
-    std::ranges::stable_partition(m_kept.sight, isCurrent);
+    std::stable_partition(m_kept.sight.begin(), m_kept.sight.end(), isCurrent);
 }
 
 void ContactTableView::returnToPlace()

@@ -29,8 +29,9 @@ std::vector<int> panelColumns(int count)
         if (!each.keptByTable && !each.namesContact)
             columns.push_back(column);
     }
-    std::ranges::stable_partition(
-        columns, [](int column) { return contactColumns()[std::size_t(column)].followsSwitches; });
+    std::stable_partition(columns.begin(), columns.end(), [](int column) {
+        return contactColumns()[std::size_t(column)].followsSwitches;
+    });
     return columns;
 }
 
