@@ -10,6 +10,7 @@
 #include "model/contact_rules.h"
 #include "model/text_order.h"
 
+#include <memory_resource>
 #include <unordered_set>
 
 using namespace Qt::StringLiterals;
@@ -43,7 +44,9 @@ private:
 
     static bool isDigit(QChar c) { return c >= u'0' && c <= u'9'; }
 
-    std::unordered_set<qulonglong> m_mobiles;
+    // One allocation per number would cost more than the numbers.
+    std::pmr::unsynchronized_pool_resource m_pool;
+    std::pmr::unordered_set<qulonglong> m_mobiles{&m_pool};
     std::unordered_set<QString> m_others;
 };
 
