@@ -8,9 +8,9 @@
 #include "import/row_listener.h"
 #include "import/row_relay.h"
 #include "model/contact_rules.h"
+#include "model/key_index.h"
 #include "model/text_order.h"
 
-#include <memory_resource>
 #include <unordered_set>
 
 using namespace Qt::StringLiterals;
@@ -23,37 +23,10 @@ const QString unrecognizedColumns = u"Impossible de trouver la colonne « Nom de
                                     u"avec une colonne « Téléphone mobile »"
                                     u" ou « Adresse e-mail » dans ce fichier."_s;
 
-/// The contact ids met so far. Mobiles are kept as numbers: a hundred thousand texts would cost
-/// more than all the rest of the analysis.
-class KnownIds {
-public:
-    explicit KnownIds(const IdSet &ids)
-    {
-        for (const QString &id : ids)
-            insert(id);
-    }
-
-    bool insert(const QString &id) ///< false when the id was there
-    {
-        const bool isMobile = id.size() == mobileLength && std::ranges::all_of(id, isDigit);
-        return isMobile ? m_mobiles.insert(id.toULongLong()).second : m_others.insert(id).second;
-    }
-
-private:
-    static constexpr qsizetype mobileLength = 10;
-
-    static bool isDigit(QChar c) { return c >= u'0' && c <= u'9'; }
-
-    // One allocation per number would cost more than the numbers.
-    std::pmr::unsynchronized_pool_resource m_pool;
-    std::pmr::unordered_set<qulonglong> m_mobiles{&m_pool};
-    std::unordered_set<QString> m_others;
-};
-
 class Analysis : public WorkbookSink {
 public:
     Analysis(const IdSet &existingIDs, std::stop_token stop, RowListener *listener)
-        : m_knownIDs(existingIDs), m_stop(std::move(stop)), m_listener(listener)
+        : m_existingIDs(existingIDs), m_stop(std::move(stop)), m_listener(listener)
     {
     }
 
@@ -65,11 +38,17 @@ public:
 private:
     RowFate readContact(const WorksheetRow &row);
     void noteAddress(const QString &id, const QString &address);
+    auto addedId() const
+    {
+        return [this](quint32 place) -> const QString & { return m_result.prospects[place].id; };
+    }
+    bool isKnown(const QString &id) const;
     void keep(Prospect contact, const DepartmentInfo &department, const QString &profession);
 
     ImportAllowance m_allowance;
     std::optional<ContactColumns> m_columns;
-    KnownIds m_knownIDs;
+    const IdSet &m_existingIDs;
+    KeyIndex m_added; ///< the contacts of the result: a set would hold each id a second time
     std::map<QString, DepartmentInfo> m_departments; ///< by code
     std::unordered_set<QString> m_professions;       ///< one text for all who share a trade
     std::stop_token m_stop;
@@ -125,7 +104,7 @@ RowFate Analysis::readContact(const WorksheetRow &row)
         return {RowEnd::noDepartment, {}, {}};
     }
     QString id = mobile ? *mobile : u"email:"_s + *email;
-    if (!m_knownIDs.insert(id)) {
+    if (isKnown(id)) {
         if (email)
             noteAddress(id, *email);
         ++m_result.duplicates;
@@ -140,6 +119,11 @@ RowFate Analysis::readContact(const WorksheetRow &row)
     contact.isCustom = true;
     keep(std::move(contact), *department, m_columns->text(row, ColumnRole::profession));
     return {RowEnd::added, std::move(id), std::move(email)};
+}
+
+bool Analysis::isKnown(const QString &id) const
+{
+    return m_existingIDs.contains(id) || m_added.find(id, addedId()) != KeyIndex::none;
 }
 
 void Analysis::noteAddress(const QString &id, const QString &address)
@@ -170,6 +154,7 @@ void Analysis::keep(Prospect contact, const DepartmentInfo &department, const QS
         contact.profession = *shared;
     }
     m_result.prospects.push_back(std::move(contact));
+    m_added.insert(quint32(m_result.prospects.size() - 1), addedId());
 }
 
 ProspectImportAnalysis Analysis::finish()
