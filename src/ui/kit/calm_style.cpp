@@ -6,6 +6,7 @@
 #include <QAbstractItemView>
 #include <QCheckBox>
 #include <QLabel>
+#include <QMenu>
 #include <QPainter>
 #include <QPushButton>
 #include <QRadioButton>
@@ -22,6 +23,7 @@ constexpr int buttonPadding = 32; ///< both sides together
 constexpr int smallestButton = 80;
 constexpr int fieldInset = 6;
 constexpr int rowPadding = 8;
+constexpr int indicatorSide = 18;
 constexpr int shortestThumb = 32;
 
 /// Where the part of a scroll bar without arrow buttons lies.
@@ -53,6 +55,12 @@ QRect scrollBarPart(const QStyleOptionSlider &bar, QStyle::SubControl part)
     }
 }
 
+bool hasCheckBox(const QStyleOption *option)
+{
+    const auto *item = qstyleoption_cast<const QStyleOptionViewItem *>(option);
+    return item && item->features & QStyleOptionViewItem::HasCheckIndicator;
+}
+
 bool isFramed(const QStyleOption *option)
 {
     const auto *frame = qstyleoption_cast<const QStyleOptionFrame *>(option);
@@ -76,12 +84,14 @@ QStyleOptionButton withMnemonic(const QStyleOptionButton &option, const QWidget 
 CalmStyle::CalmStyle() : QProxyStyle(u"Fusion"_s) {}
 
 /// Tooltips are labels too, and so are the texts of message boxes: whatever a text is shown in, a
-/// user's "<" is one.
+/// user's "<" is one. Every menu gets its letters here, also those that the toolkit makes.
 void CalmStyle::polish(QWidget *widget)
 {
     auto *label = qobject_cast<QLabel *>(widget);
     if (label && label->textFormat() == Qt::AutoText)
         label->setTextFormat(Qt::PlainText);
+    if (auto *menu = qobject_cast<QMenu *>(widget))
+        MenuMnemonics::follow(*menu);
     QProxyStyle::polish(widget);
 }
 
@@ -95,7 +105,7 @@ int CalmStyle::pixelMetric(PixelMetric metric, const QStyleOption *option,
     case PM_IndicatorHeight:
     case PM_ExclusiveIndicatorWidth:
     case PM_ExclusiveIndicatorHeight:
-        return 18;
+        return indicatorSide;
     case PM_ButtonShiftHorizontal:
     case PM_ButtonShiftVertical:
         return 0;
@@ -146,7 +156,7 @@ QSize CalmStyle::sizeFromContents(ContentsType type, const QStyleOption *option,
     case CT_ItemViewItem:
         if (widget && widget->inherits("QComboBoxListView"))
             result.rheight() += rowPadding;
-        return result;
+        return hasCheckBox(option) ? result.expandedTo({0, indicatorSide + rowPadding}) : result;
     default:
         return result;
     }

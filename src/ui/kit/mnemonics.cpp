@@ -3,6 +3,8 @@
 #include <QAbstractButton>
 #include <QEvent>
 #include <QLabel>
+#include <QMenu>
+#include <QSignalBlocker>
 
 #include <algorithm>
 
@@ -42,6 +44,9 @@ std::vector<QAbstractButton *> buttonsOf(const QWidget &window)
     });
     return buttons;
 }
+
+/// What an entry shows before its shortcut.
+QString titleOf(const QAction *entry) { return entry->text().section(u'\t', 0, 0); }
 
 } // namespace
 
@@ -96,6 +101,58 @@ void Mnemonics::assign()
         button->update();
         taken << button->shortcut();
     }
+}
+
+void MenuMnemonics::follow(QMenu &menu)
+{
+    if (!menu.findChild<MenuMnemonics *>({}, Qt::FindDirectChildrenOnly))
+        new MenuMnemonics(menu);
+}
+
+MenuMnemonics::MenuMnemonics(QMenu &menu) : QObject(&menu), m_menu(menu)
+{
+    connect(&menu, &QMenu::aboutToShow, this, &MenuMnemonics::assign);
+    connect(&menu, &QMenu::aboutToHide, this, &MenuMnemonics::takeBack);
+}
+
+/// Entries whose letter must be one of few choose first. The menu alone is told of the new text.
+void MenuMnemonics::assign()
+{
+    takeBack();
+    QList<QKeySequence> taken;
+    std::vector<QAction *> without;
+    for (QAction *entry : m_menu.actions()) {
+        const QKeySequence own = QKeySequence::mnemonic(entry->text());
+        own.isEmpty() ? without.push_back(entry) : void(taken << own);
+    }
+    std::ranges::stable_sort(without, {},
+                             [](const QAction *entry) { return lettersOf(titleOf(entry)).size(); });
+    for (QAction *entry : without) {
+        const QString letters = lettersOf(titleOf(entry));
+        const auto isFree = [&taken](QChar letter) { return !taken.contains(altWith(letter)); };
+        const auto letter = std::ranges::find_if(letters, isFree);
+        if (letter == letters.end())
+            continue;
+        taken << altWith(*letter);
+        QString text = entry->text();
+        text.insert(m_places[entry] = Mnemonics::placeOf(altWith(*letter), text), u'&');
+        const QSignalBlocker blocker(entry);
+        entry->setText(text);
+    }
+}
+
+/// A text that came while the menu was open has no letter.
+void MenuMnemonics::takeBack()
+{
+    for (QAction *entry : m_menu.actions()) {
+        QString text = entry->text();
+        const qsizetype place = m_places.value(entry, text.size());
+        if (place >= text.size() || text[place] != u'&')
+            continue;
+        const QSignalBlocker blocker(entry);
+        entry->setText(text.remove(place, 1));
+    }
+    m_places.clear();
 }
 
 } // namespace quenoria

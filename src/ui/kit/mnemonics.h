@@ -1,8 +1,11 @@
 #pragma once
 
+#include <QHash>
 #include <QKeySequence>
 #include <QObject>
 
+class QAction;
+class QMenu;
 class QWidget;
 
 namespace quenoria {
@@ -27,6 +30,24 @@ private:
     void assign();
 
     QWidget *m_window;
+};
+
+/// Gives every entry of a menu a letter that no other entry of it has, for as long as the menu is
+/// open: closed, the texts are as they were written, since buttons and other menus show them too.
+class MenuMnemonics : public QObject {
+    Q_OBJECT
+
+public:
+    /// Follows the menu for as long as it lives; a second call changes nothing.
+    static void follow(QMenu &menu);
+
+private:
+    explicit MenuMnemonics(QMenu &menu);
+    void assign();
+    void takeBack();
+
+    QMenu &m_menu;
+    QHash<QAction *, qsizetype> m_places; ///< of the letters' marks
 };
 
 } // namespace quenoria

@@ -1,5 +1,6 @@
 #include "ui/window/window_fixture.h"
 
+#include "ui/kit/calm_style.h"
 #include "ui/kit/screen_room.h"
 #include "ui/queue/queue_sheet.h"
 
@@ -7,6 +8,7 @@
 #include <QDialog>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMenuBar>
 #include <QScreen>
 #include <QScrollArea>
 #include <QScrollBar>
@@ -146,6 +148,26 @@ QStringList withoutLetter(const QWidget &window)
     return faults;
 }
 
+/// The same of a menu's entries, while it is open; closed, their texts are as written.
+QStringList withoutLetter(QMenu &menu)
+{
+    CalmStyle().polish(&menu);
+    Q_EMIT menu.aboutToShow();
+    QStringList faults;
+    QList<QKeySequence> taken{QKeySequence()};
+    for (const QAction *entry : menu.actions()) {
+        const QKeySequence letter = QKeySequence::mnemonic(entry->text());
+        if (!entry->isSeparator() && taken.contains(letter))
+            faults << entry->text();
+        taken << letter;
+        faults << (entry->menu() ? withoutLetter(*entry->menu()) : QStringList());
+    }
+    Q_EMIT menu.aboutToHide();
+    for (const QAction *entry : menu.actions())
+        EXPECT_FALSE(entry->text().contains(u'&')) << entry->text().toStdString();
+    return faults;
+}
+
 TEST_P(OnScreen, EverySheetCanBeSeenAndUsedWhole)
 {
     openWindow();
@@ -186,6 +208,14 @@ TEST_P(OnScreen, TheWindowCanBeSeenAndUsedWhole)
 {
     openWindow();
     EXPECT_EQ(faultsOf(window()), QStringList());
+    table().setCurrentIndex(model().index(0, 0));
+    QSet<QKeySequence> titles;
+    for (const QAction *title : window().menuBar()->actions()) {
+        titles << QKeySequence::mnemonic(title->text());
+        EXPECT_EQ(withoutLetter(*title->menu()), QStringList()) << title->text().toStdString();
+    }
+    EXPECT_TRUE(titles.size() == window().menuBar()->actions().size() &&
+                !titles.contains(QKeySequence()));
     const int rows = (table().viewport()->height() - 1) / table().rowHeight(0);
     EXPECT_GE(rows, GetParam().rows);
     const int department = columnOf(SortColumn::department);
