@@ -113,7 +113,7 @@ QString MailTurn::notice() const
     const QTimeZone zone = m_platform.clock.zone();
     const QDateTime until = localDateTime(*m_pausedUntil, zone);
     const bool isToday = until.date() == localDateTime(m_platform.clock.now(), zone).date();
-    return u"Le rythme de votre boîte aux lettres est atteint : le prochain e-mail part %1."_s.arg(
+    return u"Le rythme de votre boîte aux lettres est atteint : le prochain e-mail part %1"_s.arg(
         until.toString(isToday ? u"'à' HH:mm:ss"_s : u"'le' dd/MM 'à' HH:mm"_s));
 }
 

@@ -240,14 +240,14 @@ TEST_F(Desk, EmailsThroughTheMailboxKeepItsPaceAndAskForItsPassword)
     settings.setRoad(MailRoad::mailbox);
     order(email, alix());
     EXPECT_EQ(answers.size(), 2);
-    EXPECT_TRUE(desk().mailTurn().notice().endsWith(u"part à 10:01:00."_s));
+    EXPECT_TRUE(desk().mailTurn().notice().endsWith(u"part à 10:01:00"_s));
     desktop.clock.advance(59s);
     EXPECT_EQ(answers.size(), 2);
     desktop.clock.advance(1s);
     settle();
     EXPECT_EQ(answers.size(), 3);
     order(email, alix());
-    EXPECT_TRUE(desk().mailTurn().notice().endsWith(u"part le 11/03 à 10:00."_s));
+    EXPECT_TRUE(desk().mailTurn().notice().endsWith(u"part le 11/03 à 10:00"_s));
     desk().close();
     desktop.clock.advance(0s);
     EXPECT_EQ(answers.takeLast(), u"given up"_s);

@@ -7,6 +7,18 @@ using namespace Qt::StringLiterals;
 // What the queue tells of itself.
 namespace quenoria {
 
+namespace {
+
+/// "dans 7 s"; empty when nothing is waited for.
+QString inWords(int seconds)
+{
+    if (seconds == 0)
+        return {};
+    return seconds > 60 ? u"dans %1 min"_s.arg((seconds + 59) / 60) : u"dans %1 s"_s.arg(seconds);
+}
+
+} // namespace
+
 QString BatchQueue::primaryText() const
 {
     if (isRunning())
@@ -34,16 +46,18 @@ bool BatchQueue::isQuotaReached() const
 
 QString BatchQueue::runText() const
 {
-    const QString notice =
+    const QString pace =
         m_channel.channel == Channel::email ? m_desk.mailTurn().notice() : QString();
-    QStringList parts{notice.isEmpty() ? u"Envoi automatique en cours…"_s : notice};
-    if (!isAutomatic() && !m_countdown.seconds())
+    const QString wait = inWords(m_countdown.seconds());
+    QStringList parts;
+    if (!pace.isEmpty())
+        parts << pace + (wait.isEmpty() ? u"."_s : u", %1."_s.arg(wait));
+    else
+        parts << u"Envoi automatique en cours…"_s;
+    if (!isAutomatic() && wait.isEmpty())
         parts << u"La file s’arrête après ce contact."_s;
-    else if (m_countdown.seconds() > 60)
-        parts << u"prochain %1 dans %2 min"_s.arg(m_channel.noun)
-                     .arg((m_countdown.seconds() + 59) / 60);
-    else if (m_countdown.seconds())
-        parts << u"prochain %1 dans %2 s"_s.arg(m_channel.noun).arg(m_countdown.seconds());
+    else if (pace.isEmpty() && !wait.isEmpty())
+        parts << u"prochain %1 %2"_s.arg(m_channel.noun, wait);
     parts << m_desk.progress().text();
     return parts.join(u' ').trimmed();
 }

@@ -325,6 +325,20 @@ TEST_F(QueueSheets, ADoubtStopsTheRunAndItsAnswerMovesOn)
     EXPECT_EQ(store->emailSendSelection().size(), 2U);
 }
 
+TEST_F(QueueSheets, AWaitForThePaceOfTheMailboxIsToldInOneSentence)
+{
+    MailSettings settings(desktop.preferences);
+    settings.setRoad(MailRoad::mailbox);
+    settings.setPace({1, 500});
+    store->recordEmailSentNow(contact(3));
+    desktop.mailbox.place = PasswordPlace::memory;
+    switches.setAutoValidateEmail(true);
+    show<BatchEmailSendView>();
+    settle();
+    EXPECT_TRUE(shows(u"Le rythme de votre boîte aux lettres est atteint : le prochain e-mail "
+                      "part à 10:01:00, dans 60 s."_s));
+}
+
 /// By the button, by Escape and by the switch; before the contact that the countdown names or, if
 /// its message is with the carrier already, after it.
 TEST_F(QueueSheets, ARunCountsDownToItsNextMessageAndStopsBeforeIt)
