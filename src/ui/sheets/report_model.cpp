@@ -4,6 +4,16 @@
 
 namespace quenoria {
 
+namespace {
+
+/// The names on the left, the numbers and what stands over them on the right.
+QVariant alignmentOf(int column)
+{
+    return QVariant::fromValue((column > 0 ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter);
+}
+
+} // namespace
+
 void ReportModel::setPage(const ReportPage &page)
 {
     beginResetModel();
@@ -23,8 +33,8 @@ int ReportModel::columnCount(const QModelIndex &parent) const
 
 QVariant ReportModel::data(const QModelIndex &index, int role) const
 {
-    if (role == Qt::TextAlignmentRole && index.column() > 0)
-        return QVariant::fromValue(Qt::AlignRight | Qt::AlignVCenter);
+    if (role == Qt::TextAlignmentRole)
+        return alignmentOf(index.column());
     if (role != Qt::DisplayRole)
         return {};
     return oneLine(shownCell(m_page.rows[std::size_t(index.row())][std::size_t(index.column())]));
@@ -32,6 +42,8 @@ QVariant ReportModel::data(const QModelIndex &index, int role) const
 
 QVariant ReportModel::headerData(int section, Qt::Orientation orientation, int role) const
 {
+    if (orientation == Qt::Horizontal && role == Qt::TextAlignmentRole)
+        return alignmentOf(section);
     if (orientation == Qt::Vertical || role != Qt::DisplayRole)
         return {};
     return QString::fromUtf16(m_page.columns[std::size_t(section)].title);

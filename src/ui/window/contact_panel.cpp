@@ -41,7 +41,7 @@ const QString ContactPanel::preference = u"FenetrePrincipaleFiche"_s;
 
 ContactPanel::ContactPanel(ContactTableModel &model, QWidget *parent)
     : QWidget(parent), m_model(model), m_title(makeLabel({}, TextStyle::headline)),
-      m_contents(new QWidget)
+      m_contents(new QWidget), m_area(new QScrollArea)
 {
     setAccessibleName(u"Fiche"_s);
     build();
@@ -70,18 +70,18 @@ void ContactPanel::build()
         m_fields << field;
     }
     fields->addStretch();
-    auto *area = new QScrollArea;
-    area->setWidget(m_contents);
-    area->setWidgetResizable(true);
-    area->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    area->setFrameShape(QFrame::NoFrame);
-    area->setFocusPolicy(Qt::NoFocus);
+    m_area->setWidget(m_contents);
+    m_area->setWidgetResizable(true);
+    m_area->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    m_area->setFrameShape(QFrame::NoFrame);
+    m_area->setFocusPolicy(Qt::NoFocus);
     m_title->setMargin(margin);
+    m_title->setAlignment(Qt::AlignTop);
     auto *column = new QVBoxLayout(this);
     column->setContentsMargins({});
     column->setSpacing(0);
     column->addWidget(m_title);
-    column->addWidget(area, 1);
+    column->addWidget(m_area, 1);
 }
 
 void ContactPanel::follow(const QModelIndex &current)
@@ -93,9 +93,11 @@ void ContactPanel::follow(const QModelIndex &current)
 
 void ContactPanel::refresh()
 {
-    m_contents->setVisible(m_current.isValid());
+    m_area->setVisible(m_current.isValid());
     if (!m_current.isValid())
-        return m_title->setText(u"Choisissez un contact dans la liste."_s);
+        return m_title->setText(m_model.contacts().total() == 0
+                                    ? u"La fiche du contact choisi s’affichera ici."_s
+                                    : u"Choisissez un contact dans la liste."_s);
     m_title->setText(m_model.contacts().at(m_current.row()).label);
     for (PanelField *field : m_fields)
         field->follow(m_current);

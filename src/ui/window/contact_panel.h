@@ -5,6 +5,8 @@
 #include <QModelIndex>
 #include <QWidget>
 
+class QScrollArea;
+
 namespace quenoria {
 
 class ContactTableModel;
@@ -42,6 +44,7 @@ private:
     QPersistentModelIndex m_current;
     TextLabel *m_title;
     QWidget *m_contents;
+    QScrollArea *m_area;
     QList<PanelField *> m_fields;
 };
 

@@ -9,6 +9,7 @@
 #include <QEvent>
 #include <QHBoxLayout>
 #include <QPushButton>
+#include <QToolButton>
 
 using namespace Qt::StringLiterals;
 
@@ -29,13 +30,14 @@ bool isByHand(QEvent::Type type)
 
 OutcomeLine::OutcomeLine(QWidget *parent)
     : QWidget(parent), m_text(makeLabel({}, TextStyle::footnote)), m_act(new QPushButton),
-      m_close(new QPushButton(symbol(u"xmark"_s, Tint::secondary), {}))
+      m_close(new QToolButton)
 {
     m_text->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    m_close->setIcon(symbol(u"xmark"_s, Tint::secondary));
     m_close->setAccessibleName(u"Fermer cette ligne"_s);
     m_close->setToolTip(tipText(m_close->accessibleName()));
-    m_close->setFlat(true);
-    for (QPushButton *button : {m_act, m_close})
+    m_close->setAutoRaise(true);
+    for (QAbstractButton *button : std::initializer_list<QAbstractButton *>{m_act, m_close})
         button->setFocusPolicy(Qt::TabFocus); // a click takes nobody's text from the hand
     auto *row = new QHBoxLayout(this);
     row->setContentsMargins(margin, gap / 2, margin, gap / 2);
@@ -47,7 +49,7 @@ OutcomeLine::OutcomeLine(QWidget *parent)
         if (const auto deed = m_deed)
             deed(); // which may tell something else
     });
-    connect(m_close, &QPushButton::clicked, this, &QWidget::hide);
+    connect(m_close, &QToolButton::clicked, this, &QWidget::hide);
     m_stay.setSingleShot(true);
     m_stay.setInterval(stay);
     m_stay.callOnTimeout(this, &OutcomeLine::leave);

@@ -6,6 +6,7 @@
 #include <functional>
 
 class QPushButton;
+class QToolButton;
 
 namespace quenoria {
 
@@ -35,7 +36,7 @@ private:
 
     TextLabel *m_text;
     QPushButton *m_act;
-    QPushButton *m_close;
+    QToolButton *m_close;
     std::function<void()> m_deed;
     QTimer m_stay;
 };

@@ -21,6 +21,12 @@ constexpr int pathRole = Qt::UserRole;
 constexpr int dateWidth = 220;
 enum Column { date, contacts, sends, size, count };
 
+void alignNumbers(QTreeWidgetItem &row)
+{
+    for (int column = Column::contacts; column < Column::count; ++column)
+        row.setTextAlignment(column, Qt::AlignRight | Qt::AlignVCenter);
+}
+
 } // namespace
 
 RestoreListView::RestoreListView(const Platform &platform, QWidget *parent)
@@ -45,6 +51,7 @@ QWidget *RestoreListView::makeList(const std::vector<StoredBackup> &backups)
     m_list = new QTreeWidget;
     m_list->setAccessibleName(u"Sauvegardes"_s);
     m_list->setHeaderLabels({u"Date"_s, u"Contacts"_s, u"Envois"_s, u"Taille"_s});
+    alignNumbers(*m_list->headerItem());
     m_list->setRootIsDecorated(false);
     m_list->setUniformRowHeights(true);
     m_list->setAllColumnsShowFocus(true);
@@ -65,8 +72,7 @@ QTreeWidgetItem *RestoreListView::makeRow(const StoredBackup &backup) const
         {localDateTime(backup.date, m_platform.clock.zone()).toString(u"dd/MM/yyyy 'à' HH:mm"_s),
          number(note ? note->contacts : 0), number(note ? note->sends : 0),
          locale.formattedDataSize(backup.size, 1, QLocale::DataSizeSIFormat)});
-    for (int column = Column::contacts; column < Column::count; ++column)
-        row->setTextAlignment(column, Qt::AlignRight | Qt::AlignVCenter);
+    alignNumbers(*row);
     row->setData(Column::date, pathRole, backup.path);
     return row;
 }
