@@ -178,6 +178,8 @@ int run(const StartOptions &options)
         if (process.shown && !workbook.isEmpty())
             process.shown->openWorkbook(workbook);
     });
+    if (options.tourFolder)
+        Tour::enlargeLetters();
     if (const auto answer =
             enterDataFolder(platform, instance, options.workbook.value_or(QString())))
         return print(*answer, std::cerr);

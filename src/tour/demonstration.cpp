@@ -9,12 +9,17 @@ using namespace Qt::StringLiterals;
 
 namespace quenoria {
 
+QString demonstrationWorkbook(const Platform &platform)
+{
+    return QDir(platform.folders.data()).filePath(u"Contacts_Demonstration.xlsx"_s);
+}
+
 void importDemonstration(ContentView &window, const ProspectStore &store, const Platform &platform)
 {
     const auto workbook = platform.resources.read(u"Contacts_Demonstration"_s, u"xlsx"_s);
     if (!workbook || !store.customProspects().empty())
         return;
-    const QString copy = QDir(platform.folders.data()).filePath(u"Contacts_Demonstration.xlsx"_s);
+    const QString copy = demonstrationWorkbook(platform);
     if (const auto failure = platform.files.write(copy, *workbook)) {
         platform.log.write(u"Le classeur de démonstration n’a pas pu être écrit : "_s + *failure);
         return;

@@ -9,6 +9,7 @@
 #include <QDir>
 #include <QElapsedTimer>
 #include <QEventLoop>
+#include <QFileDialog>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QPlainTextEdit>
@@ -163,6 +164,26 @@ void Guide::closeSheet()
 {
     pressKey(front(), Qt::Key_Escape);
     untilSheetIsClosed();
+}
+
+/// Whoever pressed waits for the panel to be closed: it is looked for beside that.
+void Guide::pressAndChoose(const QString &text, const QString &file, const QString &picture)
+{
+    QTimer look;
+    look.callOnTimeout([&] {
+        auto *panel = qobject_cast<QFileDialog *>(front());
+        if (!panel)
+            return;
+        look.stop();
+        this->picture(picture);
+        if (auto *name = panel->findChild<QLineEdit *>(u"fileNameEdit"_s)) // the toolkit's name
+            name->setText(file);
+        static_cast<QDialog *>(panel)->accept();
+        if (panel->isVisible())
+            panel->reject();
+    });
+    look.start(glance);
+    press(text);
 }
 
 void Guide::until(const QString &what, const std::function<bool()> &holds,

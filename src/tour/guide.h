@@ -45,6 +45,10 @@ public:
 
     void closeSheet();
 
+    /// Presses what opens a file panel, and gives it the file once its picture was taken. Without a
+    /// panel nothing happens.
+    void pressAndChoose(const QString &text, const QString &file, const QString &picture);
+
     /// Lets the application live until the condition holds.
     void until(const QString &what, const std::function<bool()> &holds,
                std::chrono::milliseconds limit = std::chrono::seconds{10});

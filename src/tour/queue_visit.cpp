@@ -70,6 +70,10 @@ void sendTheOthersAutomatically(Guide &guide, const QueueTexts &texts, qsizetype
     guide.picture(texts.picture + u"-automatique"_s);
     guide.untilSheetIsClosed(count * longestSend);
     guide.check(texts.automate, false);
+    guide.press(u"Voir"_s);
+    guide.untilSheetIsOpen();
+    guide.picture(texts.picture + u"-compte-rendu"_s);
+    guide.closeSheet();
     guide.say(
         u"%1 envois automatiques, à leur rythme ; la file s’est fermée d’elle-même."_s.arg(count));
 }

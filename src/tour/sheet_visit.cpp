@@ -1,6 +1,10 @@
+#include "platform/platform.h"
+#include "tour/demonstration.h"
 #include "tour/visits.h"
-
+#include "ui/sheets/password_view.h"
 #include "ui/window/content_view.h"
+
+#include <QElapsedTimer>
 
 using namespace Qt::StringLiterals;
 
@@ -66,6 +70,44 @@ void readDossier(Guide &guide, ContentView &window)
     guide.closeSheet();
 }
 
+/// Sheets that a file panel comes before.
+void lookAtFiles(Guide &guide, const QString &workbook)
+{
+    guide.pressAndChoose(u"Vérifier un classeur…"_s, workbook, u"choisir-un-fichier"_s);
+    guide.untilSheetIsOpen();
+    guide.picture(u"verifier-sans-nouveau"_s);
+    guide.closeSheet();
+    guide.pressAndChoose(u"Appliquer une liste STOP…"_s, workbook, u"choisir-une-liste"_s);
+    guide.untilSheetIsOpen();
+    guide.picture(u"liste-stop"_s);
+    guide.closeSheet();
+}
+
+/// What only a real desktop asks.
+void lookAtRealSends(Guide &guide, ContentView &window, Mailbox &mailbox)
+{
+    window.composeMessage({{u"06 39 98 00 12"_s}, {}, u"Bonjour,\n\nÀ bientôt."_s, {}});
+    guide.untilSheetIsOpen();
+    guide.picture(u"nouveau-message"_s);
+    guide.closeSheet();
+    (new PasswordView(mailbox, u"accueil@example.org"_s, &window))->present();
+    guide.untilSheetIsOpen();
+    guide.picture(u"mot-de-passe"_s);
+    guide.closeSheet();
+}
+
+void lookAround(Guide &guide, ContentView &window)
+{
+    window.enterPanel();
+    guide.picture(u"fiche"_s);
+    window.enterPanel();
+    guide.press(u"Filtrer"_s);
+    guide.type(u"Rechercher un contact, un numéro ou un e-mail"_s, u"introuvable"_s);
+    guide.picture(u"filtres"_s);
+    guide.press(u"Tout afficher"_s);
+    guide.press(u"Filtrer"_s);
+}
+
 /// The import made one.
 void lookAtBackups(Guide &guide)
 {
@@ -86,11 +128,15 @@ void visitImport(Guide &guide)
     guide.picture(u"import-termine"_s);
     guide.press(u"OK"_s);
     guide.untilSheetIsClosed();
+    QElapsedTimer since;
+    since.start();
+    guide.until(u"la fin de la marque des nouveaux contacts"_s,
+                [&since] { return since.elapsed() > 3500; });
     guide.picture(u"fenetre"_s);
     guide.say(u"Le classeur de démonstration est importé."_s);
 }
 
-void visitSheets(Guide &guide, ContentView &window)
+void visitSheets(Guide &guide, ContentView &window, const Platform &platform)
 {
     addContact(guide);
     editContact(guide, window);
@@ -102,7 +148,11 @@ void visitSheets(Guide &guide, ContentView &window)
     lookAt(guide, u"Format Excel attendu"_s, u"format-excel"_s);
     lookAt(guide, u"Gérer les SMS"_s, u"modeles-sms"_s);
     lookAt(guide, u"Gérer les e-mails"_s, u"modeles-emails"_s);
+    lookAt(guide, u"Exporter…"_s, u"exporter"_s);
+    lookAtFiles(guide, demonstrationWorkbook(platform));
+    lookAtRealSends(guide, window, platform.mailbox);
     lookAtBackups(guide);
+    lookAround(guide, window);
     lookAt(guide, u"À propos"_s, u"a-propos"_s);
     guide.say(u"Chaque feuille a été ouverte."_s);
 }

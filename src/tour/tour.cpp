@@ -2,9 +2,11 @@
 
 #include "tour/demonstration.h"
 #include "tour/visits.h"
+#include "ui/kit/screen_room.h"
 #include "ui/kit/switches.h"
 #include "ui/window/content_view.h"
 
+#include <QApplication>
 #include <QDateTime>
 #include <QDir>
 
@@ -31,10 +33,18 @@ QString Tour::freshDataFolder(const QString &pictures)
     return QDir(pictures).absoluteFilePath(u"donnees "_s + now);
 }
 
+void Tour::enlargeLetters()
+{
+    const int percent = qEnvironmentVariableIntValue("QUENORIA_LETTERS");
+    QFont font = QApplication::font();
+    font.setPointSizeF(font.pointSizeF() * (percent > 0 ? percent : 100) / 100);
+    QApplication::setFont(font);
+}
+
 int Tour::run(const QString &pictures)
 {
     try {
-        m_window.resize(windowSize);
+        m_window.resize(windowSize.boundedTo(screenRoom(m_window)));
         m_switches.setAutoValidateSMS(false);
         m_switches.setAutoValidateEmail(false);
         Guide guide(m_window, pictures);
@@ -42,7 +52,7 @@ int Tour::run(const QString &pictures)
         importDemonstration(m_window, m_store, m_platform);
         visitImport(guide);
         const VisitedContacts visited = visitQueues(guide, m_store);
-        visitSheets(guide, m_window);
+        visitSheets(guide, m_window, m_platform);
         checkFiles(guide, m_store, visited);
         guide.say(u"Visite terminée."_s);
         return 0;

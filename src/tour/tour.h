@@ -22,6 +22,10 @@ public:
     /// files of the earlier ones.
     [[nodiscard]] static QString freshDataFolder(const QString &pictures);
 
+    /// Makes all letters as large as $QUENORIA_LETTERS says in percent, as a desktop may, before
+    /// there is a window.
+    static void enlargeLetters();
+
 private:
     ContentView &m_window;
     ProspectStore &m_store;

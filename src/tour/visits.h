@@ -8,6 +8,7 @@ namespace quenoria {
 
 class ContentView;
 class ProspectStore;
+struct Platform;
 
 /// The contacts that a visit wrote to.
 struct VisitedContacts {
@@ -23,7 +24,7 @@ void visitImport(Guide &guide);
 [[nodiscard]] VisitedContacts visitQueues(Guide &guide, const ProspectStore &store);
 
 /// Opens every other sheet and uses some of them.
-void visitSheets(Guide &guide, ContentView &window);
+void visitSheets(Guide &guide, ContentView &window, const Platform &platform);
 
 /// Reads the thirteen files and the outbox; throws a TourFailure when something is missing.
 void checkFiles(Guide &guide, const ProspectStore &store, const VisitedContacts &visited);

@@ -14,6 +14,10 @@ SHEETS = {
     "Tester un message": "Tester un message",
     "À propos": "À propos de l’application",
     "Importer Excel": "Importer des contacts depuis Excel",
+    "Moyens d’envoi…": "Moyens d’envoi",
+    "Bilan des envois": "Bilan des envois",
+    "Exporter…": "Exporter",
+    "Restaurer une sauvegarde…": "Restaurer une sauvegarde",
 }
 SHEETS_OVER_SHEETS = {
     "Ajouter un nouveau contact": ("Créer un autre département…", "Créer un département"),
@@ -60,6 +64,35 @@ class Accessibility(unittest.TestCase):
 
     def test_the_window_names_its_controls(self):
         self.check(self.program.until_front("Quenoria"))
+
+    def test_what_stands_around_the_table_names_its_controls_and_tells_its_state(self):
+        window = self.program.until_front("Quenoria")
+        self.program.use(self.contact, "Envoyer SMS")
+        tick = self.program.find("Envoyer SMS", (Role.CHECK_BOX,))
+        until("la case de la fiche", lambda: has(tick, State.CHECKED))
+        key("F6")
+        self.check(window)
+        self.program.press("Annuler")
+        until("l’annulation", lambda: not has(tick, State.CHECKED))
+        key("ctrl+l")
+        self.check(window)
+        self.program.press("Jamais contactés")
+        chip = self.program.find("Jamais contactés")
+        until("le filtre", lambda: has(chip, State.CHECKED))
+        key("ctrl+l")
+
+    def test_tab_goes_through_the_ways_to_send_and_comes_back(self):
+        self.program.press("Moyens d’envoi…")
+        window = self.program.until_front("Moyens d’envoi")
+        reached = []
+        while len(reached) < 2 or reached[-1] != reached[0]:
+            reached += [node.get_name() for node in walk(window) if has(node, State.FOCUSED)]
+            self.assertLess(len(reached), 40, reached)
+            key("Tab")
+        ready = {node.get_name() for node in walk(window)
+                 if has(node, State.FOCUSABLE) and has(node, State.ENABLED)}
+        self.assertEqual(set(reached), ready)
+        self.leave()
 
     def test_each_sheet_names_its_controls(self):
         for command, title in SHEETS.items():
