@@ -2,7 +2,7 @@
 
 import unittest
 
-from desk import HOME, Program, Role, State, has, key, until, walk
+from desk import CONTROLS, HOME, Program, Role, State, has, key, until, walk
 
 SHAPELESS = (Role.INVALID, Role.UNKNOWN, Role.FILLER, Role.PANEL)
 SHEETS = {
@@ -67,13 +67,15 @@ class Accessibility(unittest.TestCase):
 
     def test_what_stands_around_the_table_names_its_controls_and_tells_its_state(self):
         window = self.program.until_front("Quenoria")
-        self.program.use(self.contact, "Envoyer SMS")
+        self.program.go(self.contact, "Envoyer SMS")
         tick = self.program.find("Envoyer SMS", (Role.CHECK_BOX,))
-        until("la case de la fiche", lambda: has(tick, State.CHECKED))
+        before = has(tick, State.CHECKED)
+        key("space")
+        until("la case de la fiche", lambda: has(tick, State.CHECKED) != before)
         key("F6")
         self.check(window)
         self.program.press("Annuler")
-        until("l’annulation", lambda: not has(tick, State.CHECKED))
+        until("l’annulation", lambda: has(tick, State.CHECKED) == before)
         key("ctrl+l")
         self.check(window)
         self.program.press("Jamais contactés")
@@ -86,12 +88,13 @@ class Accessibility(unittest.TestCase):
         window = self.program.until_front("Moyens d’envoi")
         reached = []
         while len(reached) < 2 or reached[-1] != reached[0]:
-            reached += [node.get_name() for node in walk(window) if has(node, State.FOCUSED)]
+            reached += [node.get_name() for node in walk(window)
+                        if has(node, State.FOCUSED) and has(node, State.FOCUSABLE)]
             self.assertLess(len(reached), 40, reached)
             key("Tab")
-        ready = {node.get_name() for node in walk(window)
-                 if has(node, State.FOCUSABLE) and has(node, State.ENABLED)}
-        self.assertEqual(set(reached), ready)
+        usable = {node.get_name() for node in walk(window)
+                  if node.get_role() in CONTROLS and has(node, State.ENABLED)}
+        self.assertLessEqual(usable, set(reached))
         self.leave()
 
     def test_each_sheet_names_its_controls(self):

@@ -1,8 +1,11 @@
 #include "ui/kit/middle_area.h"
 
+#include <QAccessibleWidget>
 #include <QFontMetrics>
 #include <QLayout>
 #include <QScrollBar>
+
+using namespace Qt::StringLiterals;
 
 namespace quenoria {
 
@@ -20,10 +23,20 @@ public:
     }
 };
 
+/// To a screen reader something to read through, where the toolkit tells of a filler.
+QAccessibleInterface *toldAsDocument(const QString &className, QObject *object)
+{
+    auto *area = className == u"quenoria::MiddleArea" ? qobject_cast<QWidget *>(object) : nullptr;
+    if (!area)
+        return nullptr;
+    return new QAccessibleWidget(area, QAccessible::Document, u"Contenu de la fenêtre"_s);
+}
+
 } // namespace
 
 MiddleArea::MiddleArea(QWidget *parent) : QScrollArea(parent)
 {
+    QAccessible::installFactory(toldAsDocument); // once, however often it is asked for
     setFrameShape(NoFrame);
     setWidgetResizable(true);
     setWidget(new Parts);

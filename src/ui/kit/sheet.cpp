@@ -7,6 +7,7 @@
 #include "ui/kit/screen_room.h"
 
 #include <QPushButton>
+#include <QScrollBar>
 #include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
@@ -89,7 +90,9 @@ void Sheet::fitIntoScreen()
 {
     ensurePolished();
     const QSize room = screenRoom(parentWidget() ? *parentWidget()->window() : *this);
-    const int parts = qMax(layout()->minimumSize().width(), m_middle->need(0).width());
+    int parts = qMax(layout()->minimumSize().width(), m_middle->need(0).width());
+    if (leastHeight(qMax(m_preferredSize.width(), parts)) > room.height())
+        parts += m_middle->verticalScrollBar()->sizeHint().width();
     const int width = qMin(qMax(m_preferredSize.width(), parts), room.width());
     resize(width, qMin(qMax(m_preferredSize.height(), leastHeight(width)), room.height()));
 }

@@ -90,6 +90,7 @@ QList<const QWidget *> partsOf(const QWidget &window)
             qobject_cast<const QComboBox *>(each) ||
             qobject_cast<const QAbstractScrollArea *>(each) || (label && !label->text().isEmpty());
         const bool isInner = each->parentWidget()->inherits("QLineEdit") ||
+                             each->parentWidget()->inherits("QAbstractSpinBox") ||
                              each->parentWidget()->inherits("QAbstractItemView");
         if (isPart && !isInner && each->isVisible() && each->window() == &window)
             parts << each;
@@ -119,6 +120,9 @@ QStringList faultsOf(const QWidget &window)
             faults << u"out of sight: "_s + nameOf(part);
         if (isCut(part))
             faults << u"cut: "_s + nameOf(part);
+        const auto *area = qobject_cast<const QScrollArea *>(part);
+        if (area && area->horizontalScrollBar()->maximum() > 0)
+            faults << u"wider than what shows it: "_s + nameOf(part->parentWidget());
         for (const QWidget *other : parts) {
             const bool areApart =
                 sightOf(other) == sight && !other->isAncestorOf(part) && !part->isAncestorOf(other);
@@ -184,7 +188,8 @@ TEST_P(OnScreen, EverySheetCanBeSeenAndUsedWhole)
           &ContentView::manageEmailMessages, &ContentView::testMessage, &ContentView::showAbout,
           &ContentView::showCurrentHistory, &ContentView::showCurrentDossier,
           &ContentView::showReport, &ContentView::openSMSQueue, &ContentView::openEmailQueue,
-          &ContentView::checkWorkbook}) {
+          &ContentView::checkWorkbook, &ContentView::chooseCarriers, &ContentView::exportData,
+          &ContentView::restoreBackup}) {
         (window().*command)();
         QThreadPool::globalInstance()->waitForDone();
         settle();
