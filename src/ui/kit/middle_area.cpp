@@ -59,4 +59,19 @@ QSize MiddleArea::minimumSizeHint() const
     return {qMin(parts.width(), least), qMin(parts.height(), least)};
 }
 
+/// Seen by its scroll bar, which the arrow keys then move.
+void MiddleArea::focusInEvent(QFocusEvent *event)
+{
+    QScrollArea::focusInEvent(event);
+    QPalette accented;
+    accented.setBrush(QPalette::Dark, palette().highlight());
+    verticalScrollBar()->setPalette(accented);
+}
+
+void MiddleArea::focusOutEvent(QFocusEvent *event)
+{
+    QScrollArea::focusOutEvent(event);
+    verticalScrollBar()->setPalette(QPalette());
+}
+
 } // namespace quenoria

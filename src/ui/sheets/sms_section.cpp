@@ -40,7 +40,7 @@ SmsSection::SmsSection(Carriers &carriers, SendDesk &desk, QWidget *parent)
       m_list(new QVBoxLayout),
       m_none(new QRadioButton(u"Aucun : les SMS automatiques ne partent pas"_s)),
       m_choices(new QButtonGroup(this)), m_test(new QPushButton(u"Tester"_s)),
-      m_outcome(new StatusLabel)
+      m_offer(new QCheckBox(u"Proposer les réponses STOP"_s)), m_outcome(new StatusLabel)
 {
     m_list->setSpacing(rowGap);
     column()->addLayout(m_list);
@@ -72,12 +72,11 @@ void SmsSection::addTest()
 
 void SmsSection::addStopReplies(SendDesk &desk)
 {
-    auto *offer = new QCheckBox(u"Proposer les réponses STOP"_s);
-    offer->setChecked(desk.stopReplies().isOn());
-    offer->setAccessibleDescription(stopNote);
-    column()->addWidget(offer);
+    m_offer->setChecked(desk.stopReplies().isOn());
+    m_offer->setAccessibleDescription(stopNote);
+    column()->addWidget(m_offer);
     column()->addWidget(makeLabel(stopNote, TextStyle::footnote, Tint::secondary));
-    connect(offer, &QCheckBox::toggled, &desk.stopReplies(), &StopReplies::setOn);
+    connect(m_offer, &QCheckBox::toggled, &desk.stopReplies(), &StopReplies::setOn);
 }
 
 void SmsSection::refresh()
@@ -108,6 +107,27 @@ void SmsSection::rebuild(const std::vector<Carrier> &found)
         m_choices->addButton(row->choice());
         follow(row);
     }
+    orderKeyboard();
+}
+
+/// Puts the rows, which came last, where they stand: after what precedes the section.
+void SmsSection::orderKeyboard()
+{
+    QWidgetList section;
+    for (const CarrierRow *row : m_rows)
+        section << row->findChildren<QWidget *>();
+    section << m_none << m_test << m_offer;
+    section.removeIf([](const QWidget *each) { return !(each->focusPolicy() & Qt::TabFocus); });
+    const auto isPassed = [&section](QWidget *each) {
+        return section.contains(each) || !(each->focusPolicy() & Qt::TabFocus);
+    };
+    QWidget *before = m_none->previousInFocusChain();
+    while (before != m_none && isPassed(before))
+        before = before->previousInFocusChain();
+    if (before != m_none)
+        setTabOrder(before, section.constFirst());
+    for (qsizetype each = 1; each < section.size(); ++each)
+        setTabOrder(section[each - 1], section[each]);
 }
 
 void SmsSection::follow(CarrierRow *row)

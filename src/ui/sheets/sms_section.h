@@ -4,6 +4,7 @@
 #include "ui/sheets/sending_section.h"
 
 class QButtonGroup;
+class QCheckBox;
 class QPushButton;
 class QRadioButton;
 
@@ -26,6 +27,7 @@ private:
     void addStopReplies(SendDesk &desk);
     void refresh();
     void rebuild(const std::vector<Carrier> &found);
+    void orderKeyboard();
     void test();
     void showOutcome(const TransportResult &result);
     void showUnlocked(const std::optional<QString> &refusal);
@@ -39,6 +41,7 @@ private:
     QRadioButton *m_none;
     QButtonGroup *m_choices; ///< the rows' and the one for none
     QPushButton *m_test;
+    QCheckBox *m_offer; ///< of the replies that say STOP
     StatusLabel *m_outcome;
     bool m_isTesting = false;
 };

@@ -92,6 +92,29 @@ TEST_F(CarriersSheet, ChoosesUnlocksAndTestsTheCarrier)
     EXPECT_EQ(carriers.choice, QString());
 }
 
+TEST_F(CarriersSheet, TabGoesDownTheSheetAlsoPastACarrierThatCame)
+{
+    CarriersView sheet(desktop.platform(), desk, nullptr);
+    const Probe probe(sheet);
+    carriers.carriers.push_back(carriers.carriers[0]);
+    carriers.carriers[2].id = u"modem:2"_s;
+    Q_EMIT carriers.changed();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    settle();
+    int above = 0;
+    const QWidget *close = probe.button(u"Fermer"_s);
+    for (QWidget *each = close->nextInFocusChain(); each != close;
+         each = each->nextInFocusChain()) {
+        const bool isPassed = !(each->focusPolicy() & Qt::TabFocus) || !each->isVisibleTo(&sheet);
+        if (isPassed || qobject_cast<QAbstractScrollArea *>(each))
+            continue;
+        const int top = each->mapTo(&sheet, QPoint()).y();
+        EXPECT_GT(top + each->height(), above)
+            << each->metaObject()->className() << each->property("text").toString().toStdString();
+        above = top;
+    }
+}
+
 TEST_F(CarriersSheet, OffersTheRepliesThatSayStop)
 {
     store().recordSent(alix(), desktop.clock.now() - std::chrono::hours(1));
