@@ -185,12 +185,12 @@ void ContactList::readTexts(std::size_t entry) const
     if (m_texts.has(entry))
         return;
     const Cell cell{m_store, m_state, m_entries[entry].contact};
-    QString texts;
+    m_read.resize(0);
     for (const ContactColumn &column : contactColumns()) {
         if (column.searched)
-            texts += column.searched(cell) + textSeparator;
+            m_read += column.searched(cell) + textSeparator;
     }
-    m_texts.set(entry, texts);
+    m_texts.set(entry, m_read);
 }
 
 /// A total order: what is equal in every respect stays in the store's order.

@@ -107,6 +107,7 @@ private:
     enum class Accepted : char { unknown, no, yes };
     mutable std::vector<Accepted> m_accepted; ///< by the filter, asked once of each entry
     mutable SearchTexts m_texts;              ///< read once a search looks for them
+    mutable QString m_read;                   ///< the text being read, which keeps its room
     SortColumn m_sortColumn = SortColumn::name;
     Qt::SortOrder m_sortOrder = Qt::AscendingOrder;
     int m_smsSent = 0;
