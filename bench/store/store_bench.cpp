@@ -32,7 +32,7 @@ void writeFiles(const test::FakeDesktop &desktop, int contacts)
     Dictionary<SendStatus> statuses;
     Dictionary<EmailSendStatus> emailStatuses;
     Dictionary<QString> assignments;
-    std::map<QString, IdSet> months;
+    std::map<QString, std::vector<QString>> months;
     for (int contact = 0; contact < contacts; ++contact) {
         const QString id = idOf(contact);
         const QString address = u"contact%1@example.org"_s.arg(contact);
@@ -41,15 +41,15 @@ void writeFiles(const test::FakeDesktop &desktop, int contacts)
         std::vector<Instant> history;
         for (int send = 0; send < sends; ++send) {
             history.push_back(desktop.clock.now() - std::chrono::days(30 * (sends - send)));
-            months[u"2025-%1"_s.arg(send + 1, 2, 10, QChar(u'0'))].insert(id);
+            months[u"2025-%1"_s.arg(send + 1, 2, 10, QChar(u'0'))].push_back(id);
         }
         statuses.set(id, {true, history.back(), u"À rappeler"_s, std::nullopt, history});
         emailStatuses.set(id, {true, history.back(), history});
         assignments.set(id, ProspectStore::defaultMessageID);
     }
-    Dictionary<IdSet> recipients;
+    Dictionary<TextSet> recipients;
     for (auto &[month, ids] : months)
-        recipients.set(month, std::move(ids));
+        recipients.set(month, TextSet(std::move(ids)));
     desktop.writeFile(u"nouveaux-numeros.json"_s, fileOf(prospects));
     desktop.writeFile(u"suivi-envois.json"_s, fileOf(statuses));
     desktop.writeFile(u"suivi-envois-mails.json"_s, fileOf(emailStatuses));

@@ -2,6 +2,7 @@
 // empty folder, and the memory that many contacts take, against their files.
 
 #include "contact_files.h"
+#include "messaging/send_desk.h"
 #include "platform/linux/memory.h"
 #include "report.h"
 #include "store/prospect_store.h"
@@ -72,7 +73,8 @@ int showWindow(int argc, char **argv, const QString &folder, bool searches)
     QFile::link(folder, desktop.folders.data());
     Switches switches(desktop.preferences);
     ProspectStore store(desktop.platform());
-    ContentView window(store, switches, desktop.platform());
+    SendDesk desk(store, desktop.platform());
+    ContentView window(desk, switches, desktop.platform());
     window.show();
     while (!window.isActiveWindow())
         QApplication::processEvents();

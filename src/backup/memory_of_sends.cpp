@@ -91,9 +91,10 @@ MemoryOfSends memoryOf(const ProspectStore &store)
     });
     for (const QString &id : memory.stopped)
         memory.stoppedKeys.merge(keysOf(contactOf(id, store)));
-    store.smsMonthlyRecipientsByMonth().forEach([&memory](const QString &month, const IdSet &keys) {
-        memory.recipientsByMonth[month] = keys;
-    });
+    store.smsMonthlyRecipientsByMonth().forEach(
+        [&memory](const QString &month, const TextSet &keys) {
+            memory.recipientsByMonth[month] = keys;
+        });
     memory.doNotContact = store.doNotContact().entries();
     memory.erased = store.doNotContact().erased();
     return memory;
@@ -173,7 +174,7 @@ void bringBackSends(const MemoryOfSends &memory, ProspectStore &store)
     for (const auto &[month, keys] : memory.recipientsByMonth) {
         Prospect recipient; // without a number it is counted by its id
         for (const QString &key : keys) {
-            const IdSet *counted = store.smsMonthlyRecipientsByMonth().find(month);
+            const TextSet *counted = store.smsMonthlyRecipientsByMonth().find(month);
             recipient.id = key;
             if (!counted || !counted->contains(key))
                 store.recordSMSRecipientUsage(recipient, middleOf(month));

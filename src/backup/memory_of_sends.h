@@ -2,6 +2,7 @@
 
 #include "model/id_set.h"
 #include "model/records.h"
+#include "model/text_set.h"
 #include "store/erased_keys.h"
 
 #include <QHash>
@@ -21,7 +22,7 @@ struct MemoryOfSends {
     IdSet stoppedKeys; ///< their numbers and addresses, as an import would know them
     SendDates sms;
     SendDates emails;
-    std::map<QString, IdSet> recipientsByMonth;
+    std::map<QString, TextSet> recipientsByMonth;
     IdSet doNotContact; ///< entries of the list
     ErasedKeys erased;  ///< of it
 };

@@ -3,6 +3,7 @@
 #include "model/dictionary.h"
 #include "model/id_set.h"
 #include "model/sequence.h"
+#include "model/text_set.h"
 
 namespace quenoria {
 

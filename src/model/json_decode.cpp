@@ -1,6 +1,7 @@
 #include "model/json_decode.h"
 
 #include "model/records.h"
+#include "model/text_set.h"
 
 #include <simdjson.h>
 
@@ -11,6 +12,7 @@
 #include <new>
 #include <set>
 #include <string>
+#include <unordered_map>
 #include <utility>
 
 namespace quenoria {
@@ -176,6 +178,24 @@ public:
         });
     }
 
+    /// Sets of one file hold much the same texts: each of these takes its memory once.
+    bool read(Node node, TextSet &out)
+    {
+        std::vector<QString> texts;
+        const bool isRead = readElements(node, [&](Node value) {
+            std::string_view text;
+            if (value.get_string().get(text) != simdjson::SUCCESS)
+                return false;
+            const auto [known, isNew] = m_shared.try_emplace(text);
+            if (isNew)
+                known->second = qString(text);
+            texts.push_back(known->second);
+            return true;
+        });
+        out = TextSet(std::move(texts));
+        return isRead;
+    }
+
     template <typename T>
     bool read(Node node, JsonMembers<T> &out)
     {
@@ -203,6 +223,7 @@ private:
 
     RecentTexts m_texts;
     std::vector<Instant> m_instants;
+    std::unordered_map<std::string_view, QString> m_shared; ///< by the parser's own bytes
 };
 
 /// The code unit of "\\uXXXX" at the position, if that is what stands there.
@@ -295,7 +316,7 @@ template std::optional<JsonMembers<QString>> decodeJson(const QByteArray &);
 template std::optional<JsonMembers<SendStatus>> decodeJson(const QByteArray &);
 template std::optional<JsonMembers<EmailSendStatus>> decodeJson(const QByteArray &);
 template std::optional<JsonMembers<ContactOverride>> decodeJson(const QByteArray &);
-template std::optional<JsonMembers<std::set<QString>>> decodeJson(const QByteArray &);
+template std::optional<JsonMembers<TextSet>> decodeJson(const QByteArray &);
 template std::optional<std::set<QString>> decodeJson(const QByteArray &);
 
 } // namespace quenoria

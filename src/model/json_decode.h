@@ -19,7 +19,7 @@ inline constexpr qsizetype jsonReadAhead = 64;
 
 /// Decodes a whole file or nothing: a missing or mistyped required member, a malformed date or a
 /// syntax error anywhere refuses it. Unknown members are ignored, null optional ones are absent.
-/// Shapes: std::vector of records, std::set of texts, JsonMembers of records, texts or sets.
+/// Shapes: std::vector of records, std::set of texts, JsonMembers of records, texts or text sets.
 template <typename Shape>
 [[nodiscard]] std::optional<Shape> decodeJson(const QByteArray &bytes);
 

@@ -35,10 +35,10 @@ std::vector<Instant> newestFirst(std::vector<Instant> history)
     return history;
 }
 
-QStringList monthsWith(const Dictionary<IdSet> &recipientsByMonth, const IdSet &keys)
+QStringList monthsWith(const Dictionary<TextSet> &recipientsByMonth, const IdSet &keys)
 {
     QStringList months;
-    recipientsByMonth.forEach([&](const QString &month, const IdSet &recipients) {
+    recipientsByMonth.forEach([&](const QString &month, const TextSet &recipients) {
         if (std::ranges::any_of(
                 keys, [&recipients](const QString &key) { return recipients.contains(key); }))
             months << month;

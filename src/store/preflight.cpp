@@ -18,7 +18,7 @@ public:
     Look(const ProspectStore &store, const PlannedRun &run) : m_store(store), m_run(run)
     {
         const QDate today = localDateTime(run.now, run.zone).date();
-        if (const IdSet *known = store.smsMonthlyRecipientsByMonth().find(quotaMonth(today)))
+        if (const TextSet *known = store.smsMonthlyRecipientsByMonth().find(quotaMonth(today)))
             m_counted = *known;
     }
 
@@ -102,7 +102,7 @@ private:
     const PlannedRun &m_run;
     Preflight m_found;
     QHash<QString, bool> m_blanks; ///< by template
-    IdSet m_counted;               ///< recipients of the month, with those of the run so far
+    TextSet m_counted;             ///< recipients of the month, with those of the run so far
     int m_turn = 0;
 };
 

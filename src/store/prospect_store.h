@@ -68,7 +68,7 @@ public:
     const IdSet &emailSendSelection() const { return m_emailSendSelection; }
     const std::vector<Prospect> &prospects() const { return m_prospects; } ///< built-in list
     bool isReady() const { return m_isReady; }
-    const Dictionary<IdSet> &smsMonthlyRecipientsByMonth() const
+    const Dictionary<TextSet> &smsMonthlyRecipientsByMonth() const
     {
         return m_smsMonthlyRecipientsByMonth;
     }
@@ -307,7 +307,7 @@ private:
     IdSet m_emailSendSelection;
     std::vector<Prospect> m_prospects;
     bool m_isReady = false;
-    Dictionary<IdSet> m_smsMonthlyRecipientsByMonth;
+    Dictionary<TextSet> m_smsMonthlyRecipientsByMonth;
     std::optional<Instant> m_lastAutomaticSMSSentAt;
     bool m_automaticSMSBusy = false;
     std::map<Collection, QString> m_unsaved;

@@ -38,7 +38,8 @@ QString ProspectStore::recipientKey(const Prospect &prospect) { return quotaReci
 
 int ProspectStore::smsRecipientsSentThisMonth() const
 {
-    const IdSet *recipients = m_smsMonthlyRecipientsByMonth.find(monthKey(m_platform.clock.now()));
+    const TextSet *recipients =
+        m_smsMonthlyRecipientsByMonth.find(monthKey(m_platform.clock.now()));
     return recipients ? int(recipients->size()) : 0;
 }
 
@@ -51,7 +52,8 @@ Refusal ProspectStore::smsQuotaError(const Prospect &prospect, bool freeProEnabl
 {
     if (freeProEnabled)
         return {};
-    const IdSet *recipients = m_smsMonthlyRecipientsByMonth.find(monthKey(m_platform.clock.now()));
+    const TextSet *recipients =
+        m_smsMonthlyRecipientsByMonth.find(monthKey(m_platform.clock.now()));
     if (!recipients || recipients->contains(recipientKey(prospect)))
         return {};
     if (int(recipients->size()) >= standardSMSMonthlyRecipientLimit)
@@ -62,19 +64,20 @@ Refusal ProspectStore::smsQuotaError(const Prospect &prospect, bool freeProEnabl
 void ProspectStore::recordSMSRecipientUsage(const Prospect &prospect, Instant date)
 {
     m_smsMonthlyRecipientsByMonth.edit(
-        monthKey(date), [&](IdSet &recipients) { recipients.insert(recipientKey(prospect)); });
+        monthKey(date), [&](TextSet &recipients) { recipients.insert(recipientKey(prospect)); });
     publish(Collection::smsMonthlyRecipientsByMonth);
 }
 
 void ProspectStore::mergeExistingSMSHistoryIntoMonthlyRecipients()
 {
-    std::map<QString, IdSet> months;
+    std::map<QString, std::vector<QString>> months;
     for (const Prospect &prospect : allProspects()) {
+        const QString recipient = recipientKey(prospect);
         for (const Instant date : sendHistory(prospect))
-            months[monthKey(date)].insert(recipientKey(prospect));
+            months[monthKey(date)].push_back(recipient);
     }
     for (auto &[month, recipients] : months)
-        m_smsMonthlyRecipientsByMonth.set(month, std::move(recipients));
+        m_smsMonthlyRecipientsByMonth.set(month, TextSet(std::move(recipients)));
     publish(Collection::smsMonthlyRecipientsByMonth);
 }
 

@@ -219,9 +219,10 @@ SendReport sendReport(const ProspectStore &store, const QTimeZone &zone, Instant
         messages.add(recipient, now);
         emails.add(recipient, now);
     }
-    store.smsMonthlyRecipientsByMonth().forEach([&](const QString &month, const IdSet &recipients) {
-        months.addQuota(month, int(recipients.size()));
-    });
+    store.smsMonthlyRecipientsByMonth().forEach(
+        [&](const QString &month, const TextSet &recipients) {
+            months.addQuota(month, int(recipients.size()));
+        });
     SendReport report{
         months.lines(), std::move(departments).lines(), std::move(trades).lines(), {}};
     messages.appendTo(report.templates);

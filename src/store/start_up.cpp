@@ -3,8 +3,12 @@
 #include "store/set_aside.h"
 
 #include <QFile>
+#include <QScopeGuard>
 
+#include <algorithm>
 #include <future>
+#include <semaphore>
+#include <thread>
 
 using namespace Qt::StringLiterals;
 
@@ -71,10 +75,17 @@ void ProspectStore::setTestNumber(const QString &phone)
 
 void ProspectStore::loadFiles()
 {
-    // Histories grow for years: the files are decoded and compared side by side.
+    // Histories grow for years: the files are decoded and compared side by side, but no more of
+    // them than is quicker, since each is in memory twice meanwhile.
+    std::counting_semaphore<> cores(std::max(1U, std::thread::hardware_concurrency()));
+    const auto decodeInTurn = [&cores](const CollectionDescriptor &row, const QString &path) {
+        cores.acquire();
+        const auto leave = qScopeGuard([&cores] { cores.release(); });
+        return decodeFile(row, path);
+    };
     std::vector<std::future<std::optional<DecodedFile>>> files;
     for (const CollectionDescriptor &row : collections())
-        files.push_back(std::async(&decodeFile, std::cref(row), file(row.collection)));
+        files.push_back(std::async(decodeInTurn, std::cref(row), file(row.collection)));
     // All before the first is set aside: memory may not suffice for one of them.
     std::vector<std::optional<DecodedFile>> contents;
     contents.reserve(files.size());

@@ -200,7 +200,7 @@ TEST_F(Quota, WritingsOfOneNumberCountOnce)
     store().recordSentNow(dotted);
     store().recordSentNow(*store().prospect(u"email:f@example.org"_s));
     EXPECT_EQ(*store().smsMonthlyRecipientsByMonth().find(u"2026-03"_s),
-              (IdSet{u"0639980050"_s, u"33639980050"_s, u"email:f@example.org"_s}));
+              (TextSet{u"0639980050"_s, u"33639980050"_s, u"email:f@example.org"_s}));
 }
 
 } // namespace
