@@ -17,7 +17,8 @@ public:
     TextSet(std::initializer_list<QString> texts) : TextSet(std::vector<QString>(texts)) {}
     explicit TextSet(std::vector<QString> texts) : m_texts(std::move(texts))
     {
-        std::ranges::sort(m_texts);
+        if (!std::ranges::is_sorted(m_texts)) // in a file they are
+            std::ranges::sort(m_texts);
         m_texts.erase(std::unique(m_texts.begin(), m_texts.end()), m_texts.end());
         m_texts.shrink_to_fit();
     }
