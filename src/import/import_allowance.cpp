@@ -21,7 +21,8 @@ void ImportAllowance::spend(std::uint64_t bytes)
 void ImportAllowance::spend(const QString &text)
 {
     constexpr std::uint64_t overhead = 32; // of a text, whatever its length
-    spend(overhead + 2 * std::uint64_t(text.size()));
+    constexpr std::uint64_t ofLetter = 3;  // here, and in the text of its record for the file
+    spend(overhead + ofLetter * std::uint64_t(text.size()));
 }
 
 void ImportAllowance::spend(const Prospect &contact)
@@ -32,6 +33,8 @@ void ImportAllowance::spend(const Prospect &contact)
     spend(contact.phone);
     if (contact.email)
         spend(*contact.email);
+    if (contact.profession) // shared by contacts, but not by the texts of their records
+        spend(std::uint64_t(contact.profession->size()));
 }
 
 } // namespace quenoria

@@ -138,7 +138,6 @@ void Analysis::noteAddress(const QString &id, const QString &address)
 
 void Analysis::keep(Prospect contact, const DepartmentInfo &department, const QString &profession)
 {
-    m_allowance.spend(contact);
     const auto [known, isNew] = m_departments.try_emplace(department.code);
     if (isNew || known->second.name != department.name) {
         m_allowance.spend(department.name);
@@ -153,6 +152,7 @@ void Analysis::keep(Prospect contact, const DepartmentInfo &department, const QS
         }
         contact.profession = *shared;
     }
+    m_allowance.spend(contact);
     m_result.prospects.push_back(std::move(contact));
     m_added.insert(quint32(m_result.prospects.size() - 1), addedId());
 }
