@@ -23,14 +23,6 @@ std::vector<Instant> datesOf(const Status *status)
     return dates;
 }
 
-IdSet keysOf(const Prospect &contact)
-{
-    IdSet keys{contact.id, duplicateKey(contact)};
-    if (contact.email)
-        keys.insert(u"email:"_s + contact.email->toLower());
-    return keys;
-}
-
 /// The same send twice in one second is two sends on both sides, and so once each.
 std::vector<Instant> missing(const std::vector<Instant> &known, const std::vector<Instant> &own)
 {
@@ -97,6 +89,7 @@ MemoryOfSends memoryOf(const ProspectStore &store)
         });
     memory.doNotContact = store.doNotContact().entries();
     memory.erased = store.doNotContact().erased();
+    memory.deletedStops = store.doNotContact().deletedStops();
     return memory;
 }
 
@@ -130,7 +123,8 @@ void leaveOutErased(const MemoryOfSends &memory, ProspectStore &store)
 IdSet forgottenStops(const MemoryOfSends &memory, const ProspectStore &store)
 {
     const auto isKnown = [&memory](const QString &key) {
-        return memory.stoppedKeys.contains(key) || memory.doNotContact.contains(key);
+        return memory.stoppedKeys.contains(key) || memory.doNotContact.contains(key) ||
+               memory.deletedStops.contains(key);
     };
     IdSet ids = memory.stopped;
     for (const Prospect &contact : store.allProspects()) {

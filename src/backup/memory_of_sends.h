@@ -23,8 +23,9 @@ struct MemoryOfSends {
     SendDates sms;
     SendDates emails;
     std::map<QString, TextSet> recipientsByMonth;
-    IdSet doNotContact; ///< entries of the list
-    ErasedKeys erased;  ///< of it
+    IdSet doNotContact;      ///< entries of the list
+    ErasedKeys erased;       ///< of it
+    ErasedKeys deletedStops; ///< of it
 };
 
 [[nodiscard]] MemoryOfSends memoryOf(const ProspectStore &store);

@@ -150,4 +150,12 @@ QString duplicateKey(const Prospect &prospect)
     return prospect.id;
 }
 
+IdSet keysOf(const Prospect &contact)
+{
+    IdSet keys{contact.id, duplicateKey(contact)};
+    if (contact.email)
+        keys.insert(u"email:"_s + contact.email->toLower());
+    return keys;
+}
+
 } // namespace quenoria

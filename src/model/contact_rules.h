@@ -1,5 +1,7 @@
 #pragma once
 
+#include "model/id_set.h"
+
 #include <QString>
 
 #include <optional>
@@ -56,5 +58,8 @@ struct LabelParts {
 /// Key under which two contacts count as one: the mobile's digits, else "email:" and the valid
 /// address, else the contact's id.
 [[nodiscard]] QString duplicateKey(const Prospect &prospect);
+
+/// Every key by which the contact may be met again: its id, its duplicate key, its address.
+[[nodiscard]] IdSet keysOf(const Prospect &contact);
 
 } // namespace quenoria

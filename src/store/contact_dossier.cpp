@@ -46,14 +46,6 @@ QStringList monthsWith(const Dictionary<TextSet> &recipientsByMonth, const IdSet
     return months;
 }
 
-void takeKeys(const Prospect &contact, IdSet &keys)
-{
-    keys.insert(contact.id);
-    keys.insert(duplicateKey(contact));
-    if (contact.email)
-        keys.insert(u"email:"_s + contact.email->toLower());
-}
-
 } // namespace
 
 std::optional<ContactDossier> contactDossier(const ProspectStore &store, const QString &id)
@@ -93,10 +85,9 @@ std::optional<ContactDossier> contactDossier(const ProspectStore &store, const Q
 
 IdSet keysOf(const ContactDossier &dossier)
 {
-    IdSet keys;
-    takeKeys(dossier.contact, keys);
+    IdSet keys = keysOf(dossier.contact);
     if (dossier.first)
-        takeKeys(*dossier.first, keys);
+        keys.merge(keysOf(*dossier.first));
     return keys;
 }
 

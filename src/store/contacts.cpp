@@ -94,6 +94,19 @@ Refusal ProspectStore::update(const Prospect &prospect, const ContactEdit &edit)
     return {};
 }
 
+/// A backup of before they asked for no message must not bring consent back once no newer one
+/// knows better.
+void ProspectStore::rememberStopsOf(const IdSet &ids)
+{
+    IdSet keys;
+    for (const QString &id : ids) {
+        if (const Prospect *contact = prospect(id); contact && isStopped(*contact))
+            keys.merge(keysOf(*contact));
+    }
+    if (!keys.empty())
+        m_doNotContact.addDeletedStops(keys);
+}
+
 /// Takes whatever is kept about the contacts out of the collections and the selections.
 void ProspectStore::forget(const IdSet &ids)
 {
@@ -123,6 +136,7 @@ int ProspectStore::deleteProspects(const IdSet &ids)
     if (targets.empty())
         return 0;
     Q_EMIT aboutToSweep();
+    rememberStopsOf(targets);
     for (const Prospect &prospect : m_prospects) {
         if (targets.contains(prospect.id))
             m_deletedProspectIDs.insert(prospect.id);

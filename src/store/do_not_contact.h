@@ -10,7 +10,8 @@ namespace quenoria {
 
 /// Numbers and addresses of people who want no message and are no contacts, in a small file beside
 /// the collections. Each is known as an import would know it: ten digits, or "email:" and the
-/// address. Those of people who were erased stand there as hashes.
+/// address. Those of people who were erased stand there as hashes, and so do those of contacts who
+/// were deleted and wanted no message.
 class DoNotContact {
 public:
     static constexpr const char16_t *fileName = u"numeros-a-ne-pas-contacter.json";
@@ -32,6 +33,14 @@ public:
     /// The same, each as a hash alone: where it stood in clear before, it does no more.
     [[nodiscard]] Refusal addErased(const IdSet &keys);
 
+    /// Contacts that were deleted after they had asked for no message: an import may bring them
+    /// back as new ones, a restore brings them back as they asked.
+    const ErasedKeys &deletedStops() const { return m_deletedStops; }
+
+    /// Keeps hashes of these. Where they cannot be written, writeOwed() tries again.
+    void addDeletedStops(const IdSet &keys);
+    void writeOwed();
+
     const QStringList &filesSetAside() const { return m_filesSetAside; }
 
 private:
@@ -43,7 +52,9 @@ private:
     IdSet m_entries; ///< as the file has them
     IdSet m_keys;    ///< those in clear
     ErasedKeys m_erased;
-    Refusal m_unreadable; ///< why the file was left as it is
+    ErasedKeys m_deletedStops;
+    bool m_isOwed = false; ///< the file holds less than the entries
+    Refusal m_unreadable;  ///< why the file was left as it is
     QStringList m_filesSetAside;
 };
 

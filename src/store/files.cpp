@@ -59,6 +59,7 @@ void ProspectStore::save(Collection collection)
 {
     const Refusal error = writeFile(collection);
     if (!error) {
+        m_doNotContact.writeOwed(); // of the same disk
         if (m_unsaved.erase(collection) != 0)
             Q_EMIT saved();
         return;

@@ -245,6 +245,7 @@ private:
 
     void indexMerged() const;
     Prospect effective(const Prospect &prospect) const;
+    void rememberStopsOf(const IdSet &ids);
     void forget(const IdSet &ids);
     bool copyRecords(const std::map<QString, QString> &origins);
     QStringList twins(const QString &id) const;

@@ -206,6 +206,27 @@ TEST_F(RestoreTest, AContactThatWasStoppedAndThenDeletedComesBackStopped)
     EXPECT_TRUE(store().isStopped(*store().prospect(u"0639980020"_s))) << "listed since";
 }
 
+TEST_F(RestoreTest, AStopOutlivesItsContactAndEveryBackupThatHeldIt)
+{
+    ASSERT_EQ(store().add(u"Dora"_s, u"06 39 98 00 20"_s, u"d@example.org"_s, u"29"_s, {}),
+              std::nullopt);
+    backUp();
+    store().setStopped(true, *store().prospect(u"0639980020"_s));
+    store().setStopped(true, alix());
+    const QString list = QString::fromUtf16(DoNotContact::fileName);
+    const QString before = u"%1/%2"_s.arg(desktop.folders.data(), list);
+    ASSERT_TRUE(QDir().mkpath(before)); // the disk takes nothing at first
+    store().deleteProspects({alix().id, u"0639980020"_s});
+    ASSERT_TRUE(QDir().rmdir(before));
+    store().setComment(u"plus tard"_s, chloe());
+    restart();
+    EXPECT_FALSE(desktop.file(list).contains("39980020"));
+    EXPECT_TRUE(store().doNotContact().keys().empty()) << "an import may bring them back";
+    ASSERT_EQ(restore(), std::nullopt);
+    EXPECT_TRUE(store().isStopped(alix()));
+    EXPECT_TRUE(store().isStopped(*store().prospect(u"0639980020"_s)));
+}
+
 TEST_F(RestoreTest, WhoWasErasedStaysSoWhateverIsKept)
 {
     ASSERT_EQ(store().add(u"Dora"_s, u"06 39 98 00 20"_s, {}, u"29"_s, {}), std::nullopt);

@@ -140,11 +140,15 @@ void DossierView::save()
 void DossierView::askToErase()
 {
     const QString label = m_dossier->contact.label;
-    const QString later =
+    QString later =
         m_keepOut->isChecked()
             ? u"Une empreinte de son numéro et de son adresse sera gardée, pour qu’aucun import ne "
               "le ramène."_s
             : u"Un import qui contient ce contact le ramènera, sans sa demande STOP."_s;
+    if (!m_keepOut->isChecked() && m_dossier->isStopped)
+        later +=
+            u" Une empreinte de cette demande sera gardée, pour qu’une sauvegarde restaurée ne "
+            "l’oublie pas."_s;
     confirm(
         this,
         {u"Effacer ce contact et ses données ?"_s,
