@@ -18,18 +18,32 @@ IdSet keysForImports(const ContactDossier &dossier)
     return keys;
 }
 
+bool isErasedAddress(const ErasedKeys &erased, const std::optional<QString> &address)
+{
+    return address && !erased.empty() && erased.contains(u"email:"_s + *address);
+}
+
+bool isErasedContact(const ErasedKeys &erased, const QString &key,
+                     const std::optional<QString> &address)
+{
+    return erased.contains(key) || isErasedAddress(erased, address);
+}
+
 std::size_t leaveOutErased(ProspectImportAnalysis &analysis, const ErasedKeys &erased)
 {
     if (erased.empty()) // most often: no hash is computed for a row
         return 0;
-    const auto isErased = [&erased](const QString &address) {
-        return erased.contains(u"email:"_s + address);
-    };
+    IdSet gone;
     const std::size_t contacts = std::erase_if(analysis.prospects, [&](const Prospect &contact) {
-        return erased.contains(contact.id) || (contact.email && isErased(*contact.email));
+        const bool isErased = isErasedContact(erased, contact.id, contact.email);
+        if (isErased)
+            gone.insert(contact.id);
+        return isErased;
     });
-    return contacts + std::erase_if(analysis.emailUpdates,
-                                    [&](const auto &update) { return isErased(update.second); });
+    // A row that repeats one that was left out may give its contact another address.
+    return contacts + std::erase_if(analysis.emailUpdates, [&](const auto &update) {
+               return gone.contains(update.first) || isErasedAddress(erased, update.second);
+           });
 }
 
 } // namespace quenoria

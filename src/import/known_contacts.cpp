@@ -15,6 +15,7 @@ KnownContacts KnownContacts::of(const ProspectStore &store)
             known.byKey[key] = {contact->label, contact->email.value_or(QString())};
     }
     known.notToContact = store.doNotContact().keys();
+    known.erased = store.doNotContact().erased();
     return known;
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "model/id_set.h"
+#include "store/erased_keys.h"
 
 #include <QHashFunctions> // std::hash of a QString
 #include <QString>
@@ -20,6 +21,7 @@ struct KnownContacts {
 
     std::unordered_map<QString, Contact> byKey; ///< see IdsByKey
     IdSet notToContact;                         ///< keys
+    ErasedKeys erased;                          ///< whom no import brings back
 
     static KnownContacts of(const ProspectStore &store);
 };

@@ -1,6 +1,7 @@
 #include "import/workbook_check.h"
 
 #include "import/contact_columns.h"
+#include "import/erased_contacts.h"
 #include "import/row_words.h"
 
 using namespace Qt::StringLiterals;
@@ -12,6 +13,7 @@ namespace {
 constexpr std::size_t mostHeaders = 20;
 constexpr qsizetype mostTitles = 40;
 const QString emailPrefix = u"email:"_s;
+const QString erasedRow = u"Laissé de côté : données effacées à la demande du contact"_s;
 
 QString roleName(ColumnRole role)
 {
@@ -119,6 +121,10 @@ WorkbookChecker::Outcome WorkbookChecker::outcomeOf(const WorksheetRow &row,
     case RowEnd::added:
         break;
     }
+    if (isErasedContact(m_known.erased, fate.key, fate.email)) {
+        m_erased.insert(fate.key);
+        return {CheckedEnd::erased, erasedRow};
+    }
     const QString email = fate.email.value_or(QString());
     m_known.byKey[fate.key] = {rowName(row.number()), email};
     const bool isListed = m_known.notToContact.contains(fate.key) ||
@@ -130,11 +136,17 @@ WorkbookChecker::Outcome WorkbookChecker::outcomeOf(const WorksheetRow &row,
 /// Of an address by which the contact is known, a merge makes no news.
 WorkbookChecker::Outcome WorkbookChecker::outcomeOfRepeat(const RowFate &fate)
 {
+    if (m_erased.contains(fate.key))
+        return {CheckedEnd::erased, erasedRow};
     KnownContacts::Contact &known = m_known.byKey[fate.key];
     const QString email = fate.email.value_or(QString());
     if (email.isEmpty() || fate.key.startsWith(emailPrefix) ||
         email.compare(known.email, Qt::CaseInsensitive) == 0)
         return {CheckedEnd::duplicate, u"Déjà présent : "_s + known.name};
+    if (isErasedAddress(m_known.erased, email))
+        return {CheckedEnd::erased, u"Adresse laissée de côté, effacée à la demande de son "
+                                    "titulaire : "_s +
+                                        known.name};
     const QString before = std::exchange(known.email, email);
     if (before.isEmpty())
         return {CheckedEnd::addressUpdate, u"Adresse ajoutée : "_s + known.name};

@@ -11,8 +11,16 @@
 namespace quenoria {
 
 /// What a row of a workbook would come to, for those who look before they import.
-enum class CheckedEnd { added, addressUpdate, duplicate, nameless, unreachable, noDepartment };
-inline constexpr std::size_t checkedEnds = 6;
+enum class CheckedEnd {
+    added,
+    addressUpdate,
+    duplicate,
+    nameless,
+    unreachable,
+    noDepartment,
+    erased
+};
+inline constexpr std::size_t checkedEnds = 7;
 
 /// A header that was recognised.
 struct CheckedHeader {
@@ -69,6 +77,7 @@ private:
     QString rowName(std::uint32_t number) const;
 
     KnownContacts m_known;
+    IdSet m_erased; ///< keys of the rows that were left out
     WorkbookCheck m_check;
     bool m_sheetHasHeader = false;
 };

@@ -76,7 +76,7 @@ TEST_F(Check, EachRowIsToldWhatBecomesOfIt)
               "32 Pas de mobile, pas d’adresse e-mail valide dans « fixe@ »\n"
               "34 Ni département ni code postal\n"
               "36 Pas de numéro de département dans « Bretagne » ni dans le code postal « 7 »");
-    EXPECT_EQ(check.counts, (std::array{2, 3, 1, 1, 3, 2}));
+    EXPECT_EQ(check.counts, (std::array{2, 3, 1, 1, 3, 2, 0}));
     EXPECT_EQ(check.headers.front().used,
               (QStringList{u"Nom (« Raison sociale »)"_s, u"Mobile (« Portable »)"_s,
                            u"E-mail (« Mail »)"_s, u"Département"_s, u"Code postal (« CP »)"_s}));
@@ -85,6 +85,25 @@ TEST_F(Check, EachRowIsToldWhatBecomesOfIt)
     EXPECT_TRUE(store().customProspects().empty()) << "a look changes nothing";
     EXPECT_TRUE(store().merge(std::move(analysis)).message.startsWith(u"2 contact(s) ajouté(s)."_s))
         << "what was shown is what is imported";
+}
+
+TEST_F(Check, RowsOfErasedPeopleAreToldAsTheImportLeavesThemOut)
+{
+    ASSERT_FALSE(store().rememberErased({u"0639980060"_s, u"email:dina@example.org"_s}));
+    const auto row = [](const QString &mobile, const QString &email) {
+        return QStringList{u"Dina"_s, mobile, email, {}, u"29"_s};
+    };
+    const std::string erased = " Laissé de côté : données effacées à la demande du contact\n";
+    EXPECT_EQ(outcomes({row(u"0639980060"_s, {}), row(u"0639980060"_s, u"d@example.org"_s),
+                        row(u"0639980061"_s, u"dina@example.org"_s), row(u"0639980061"_s, {}),
+                        row(u"0639980012"_s, u"dina@example.org"_s), row(u"0639980062"_s, {})}),
+              "12" + erased + "14" + erased + "16" + erased + "18" + erased +
+                  "20 Adresse laissée de côté, effacée à la demande de son titulaire : CHLOÉ — "
+                  "VANNES (56)\n22 Nouveau contact");
+    EXPECT_EQ(check.rejected->rows(), 0U) << "a file to correct names nobody who was erased";
+    std::ignore = store().merge(std::move(analysis));
+    EXPECT_EQ(store().customProspects().size(), 1U);
+    EXPECT_TRUE(store().emailOverrides().empty()) << "of nobody";
 }
 
 TEST_F(Check, OfManyRowsTheFirstOfEachEndAreKept)

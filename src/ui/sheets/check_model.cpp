@@ -23,6 +23,8 @@ QIcon markOf(CheckedEnd end)
         return symbol(u"pencil"_s, Tint::accent);
     case CheckedEnd::duplicate:
         return symbol(u"checkmark.circle"_s, Tint::secondary);
+    case CheckedEnd::erased:
+        return symbol(u"hand.raised.circle.fill"_s, Tint::secondary);
     case CheckedEnd::nameless:
     case CheckedEnd::unreachable:
     case CheckedEnd::noDepartment:

@@ -28,6 +28,7 @@ const std::array kinds{
     Kind{u"Rejetées : sans nom", {nameless}},
     Kind{u"Rejetées : ni mobile ni adresse", {unreachable}},
     Kind{u"Rejetées : département introuvable", {noDepartment}},
+    Kind{u"Laissées de côté : données effacées", {erased}},
 };
 
 QString inFrench(int count) { return displayLocale().toString(count); }
@@ -55,7 +56,7 @@ std::vector<CheckedChoice> choicesOf(const WorkbookCheck &check)
     const int all = std::accumulate(check.counts.begin(), check.counts.end(), 0);
     std::vector<CheckedChoice> choices{
         {u"Toutes les lignes (%1)"_s.arg(inFrench(all)),
-         {added, addressUpdate, duplicate, nameless, unreachable, noDepartment}}};
+         {added, addressUpdate, duplicate, nameless, unreachable, noDepartment, erased}}};
     for (const Kind &kind : kinds) {
         if (const int count = countOf(check, kind.ends); count > 0)
             choices.push_back(
@@ -81,10 +82,14 @@ QString headersInWords(const WorkbookCheck &check)
 
 QString countsInWords(const WorkbookCheck &check)
 {
-    return u"%1 nouveau(x) contact(s), %2 adresse(s) e-mail, %3 déjà présent(s), %4 rejetée(s)."_s
-        .arg(inFrench(check.count(added)), inFrench(check.count(addressUpdate)),
-             inFrench(check.count(duplicate)),
-             inFrench(countOf(check, {nameless, unreachable, noDepartment})));
+    const QString counts =
+        u"%1 nouveau(x) contact(s), %2 adresse(s) e-mail, %3 déjà présent(s), %4 rejetée(s)"_s.arg(
+            inFrench(check.count(added)), inFrench(check.count(addressUpdate)),
+            inFrench(check.count(duplicate)),
+            inFrench(countOf(check, {nameless, unreachable, noDepartment})));
+    const int leftOut = check.count(erased);
+    return leftOut == 0 ? counts + u'.'
+                        : counts + u", %1 laissée(s) de côté."_s.arg(inFrench(leftOut));
 }
 
 } // namespace quenoria
