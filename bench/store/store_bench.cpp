@@ -3,6 +3,7 @@
 
 #include "contact_files.h"
 #include "report.h"
+#include "store/collection.h"
 #include "store/prospect_store.h"
 #include "store/send_report.h"
 #include "support/fake_desktop.h"

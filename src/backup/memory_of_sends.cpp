@@ -1,8 +1,13 @@
 #include "backup/memory_of_sends.h"
 
+#include "model/collections.h"
 #include "model/contact_rules.h"
+#include "model/dictionary.h"
+#include "store/do_not_contact.h"
+#include "store/many_contacts.h"
 #include "store/prospect_store.h"
 #include "store/send_history.h"
+#include "store/together.h"
 
 #include <algorithm>
 

@@ -6,6 +6,7 @@
 #include "backup/pending_restore.h"
 #include "backup/unpacked_backup.h"
 #include "backup/unrestorable.h"
+#include "store/collection.h"
 #include "store/prospect_store.h"
 
 #include <set>

@@ -1,6 +1,8 @@
 #include "backup/snapshot.h"
 
 #include "backup/backup_files.h"
+#include "model/dictionary.h"
+#include "platform/platform.h"
 #include "platform/system_reason.h"
 #include "store/prospect_store.h"
 #include "store/send_history.h"

@@ -1,6 +1,7 @@
 #include "export/export_tables.h"
 
 #include "export/contact_cells_out.h"
+#include "store/do_not_contact.h"
 
 using namespace Qt::StringLiterals;
 

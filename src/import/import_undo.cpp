@@ -3,6 +3,8 @@
 #include "import/contact_keys.h"
 #include "import/prospect_excel_importer.h"
 #include "store/prospect_store.h"
+#include "store/store_state.h"
+#include "store/together.h"
 
 #include <QScopedValueRollback>
 #include <QSet>
@@ -135,6 +137,21 @@ IdSet putBack(Dictionary<Record> &records, const std::map<QString, Replaced<Reco
     return ids;
 }
 
+/// A department that somebody else has by now stays.
+void dropUnused(const std::vector<DepartmentInfo> &departments, StoreState &state)
+{
+    if (departments.empty())
+        return;
+    QSet<QString> used;
+    for (const Prospect &contact : state.mergedList())
+        used.insert(contact.department);
+    state.departments.removeIf([&](const DepartmentInfo &department) {
+        return !used.contains(department.code) &&
+               std::ranges::find(departments, department) != departments.end();
+    });
+    state.publish(Collection::departments);
+}
+
 } // namespace
 
 bool ImportedChanges::empty() const
@@ -215,38 +232,25 @@ void ProspectStore::undoImport(const ImportedChanges &changes)
     const Together together(*this);
     const auto isAdded = [&changes](const QString &id) { return changes.hasAdded(id); };
     if (!changes.added.empty()) {
-        m_customProspects.removeIf([&](const Prospect &contact) { return isAdded(contact.id); });
-        publish(Collection::customProspects);
+        m_state->customProspects.removeIf(
+            [&](const Prospect &contact) { return isAdded(contact.id); });
+        m_state->publish(Collection::customProspects);
     }
     for (const Channel channel : {Channel::sms, Channel::email}) {
         IdSet gone;
-        std::ranges::copy_if(selection(channel), std::inserter(gone, gone.end()), isAdded);
+        std::ranges::copy_if(m_state->selection(channel), std::inserter(gone, gone.end()), isAdded);
         for (const QString &id : gone)
-            select(channel, false, id);
+            m_state->select(channel, false, id);
     }
     const auto announced = [this](Collection collection, IdSet ids) {
         if (!ids.empty())
-            publish(collection, std::move(ids));
+            m_state->publish(collection, std::move(ids));
     };
-    announced(Collection::statuses, putBack(m_statuses, changes.statuses));
-    announced(Collection::emailOverrides, putBack(m_emailOverrides, changes.emailOverrides));
-    announced(Collection::contactOverrides, putBack(m_contactOverrides, changes.contactOverrides));
-    dropUnused(changes.departments);
-}
-
-/// A department that somebody else has by now stays.
-void ProspectStore::dropUnused(const std::vector<DepartmentInfo> &departments)
-{
-    if (departments.empty())
-        return;
-    QSet<QString> used;
-    for (const Prospect &contact : allProspects())
-        used.insert(contact.department);
-    m_departments.removeIf([&](const DepartmentInfo &department) {
-        return !used.contains(department.code) &&
-               std::ranges::find(departments, department) != departments.end();
-    });
-    publish(Collection::departments);
+    announced(Collection::statuses, putBack(m_state->statuses, changes.statuses));
+    announced(Collection::emailOverrides, putBack(m_state->emailOverrides, changes.emailOverrides));
+    announced(Collection::contactOverrides,
+              putBack(m_state->contactOverrides, changes.contactOverrides));
+    dropUnused(changes.departments, *m_state);
 }
 
 } // namespace quenoria

@@ -1,6 +1,7 @@
 #include "import/known_contacts.h"
 
 #include "import/contact_keys.h"
+#include "store/do_not_contact.h"
 #include "store/prospect_store.h"
 
 namespace quenoria {

@@ -4,7 +4,9 @@
 #include "import/import_report.h"
 #include "import/prospect_excel_importer.h"
 #include "model/contact_rules.h"
+#include "store/many_contacts.h"
 #include "store/prospect_store.h"
+#include "store/store_state.h"
 #include "store/twins.h"
 
 using namespace Qt::StringLiterals;
@@ -56,6 +58,71 @@ void dropUndoneAddresses(ProspectImportAnalysis &analysis, const ProspectStore &
     });
 }
 
+/// Contacts whom the workbook brings, or gives an address, that must not be contacted.
+IdSet listedAsStopped(const ProspectImportAnalysis &analysis, const IdsByKey &knownIds,
+                      const DoNotContact &listed)
+{
+    IdSet ids;
+    if (listed.keys().empty())
+        return ids;
+    const auto isListed = [&listed](const QString &address) {
+        return listed.contains(u"email:"_s + address);
+    };
+    for (const Prospect &contact : analysis.prospects) {
+        if (listed.contains(contact.id) || isListed(contact.email.value_or(QString())))
+            ids.insert(contact.id);
+    }
+    for (const auto &[key, address] : analysis.emailUpdates) {
+        if (isListed(address))
+            ids.insert(idOf(knownIds, key));
+    }
+    return ids;
+}
+
+ImportReport mergeWhole(ProspectImportAnalysis analysis, StoreState &state)
+{
+    Q_EMIT state.store.aboutToSweep();
+    dropUndoneAddresses(analysis, state.store);
+    const std::size_t leftOut = leaveOutErased(analysis, state.doNotContact.erased());
+    ImportReport report;
+    report.title = analysis.prospects.empty() ? u"Aucun nouveau contact"_s : u"Import terminé"_s;
+    report.message = reportMessage(analysis) + lineOnErased(leftOut);
+
+    // Keys of the contacts known before: the new ones have their key as id.
+    const auto knownIds = analysis.emailUpdates.empty() ? IdsByKey() : idsByKey(state.mergedList());
+    // Before the contacts are there: a cut between the two files must not leave them unmarked.
+    report.message += lineOnStops(
+        state.store.setStopped(true, listedAsStopped(analysis, knownIds, state.doNotContact)));
+    if (!analysis.prospects.empty()) {
+        state.customProspects.append(std::move(analysis.prospects));
+        state.publish(Collection::customProspects);
+    }
+    std::map<Collection, IdSet> changed;
+    for (const auto &[key, address] : analysis.emailUpdates) {
+        const QString id = idOf(knownIds, key);
+        if (const ContactOverride *edited = state.contactOverrides.find(id)) {
+            ContactOverride updated = *edited;
+            updated.email = address;
+            state.contactOverrides.set(id, std::move(updated));
+            changed[Collection::contactOverrides].insert(id);
+        } else {
+            state.emailOverrides.set(id, address);
+            changed[Collection::emailOverrides].insert(id);
+        }
+    }
+    for (auto &[collection, ids] : changed) // once each: a workbook may bring thousands
+        state.publish(collection, std::move(ids));
+    for (const DepartmentInfo &department : analysis.departments) {
+        const auto sameCode = [&department](const DepartmentInfo &known) {
+            return known.code == department.code;
+        };
+        if (!state.departments.find(sameCode))
+            state.departments.append(department);
+    }
+    state.publish(Collection::departments);
+    return report;
+}
+
 } // namespace
 
 /// By what each contact is, and by what it was before it was edited.
@@ -67,27 +134,6 @@ IdSet ProspectStore::duplicateKeys() const
         keys.insert(firstId(prospect.id));
     }
     return keys;
-}
-
-/// Contacts whom the workbook brings, or gives an address, that must not be contacted.
-IdSet ProspectStore::listedAsStopped(const ProspectImportAnalysis &analysis,
-                                     const IdsByKey &knownIds) const
-{
-    IdSet ids;
-    if (m_doNotContact.keys().empty())
-        return ids;
-    const auto isListed = [this](const QString &address) {
-        return m_doNotContact.contains(u"email:"_s + address);
-    };
-    for (const Prospect &contact : analysis.prospects) {
-        if (m_doNotContact.contains(contact.id) || isListed(contact.email.value_or(QString())))
-            ids.insert(contact.id);
-    }
-    for (const auto &[key, address] : analysis.emailUpdates) {
-        if (isListed(address))
-            ids.insert(idOf(knownIds, key));
-    }
-    return ids;
 }
 
 ImportReport ProspectStore::importProspects(const QString &workbookPath)
@@ -102,57 +148,14 @@ ImportReport ProspectStore::importProspects(const QString &workbookPath)
 ImportReport ProspectStore::merge(ProspectImportAnalysis analysis)
 {
     try {
-        return mergeWhole(std::move(analysis));
+        return mergeWhole(std::move(analysis), *m_state);
     } catch (const std::bad_alloc &) {
         for (const Collection reached : // what was taken in is shown and kept
              {Collection::statuses, Collection::customProspects, Collection::contactOverrides,
               Collection::emailOverrides, Collection::departments})
-            publish(reached);
+            m_state->publish(reached);
         throw OutOfMemory();
     }
-}
-
-ImportReport ProspectStore::mergeWhole(ProspectImportAnalysis analysis)
-{
-    Q_EMIT aboutToSweep();
-    dropUndoneAddresses(analysis, *this);
-    const std::size_t leftOut = leaveOutErased(analysis, m_doNotContact.erased());
-    ImportReport report;
-    report.title = analysis.prospects.empty() ? u"Aucun nouveau contact"_s : u"Import terminé"_s;
-    report.message = reportMessage(analysis) + lineOnErased(leftOut);
-
-    // Keys of the contacts known before: the new ones have their key as id.
-    const auto knownIds = analysis.emailUpdates.empty() ? IdsByKey() : idsByKey(allProspects());
-    // Before the contacts are there: a cut between the two files must not leave them unmarked.
-    report.message += lineOnStops(setStopped(true, listedAsStopped(analysis, knownIds)));
-    if (!analysis.prospects.empty()) {
-        m_customProspects.append(std::move(analysis.prospects));
-        publish(Collection::customProspects);
-    }
-    std::map<Collection, IdSet> changed;
-    for (const auto &[key, address] : analysis.emailUpdates) {
-        const QString id = idOf(knownIds, key);
-        if (const ContactOverride *edited = m_contactOverrides.find(id)) {
-            ContactOverride updated = *edited;
-            updated.email = address;
-            m_contactOverrides.set(id, std::move(updated));
-            changed[Collection::contactOverrides].insert(id);
-        } else {
-            m_emailOverrides.set(id, address);
-            changed[Collection::emailOverrides].insert(id);
-        }
-    }
-    for (auto &[collection, ids] : changed) // once each: a workbook may bring thousands
-        publish(collection, std::move(ids));
-    for (const DepartmentInfo &department : analysis.departments) {
-        const auto sameCode = [&department](const DepartmentInfo &known) {
-            return known.code == department.code;
-        };
-        if (!m_departments.find(sameCode))
-            m_departments.append(department);
-    }
-    publish(Collection::departments);
-    return report;
 }
 
 } // namespace quenoria

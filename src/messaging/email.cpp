@@ -5,6 +5,7 @@
 #include "messaging/refusals.h"
 #include "model/contact_rules.h"
 #include "store/prospect_store.h"
+#include "store/store_state.h"
 
 #include <QCoroFuture>
 
@@ -46,32 +47,81 @@ SendOutcome mailOutcome(const ScriptOutcome &outcome, const QString &notCreated,
     return Refused{notAuthorised, error->message.value_or(QString()).trimmed()};
 }
 
-} // namespace
-
-std::optional<QString> ProspectStore::defaultMailApplicationBundleIdentifier() const
+bool isAppleMailDefault(const Platform &platform)
 {
-    return m_platform.workspace.defaultApplication(QUrl(u"mailto:adresse@example.com"_s));
+    return platform.workspace.defaultApplication(QUrl(u"mailto:adresse@example.com"_s)) ==
+           appleMail;
 }
 
-Refusal ProspectStore::unreachableByEmail(const Prospect &prospect) const
+Refusal unreachable(const ProspectStore &store, const Prospect &prospect)
 {
-    if (isStopped(prospect))
+    if (store.isStopped(prospect))
         return stoppedEmail;
     if (!prospect.email || !validEmail(*prospect.email))
         return noAddress;
-    if (isServedByTwin(Channel::email, prospect))
+    if (store.isServedByTwin(Channel::email, prospect))
         return servedByTwin;
-    if (attachmentName(prospect) && !attachmentURL(prospect))
+    if (store.attachmentName(prospect) && !store.attachmentURL(prospect))
         return attachmentGone;
     return {};
 }
 
+Refusal openMailProgram(const Platform &platform, const QString &address, const EmailTemplate &text)
+{
+    // Mail programs agree on one line end in a URL: CRLF.
+    const QString lines = linesOf(text.body).join(u"\r\n"_s);
+    const QueryItem items[] = {{u"subject"_s, text.subject}, {u"body"_s, lines}};
+    const QUrl url = composeUrl(u"mailto"_s, address, items);
+    if (!url.isValid())
+        return notPrepared;
+    if (!platform.workspace.openUrl(url))
+        return notOpened;
+    return {};
+}
+
+Refusal showDraft(const Platform &platform, const MailDraft &draft)
+{
+    const ScriptOutcome outcome = platform.scripts.run(mailScript(draft, MailDelivery::Draft));
+    const SendOutcome shown = mailOutcome(outcome, draftNotCreated, platform.log);
+    if (const auto *refused = std::get_if<Refused>(&shown))
+        return refused->message;
+    return std::holds_alternative<Sent>(shown) ? Refusal() : notAuthorised;
+}
+
+Refusal composeWithFile(const Platform &platform, const QString &address, const EmailTemplate &text,
+                        const QUrl &file)
+{
+    if (isAppleMailDefault(platform))
+        return showDraft(platform, {address, text.subject, text.body, file.toLocalFile()});
+    ComposeService *email = platform.sharing.composeEmail();
+    if (!email)
+        return noEmailService;
+    const Composition composition{{address}, text.subject, text.body, file};
+    if (!email->canPerform(composition))
+        return fileRefused;
+    email->perform(composition);
+    return {};
+}
+
+QCoro::Task<SendOutcome> sendThroughMail(const Platform &platform, MailDraft draft)
+{
+    SystemLog &log = platform.log; // the services outlive whoever sends
+    const QString source = mailScript(draft, MailDelivery::Immediate);
+    const QFuture<ScriptOutcome> outcome = runScript(platform.scripts, source);
+    const ScriptOutcome result = co_await outcome;
+    co_return mailOutcome(result, immediateNotCreated, log);
+}
+
+} // namespace
+
 Refusal ProspectStore::prepareEmail(const Prospect &prospect)
 {
-    if (Refusal refusal = unreachableByEmail(prospect))
+    if (Refusal refusal = unreachable(*this, prospect))
         return refusal;
     const EmailTemplate message = assignedEmailTemplate(prospect);
-    return openEmail(*prospect.email, message.subject, message.body, attachmentURL(prospect));
+    if (const std::optional<QUrl> file = attachmentURL(prospect))
+        return composeWithFile(m_state->platform, *prospect.email, message, *file);
+    return openMailProgram(m_state->platform, *prospect.email, message);
 }
 
 QCoro::Task<SendOutcome> ProspectStore::sendEmailAutomatically(Prospect prospect, HandOverGate gate)
@@ -80,9 +130,9 @@ QCoro::Task<SendOutcome> ProspectStore::sendEmailAutomatically(Prospect prospect
         prospect = *now;
     else
         co_return Refused{};
-    if (Refusal refusal = unreachableByEmail(prospect))
+    if (Refusal refusal = unreachable(*this, prospect))
         co_return Refused{refusal};
-    if (defaultMailApplicationBundleIdentifier() != appleMail)
+    if (!isAppleMailDefault(m_state->platform))
         co_return Refused{appleMailNeeded, QString()};
     const std::optional<QUrl> file = attachmentURL(prospect);
     const EmailTemplate assigned = assignedEmailTemplate(prospect);
@@ -90,65 +140,11 @@ QCoro::Task<SendOutcome> ProspectStore::sendEmailAutomatically(Prospect prospect
                            file.value_or(QUrl()).toLocalFile()};
     if (Refusal refusal = gate ? gate(message) : std::nullopt)
         co_return Refused{refusal};
-    const QCoro::Task<SendOutcome> sending =
-        performAppleMail(message.recipient, message.subject, message.body, file);
+    MailDraft draft{message.recipient, message.subject, message.body, {}};
+    if (file)
+        draft.attachmentPath = message.attachmentPath;
+    const QCoro::Task<SendOutcome> sending = sendThroughMail(m_state->platform, draft);
     co_return co_await sending;
-}
-
-Refusal ProspectStore::openEmail(const QString &address, const QString &subject,
-                                 const QString &body, const std::optional<QUrl> &attachment)
-{
-    if (attachment)
-        return composeEmailWithFile(address, subject, body, *attachment);
-    // Mail programs agree on one line end in a URL: CRLF.
-    const QString lines = linesOf(body).join(u"\r\n"_s);
-    const QueryItem items[] = {{u"subject"_s, subject}, {u"body"_s, lines}};
-    const QUrl url = composeUrl(u"mailto"_s, address, items);
-    if (!url.isValid())
-        return notPrepared;
-    if (!m_platform.workspace.openUrl(url))
-        return notOpened;
-    return {};
-}
-
-Refusal ProspectStore::composeEmailWithFile(const QString &address, const QString &subject,
-                                            const QString &body, const QUrl &file)
-{
-    if (defaultMailApplicationBundleIdentifier() == appleMail)
-        return showAppleMailDraft(address, subject, body, file);
-    ComposeService *email = m_platform.sharing.composeEmail();
-    if (!email)
-        return noEmailService;
-    const Composition composition{{address}, subject, body, file};
-    if (!email->canPerform(composition))
-        return fileRefused;
-    email->perform(composition);
-    return {};
-}
-
-Refusal ProspectStore::showAppleMailDraft(const QString &address, const QString &subject,
-                                          const QString &body, const QUrl &attachment)
-{
-    const MailDraft draft{address, subject, body, attachment.toLocalFile()};
-    const ScriptOutcome outcome = m_platform.scripts.run(mailScript(draft, MailDelivery::Draft));
-    const SendOutcome shown = mailOutcome(outcome, draftNotCreated, m_platform.log);
-    if (const auto *refused = std::get_if<Refused>(&shown))
-        return refused->message;
-    return std::holds_alternative<Sent>(shown) ? Refusal() : notAuthorised;
-}
-
-QCoro::Task<SendOutcome> ProspectStore::performAppleMail(QString address, QString subject,
-                                                         QString body,
-                                                         std::optional<QUrl> attachment)
-{
-    MailDraft draft{address, subject, body, {}};
-    if (attachment)
-        draft.attachmentPath = attachment->toLocalFile();
-    SystemLog &log = m_platform.log; // both services outlive the store
-    const QString source = mailScript(draft, MailDelivery::Immediate);
-    const QFuture<ScriptOutcome> outcome = runScript(m_platform.scripts, source);
-    const ScriptOutcome result = co_await outcome;
-    co_return mailOutcome(result, immediateNotCreated, log);
 }
 
 } // namespace quenoria

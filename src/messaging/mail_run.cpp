@@ -1,6 +1,7 @@
 #include "messaging/mail_run.h"
 
 #include "messaging/mail_turn.h"
+#include "model/dictionary.h"
 #include "store/prospect_store.h"
 
 #include <algorithm>

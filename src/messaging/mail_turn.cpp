@@ -1,5 +1,6 @@
 #include "messaging/mail_turn.h"
 
+#include "model/dictionary.h"
 #include "model/local_time.h"
 #include "store/prospect_store.h"
 

@@ -1,5 +1,7 @@
 #include "messaging/send_desk.h"
 
+#include "store/collection.h"
+
 #include <QCoroFuture>
 #include <QPointer>
 

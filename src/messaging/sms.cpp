@@ -4,6 +4,7 @@
 #include "messaging/refusals.h"
 #include "model/contact_rules.h"
 #include "store/prospect_store.h"
+#include "store/store_state.h"
 
 #include <QCoroFuture>
 #include <QPointer>
@@ -48,37 +49,26 @@ SendOutcome smsOutcome(const ScriptOutcome &outcome, SystemLog &log)
     return Refused{message.isEmpty() ? notAuthorised : notConfirmed + message, QString()};
 }
 
-} // namespace
-
-Refusal ProspectStore::unreachableBySMS(const Prospect &prospect) const
+Refusal unreachable(const ProspectStore &store, const Prospect &prospect)
 {
-    if (isStopped(prospect))
+    if (store.isStopped(prospect))
         return stoppedSMS;
     if (prospect.phone.isEmpty())
         return noMobile;
-    if (isServedByTwin(Channel::sms, prospect))
+    if (store.isServedByTwin(Channel::sms, prospect))
         return servedByTwin;
-    if (attachmentName(prospect) && !attachmentURL(prospect))
+    if (store.attachmentName(prospect) && !store.attachmentURL(prospect))
         return attachmentGone;
     return {};
 }
 
-Refusal ProspectStore::prepareSMS(const Prospect &prospect, bool freeProEnabled)
+Refusal openMessages(const Platform &platform, const QString &phone, const QString &body,
+                     const std::optional<QUrl> &attachment)
 {
-    if (Refusal refusal = unreachableBySMS(prospect))
-        return refusal;
-    if (Refusal refusal = smsQuotaError(prospect, freeProEnabled))
-        return refusal;
-    return openSMS(prospect.phone, assignedMessage(prospect).body, attachmentURL(prospect));
-}
-
-Refusal ProspectStore::openSMS(const QString &phone, const QString &body,
-                               const std::optional<QUrl> &attachment)
-{
-    m_platform.pasteboard.setText(body);
+    platform.pasteboard.setText(body);
     const QString handle = messagingHandle(phone);
     if (attachment) {
-        ComposeService *messages = m_platform.sharing.composeMessage();
+        ComposeService *messages = platform.sharing.composeMessage();
         if (!messages)
             return noMessagesService;
         const Composition composition{{handle}, {}, body, *attachment};
@@ -91,22 +81,85 @@ Refusal ProspectStore::openSMS(const QString &phone, const QString &body,
     const QUrl url = composeUrl(u"sms"_s, handle, {&item, 1});
     if (!url.isValid())
         return notPrepared;
-    if (!m_platform.workspace.openUrl(url))
+    if (!platform.workspace.openUrl(url))
         return notOpened;
     return {};
+}
+
+QCoro::Task<> waitForInterval(std::chrono::nanoseconds remainder, Clock &clock,
+                              std::stop_token stop)
+{
+    if (remainder == std::chrono::nanoseconds::zero())
+        co_return;
+    const QFuture<void> sleep = clock.sleep(remainder, stop);
+    co_await sleep;
+}
+
+QCoro::Task<SendOutcome> sendThroughMessages(const Platform &platform, QString phone, QString body,
+                                             std::optional<QUrl> attachment)
+{
+    const std::optional<QString> path =
+        attachment ? std::optional(attachment->toLocalFile()) : std::nullopt;
+    const QString source = messagesScript(messagingHandle(phone), body, path);
+    SystemLog &log = platform.log; // the services outlive whoever sends
+    const QFuture<ScriptOutcome> outcome = runScript(platform.scripts, source);
+    const ScriptOutcome result = co_await outcome;
+    co_return smsOutcome(result, log);
+}
+
+/// Asks nothing of the store once the carrier has its message.
+QCoro::Task<SendOutcome> handOver(const StoreState &state, Prospect contact, bool freeProEnabled,
+                                  HandOverGate gate)
+{
+    const ProspectStore &store = state.store;
+    if (Refusal refusal = unreachable(store, contact))
+        co_return Refused{refusal};
+    // The number may have changed since the month was looked at.
+    if (Refusal refusal = store.smsQuotaError(contact, freeProEnabled))
+        co_return Refused{refusal};
+    const std::optional<QUrl> file = store.attachmentURL(contact);
+    const HandOver message{contact,
+                           contact.phone,
+                           {},
+                           store.assignedMessage(contact).body,
+                           file.value_or(QUrl()).toLocalFile()};
+    if (Refusal refusal = gate ? gate(message) : std::nullopt)
+        co_return Refused{refusal};
+    const QCoro::Task<SendOutcome> sending =
+        sendThroughMessages(state.platform, message.recipient, message.body, file);
+    co_return co_await sending;
+}
+
+void putWindowsAway(Workspace &workspace)
+{
+    for (const QString &identifier : {u"com.apple.MobileSMS"_s, u"com.apple.iChat"_s})
+        workspace.hideApplications(identifier);
+    workspace.comeToFront();
+}
+
+} // namespace
+
+Refusal ProspectStore::prepareSMS(const Prospect &prospect, bool freeProEnabled)
+{
+    if (Refusal refusal = unreachable(*this, prospect))
+        return refusal;
+    if (Refusal refusal = smsQuotaError(prospect, freeProEnabled))
+        return refusal;
+    return openMessages(m_state->platform, prospect.phone, assignedMessage(prospect).body,
+                        attachmentURL(prospect));
 }
 
 Refusal ProspectStore::prepareTestSMS(const QString &phone, const QString &messageID)
 {
     if (characterCount(normalizePhone(phone)) < shortestTestNumber)
         return invalidTestNumber;
-    const MessageTemplate *found = m_messageTemplates.find(
+    const MessageTemplate *found = m_state->messageTemplates.find(
         [&messageID](const MessageTemplate &message) { return message.id == messageID; });
     if (!found)
         return noTemplate;
     const QString body = found->body;
     setTestNumber(phone);
-    return openSMS(phone, body, {});
+    return openMessages(m_state->platform, phone, body, {});
 }
 
 QCoro::Task<SendOutcome> ProspectStore::sendSMSAutomatically(Prospect prospect, bool freeProEnabled,
@@ -115,87 +168,41 @@ QCoro::Task<SendOutcome> ProspectStore::sendSMSAutomatically(Prospect prospect, 
 {
     if (Refusal refusal = smsQuotaError(prospect, freeProEnabled))
         co_return Refused{refusal};
-    if (m_automaticSMSBusy)
+    if (m_state->automaticSMSBusy)
         co_return Refused{alreadyBusy};
-    m_automaticSMSBusy = true;
+    m_state->automaticSMSBusy = true;
     const QPointer<ProspectStore> self(this);
-    co_await waitForAutomaticSMSInterval(stop);
+    const QCoro::Task<> interval =
+        waitForInterval(automaticSMSWait(), m_state->platform.clock, stop);
+    co_await interval;
     if (!self)
         co_return Refused{};
     const Prospect *now = this->prospect(prospect.id);
     SendOutcome outcome = Refused{};
     if (now && !stop.stop_requested()) {
-        const QCoro::Task<SendOutcome> sending = handOverSMS(*now, freeProEnabled, std::move(gate));
+        const QCoro::Task<SendOutcome> sending =
+            handOver(*m_state, *now, freeProEnabled, std::move(gate));
         outcome = co_await sending;
     }
     if (!self)
         co_return outcome;
     if (std::holds_alternative<Sent>(outcome)) {
-        finishAutomaticSMSWindowCleanup();
-        m_lastAutomaticSMSSentAt = m_platform.clock.now();
+        putWindowsAway(m_state->platform.workspace);
+        m_state->lastAutomaticSMSSentAt = m_state->platform.clock.now();
     }
-    m_automaticSMSBusy = false;
+    m_state->automaticSMSBusy = false;
     co_return outcome;
-}
-
-QCoro::Task<SendOutcome> ProspectStore::handOverSMS(Prospect contact, bool freeProEnabled,
-                                                    HandOverGate gate)
-{
-    if (Refusal refusal = unreachableBySMS(contact))
-        co_return Refused{refusal};
-    // The number may have changed since the month was looked at.
-    if (Refusal refusal = smsQuotaError(contact, freeProEnabled))
-        co_return Refused{refusal};
-    const std::optional<QUrl> file = attachmentURL(contact);
-    const HandOver message{contact,
-                           contact.phone,
-                           {},
-                           assignedMessage(contact).body,
-                           file.value_or(QUrl()).toLocalFile()};
-    if (Refusal refusal = gate ? gate(message) : std::nullopt)
-        co_return Refused{refusal};
-    const QCoro::Task<SendOutcome> sending =
-        sendSMSDirectlyThroughMessages(message.recipient, message.body, file);
-    co_return co_await sending;
 }
 
 std::chrono::nanoseconds ProspectStore::automaticSMSWait() const
 {
-    if (!m_lastAutomaticSMSSentAt)
+    if (!m_state->lastAutomaticSMSSentAt)
         return {};
-    const std::chrono::nanoseconds elapsed = m_platform.clock.now() - *m_lastAutomaticSMSSentAt;
+    const std::chrono::nanoseconds elapsed =
+        m_state->platform.clock.now() - *m_state->lastAutomaticSMSSentAt;
     // A clock that was set back must not make the queue wait for longer than the interval.
     return std::clamp(automaticSMSMinimumInterval - elapsed, std::chrono::nanoseconds::zero(),
                       automaticSMSMinimumInterval);
-}
-
-QCoro::Task<> ProspectStore::waitForAutomaticSMSInterval(std::stop_token stop)
-{
-    const std::chrono::nanoseconds remainder = automaticSMSWait();
-    if (remainder == std::chrono::nanoseconds::zero())
-        co_return;
-    const QFuture<void> sleep = m_platform.clock.sleep(remainder, stop);
-    co_await sleep;
-}
-
-QCoro::Task<SendOutcome>
-ProspectStore::sendSMSDirectlyThroughMessages(QString phone, QString body,
-                                              std::optional<QUrl> attachment)
-{
-    const std::optional<QString> path =
-        attachment ? std::optional(attachment->toLocalFile()) : std::nullopt;
-    const QString source = messagesScript(messagingHandle(phone), body, path);
-    SystemLog &log = m_platform.log; // both services outlive the store
-    const QFuture<ScriptOutcome> outcome = runScript(m_platform.scripts, source);
-    const ScriptOutcome result = co_await outcome;
-    co_return smsOutcome(result, log);
-}
-
-void ProspectStore::finishAutomaticSMSWindowCleanup()
-{
-    for (const QString &identifier : {u"com.apple.MobileSMS"_s, u"com.apple.iChat"_s})
-        m_platform.workspace.hideApplications(identifier);
-    m_platform.workspace.comeToFront();
 }
 
 } // namespace quenoria

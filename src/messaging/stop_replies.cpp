@@ -2,6 +2,7 @@
 
 #include "messaging/messages_script.h"
 #include "model/stop_reply.h"
+#include "store/collection.h"
 #include "store/prospect_store.h"
 
 #include <QCryptographicHash>

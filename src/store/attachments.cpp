@@ -1,4 +1,5 @@
 #include "store/prospect_store.h"
+#include "store/store_state.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -9,7 +10,7 @@ namespace quenoria {
 
 std::optional<QString> ProspectStore::attachmentName(const Prospect &prospect) const
 {
-    const QString *path = m_attachmentPaths.find(prospect.id);
+    const QString *path = m_state->attachmentPaths.find(prospect.id);
     if (!path || path->isEmpty())
         return std::nullopt;
     return QFileInfo(QDir::cleanPath(*path)).fileName();
@@ -17,7 +18,7 @@ std::optional<QString> ProspectStore::attachmentName(const Prospect &prospect) c
 
 bool ProspectStore::attachmentExists(const Prospect &prospect) const
 {
-    const QString *path = m_attachmentPaths.find(prospect.id);
+    const QString *path = m_state->attachmentPaths.find(prospect.id);
     return path && !path->isEmpty() && QFileInfo::exists(*path);
 }
 
@@ -25,27 +26,27 @@ std::optional<QUrl> ProspectStore::attachmentURL(const Prospect &prospect) const
 {
     if (!attachmentExists(prospect))
         return std::nullopt;
-    return QUrl::fromLocalFile(*m_attachmentPaths.find(prospect.id));
+    return QUrl::fromLocalFile(*m_state->attachmentPaths.find(prospect.id));
 }
 
 void ProspectStore::chooseAttachment(const Prospect &prospect)
 {
     const QString id =
         prospect.id; // the panel runs an event loop: the contact may change meanwhile
-    const auto path = m_platform.panels.chooseFile(
+    const auto path = m_state->platform.panels.chooseFile(
         {u"Choisir un fichier joint"_s,
          u"Ce fichier sera proposé avec les SMS/MMS ou e-mails de ce contact."_s,
          u"Choisir"_s,
          {}});
     if (!path)
         return;
-    m_attachmentPaths.set(id, *path);
-    publish(Collection::attachmentPaths, {id});
+    m_state->attachmentPaths.set(id, *path);
+    m_state->publish(Collection::attachmentPaths, {id});
 }
 
 QString ProspectStore::attachmentPath(const Prospect &prospect) const
 {
-    const QString *path = m_attachmentPaths.find(prospect.id);
+    const QString *path = m_state->attachmentPaths.find(prospect.id);
     return path ? *path : QString();
 }
 
@@ -54,15 +55,15 @@ void ProspectStore::setAttachment(const QString &path, const Prospect &prospect)
     if (path.isEmpty())
         return removeAttachment(prospect);
     const QString id = prospect.id;
-    m_attachmentPaths.set(id, path);
-    publish(Collection::attachmentPaths, {id});
+    m_state->attachmentPaths.set(id, path);
+    m_state->publish(Collection::attachmentPaths, {id});
 }
 
 void ProspectStore::removeAttachment(const Prospect &prospect)
 {
     const QString id = prospect.id;
-    m_attachmentPaths.remove(id);
-    publish(Collection::attachmentPaths, {id});
+    m_state->attachmentPaths.remove(id);
+    m_state->publish(Collection::attachmentPaths, {id});
 }
 
 } // namespace quenoria

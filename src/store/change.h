@@ -1,7 +1,7 @@
 #pragma once
 
 #include "model/channel.h"
-#include "model/collections.h"
+#include "model/id_set.h"
 
 #include <variant>
 

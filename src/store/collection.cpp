@@ -1,6 +1,6 @@
 #include "store/collection.h"
 
-#include "store/prospect_store.h"
+#include "store/store_state.h"
 
 #include <array>
 
@@ -46,13 +46,13 @@ Change templatesChanged(Collection, const IdSet &)
 
 } // namespace
 
-/// The rows; the one place that reaches the store's collections as members.
+/// The rows.
 struct CollectionTable {
     template <auto member>
     static constexpr CollectionDescriptor row(CollectionDescriptor described)
     {
-        described.write = [](const ProspectStore &store, const TakePiece &take) {
-            writeJson(store.*member, take);
+        described.write = [](const StoreState &state, const TakePiece &take) {
+            writeJson(state.*member, take);
         };
         described.decode = decode<member>;
         if (described.deletionTurn > 0) {
@@ -65,32 +65,31 @@ struct CollectionTable {
     template <auto member>
     static std::optional<DecodedFile> decode(const QByteArray &bytes)
     {
-        using Shape = std::remove_cvref_t<decltype(std::declval<ProspectStore &>().*member)>;
+        using Shape = std::remove_cvref_t<decltype(std::declval<StoreState &>().*member)>;
         auto decoded = decodeCollection<Shape>(bytes);
         if (!decoded)
             return {};
         const bool same = isEncodedAs(*decoded, bytes);
         const auto shape = std::make_shared<Shape>(std::move(*decoded)); // a function is copyable
-        return DecodedFile{[shape](ProspectStore &store) { store.*member = std::move(*shape); },
-                           same};
+        return DecodedFile{[shape](StoreState &state) { state.*member = std::move(*shape); }, same};
     }
 
     template <auto member>
-    static void forget(ProspectStore &store, const IdSet &ids)
+    static void forget(StoreState &state, const IdSet &ids)
     {
-        if constexpr (requires { (store.*member).removeEach(ids); })
-            (store.*member).removeEach(ids);
+        if constexpr (requires { (state.*member).removeEach(ids); })
+            (state.*member).removeEach(ids);
     }
 
     template <auto member>
-    static void copy(ProspectStore &store, const QString &from, const QString &to)
+    static void copy(StoreState &state, const QString &from, const QString &to)
     {
-        if constexpr (requires { (store.*member).removeEach(IdSet()); }) {
-            const auto *entry = (store.*member).find(from);
-            if (!entry || (store.*member).contains(to))
+        if constexpr (requires { (state.*member).removeEach(IdSet()); }) {
+            const auto *entry = (state.*member).find(from);
+            if (!entry || (state.*member).contains(to))
                 return;
             auto copied = *entry; // which setting may move
-            (store.*member).set(to, std::move(copied));
+            (state.*member).set(to, std::move(copied));
         }
     }
 
@@ -98,78 +97,77 @@ struct CollectionTable {
 };
 
 constexpr std::array<CollectionDescriptor, 13> CollectionTable::rows{
-    row<&ProspectStore::m_customProspects>(
+    row<&StoreState::customProspects>(
         {.collection = Collection::customProspects,
          .fileName = u"nouveaux-numeros.json",
          .saveFailure = u"Impossible d’enregistrer les nouveaux numéros : ",
          .change = listReshaped,
          .shapesList = true,
          .startUpWrites = false}),
-    row<&ProspectStore::m_statuses>({.collection = Collection::statuses,
-                                     .fileName = u"suivi-envois.json",
-                                     .saveFailure = u"Impossible d’enregistrer le suivi SMS : ",
-                                     .change = contactsChanged,
-                                     .deletionTurn = 1}),
-    row<&ProspectStore::m_messageTemplates>(
+    row<&StoreState::statuses>({.collection = Collection::statuses,
+                                .fileName = u"suivi-envois.json",
+                                .saveFailure = u"Impossible d’enregistrer le suivi SMS : ",
+                                .change = contactsChanged,
+                                .deletionTurn = 1}),
+    row<&StoreState::messageTemplates>(
         {.collection = Collection::messageTemplates,
          .fileName = u"modeles-messages.json",
          .saveFailure = u"Impossible d’enregistrer les modèles de messages : ",
          .change = templatesChanged<Channel::sms>}),
-    row<&ProspectStore::m_messageAssignments>(
+    row<&StoreState::messageAssignments>(
         {.collection = Collection::messageAssignments,
          .fileName = u"associations-messages.json",
          .saveFailure = u"Impossible d’enregistrer les associations de messages : ",
          .change = contactsChanged,
          .deletionTurn = 3}),
-    row<&ProspectStore::m_emailStatuses>(
+    row<&StoreState::emailStatuses>(
         {.collection = Collection::emailStatuses,
          .fileName = u"suivi-envois-mails.json",
          .saveFailure = u"Impossible d’enregistrer le suivi des e-mails : ",
          .change = contactsChanged,
          .deletionTurn = 2}),
-    row<&ProspectStore::m_emailTemplates>(
+    row<&StoreState::emailTemplates>(
         {.collection = Collection::emailTemplates,
          .fileName = u"modeles-mails.json",
          .saveFailure = u"Impossible d’enregistrer les modèles d’e-mails : ",
          .change = templatesChanged<Channel::email>}),
-    row<&ProspectStore::m_emailAssignments>(
+    row<&StoreState::emailAssignments>(
         {.collection = Collection::emailAssignments,
          .fileName = u"associations-mails.json",
          .saveFailure = u"Impossible d’enregistrer les associations d’e-mails : ",
          .change = contactsChanged,
          .deletionTurn = 4}),
-    row<&ProspectStore::m_emailOverrides>(
+    row<&StoreState::emailOverrides>(
         {.collection = Collection::emailOverrides,
          .fileName = u"adresses-mails-completees.json",
          .saveFailure = u"Impossible d’enregistrer les adresses e-mail complétées : ",
          .change = contactsEdited,
          .shapesList = true,
          .deletionTurn = 5}),
-    row<&ProspectStore::m_contactOverrides>(
+    row<&StoreState::contactOverrides>(
         {.collection = Collection::contactOverrides,
          .fileName = u"contacts-modifies.json",
          .saveFailure = u"Impossible d’enregistrer les contacts modifiés : ",
          .change = contactsEdited,
          .shapesList = true,
          .deletionTurn = 6}),
-    row<&ProspectStore::m_attachmentPaths>(
+    row<&StoreState::attachmentPaths>(
         {.collection = Collection::attachmentPaths,
          .fileName = u"fichiers-joints.json",
          .saveFailure = u"Impossible d’enregistrer les fichiers joints : ",
          .change = contactsChanged,
          .deletionTurn = 7}),
-    row<&ProspectStore::m_deletedProspectIDs>(
+    row<&StoreState::deletedProspectIDs>(
         {.collection = Collection::deletedProspectIDs,
          .fileName = u"contacts-supprimes.json",
          .saveFailure = u"Impossible d’enregistrer les contacts supprimés : ",
          .change = listReshaped,
          .shapesList = true}),
-    row<&ProspectStore::m_departments>(
-        {.collection = Collection::departments,
-         .fileName = u"departements.json",
-         .saveFailure = u"Impossible d’enregistrer les départements : ",
-         .change = departmentsChanged}),
-    row<&ProspectStore::m_smsMonthlyRecipientsByMonth>(
+    row<&StoreState::departments>({.collection = Collection::departments,
+                                   .fileName = u"departements.json",
+                                   .saveFailure = u"Impossible d’enregistrer les départements : ",
+                                   .change = departmentsChanged}),
+    row<&StoreState::smsMonthlyRecipientsByMonth>(
         {.collection = Collection::smsMonthlyRecipientsByMonth,
          .fileName = u"quota-destinataires-sms.json",
          .saveFailure = u"Impossible d’enregistrer le quota mensuel SMS : ",

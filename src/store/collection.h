@@ -1,5 +1,6 @@
 #pragma once
 
+#include "model/pieces.h"
 #include "store/change.h"
 
 #include <QString>
@@ -9,7 +10,7 @@
 
 namespace quenoria {
 
-class ProspectStore;
+struct StoreState;
 
 /// The thirteen collections that have a file, in the order of their descriptors.
 enum class Collection {
@@ -30,8 +31,8 @@ enum class Collection {
 
 /// What a file held.
 struct DecodedFile {
-    std::function<void(ProspectStore &store)> adopt; ///< puts it in the place of the collection
-    bool isAsWritten;                                ///< writing it gives the same bytes
+    std::function<void(StoreState &state)> adopt; ///< puts it in the place of the collection
+    bool isAsWritten;                             ///< writing it gives the same bytes
 };
 
 /// Everything about one collection. The store loads, saves, announces and forgets by these rows,
@@ -50,12 +51,12 @@ struct CollectionDescriptor {
     bool startUpWrites = true;
 
     // The way to its member.
-    void (*write)(const ProspectStore &store, const TakePiece &take) = nullptr;
+    void (*write)(const StoreState &state, const TakePiece &take) = nullptr;
     std::optional<DecodedFile> (*decode)(const QByteArray &bytes) = nullptr; ///< on any thread
     // With a deletionTurn only.
-    void (*forget)(ProspectStore &store, const IdSet &ids) = nullptr;
+    void (*forget)(StoreState &state, const IdSet &ids) = nullptr;
     /// Gives another contact the same entry, unless it has one already.
-    void (*copy)(ProspectStore &store, const QString &from, const QString &to) = nullptr;
+    void (*copy)(StoreState &state, const QString &from, const QString &to) = nullptr;
 };
 
 /// The thirteen, in the order in which a start writes them.

@@ -1,6 +1,10 @@
 #include "store/contact_dossier.h"
 
 #include "model/contact_rules.h"
+#include "model/dictionary.h"
+#include "model/sequence.h"
+#include "model/text_set.h"
+#include "store/do_not_contact.h"
 
 #include <algorithm>
 

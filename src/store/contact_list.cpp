@@ -1,5 +1,6 @@
 #include "model/contact_rules.h"
 #include "store/prospect_store.h"
+#include "store/store_state.h"
 #include "store/twins.h"
 
 #include <QRegularExpression>
@@ -71,40 +72,42 @@ std::vector<Prospect> ProspectStore::loadProspects(const Resources &resources)
     return prospects;
 }
 
-const std::vector<Prospect> &ProspectStore::allProspects() const
+const std::vector<Prospect> &ProspectStore::allProspects() const { return m_state->mergedList(); }
+
+const std::vector<Prospect> &StoreState::mergedList()
 {
-    if (m_mergedIsCurrent)
-        return m_merged;
-    m_merged.clear();
-    m_merged.reserve(m_prospects.size() + m_customProspects.size());
-    for (const Prospect &prospect : m_prospects) {
-        if (!m_deletedProspectIDs.contains(prospect.id))
-            m_merged.push_back(effective(prospect));
+    if (mergedIsCurrent)
+        return merged;
+    merged.clear();
+    merged.reserve(prospects.size() + customProspects.size());
+    for (const Prospect &prospect : prospects) {
+        if (!deletedProspectIDs.contains(prospect.id))
+            merged.push_back(effective(prospect));
     }
-    m_customProspects.forEach(
-        [this](const Prospect &prospect) { m_merged.push_back(effective(prospect)); });
+    customProspects.forEach(
+        [this](const Prospect &prospect) { merged.push_back(effective(prospect)); });
 
     indexMerged();
-    m_mergedIsCurrent = true;
-    return m_merged;
+    mergedIsCurrent = true;
+    return merged;
 }
 
-void ProspectStore::indexMerged() const
+void StoreState::indexMerged()
 {
-    const auto idAt = [this](quint32 place) -> const QString & { return m_merged[place].id; };
-    m_mergedPositions = {};
-    m_mergedPositions.reserve(m_merged.size(), idAt);
-    m_twins.clear();
-    for (quint32 place = 0; place < m_merged.size(); ++place) {
-        const QString &id = m_merged[place].id;
-        if (m_mergedPositions.find(id, idAt) != KeyIndex::none)
+    const auto idAt = [this](quint32 place) -> const QString & { return merged[place].id; };
+    mergedPositions = {};
+    mergedPositions.reserve(merged.size(), idAt);
+    twinsByFirst.clear();
+    for (quint32 place = 0; place < merged.size(); ++place) {
+        const QString &id = merged[place].id;
+        if (mergedPositions.find(id, idAt) != KeyIndex::none)
             continue;
-        m_mergedPositions.insert(place, idAt);
+        mergedPositions.insert(place, idAt);
         if (const QString first = firstId(id); first != id)
-            m_twins[first] << id;
+            twinsByFirst[first] << id;
     }
-    for (auto &[first, ids] : m_twins) {
-        if (m_mergedPositions.find(first, idAt) != KeyIndex::none)
+    for (auto &[first, ids] : twinsByFirst) {
+        if (mergedPositions.find(first, idAt) != KeyIndex::none)
             ids.prepend(first);
     }
 }
@@ -112,22 +115,22 @@ void ProspectStore::indexMerged() const
 const Prospect *ProspectStore::prospect(const QString &id) const
 {
     const std::vector<Prospect> &all = allProspects();
-    const quint32 place =
-        m_mergedPositions.find(id, [&all](quint32 at) -> const QString & { return all[at].id; });
+    const quint32 place = m_state->mergedPositions.find(
+        id, [&all](quint32 at) -> const QString & { return all[at].id; });
     return place == KeyIndex::none ? nullptr : &all[place];
 }
 
-Prospect ProspectStore::effective(const Prospect &prospect) const
+Prospect StoreState::effective(const Prospect &prospect) const
 {
     Prospect shown = prospect;
-    if (const ContactOverride *edited = m_contactOverrides.find(prospect.id)) {
+    if (const ContactOverride *edited = contactOverrides.find(prospect.id)) {
         shown.label = edited->label;
         shown.phone = edited->phone;
         shown.email = edited->email;
         shown.department = edited->department;
         if (edited->profession)
             shown.profession = edited->profession;
-    } else if (const QString *address = m_emailOverrides.find(prospect.id);
+    } else if (const QString *address = emailOverrides.find(prospect.id);
                address && !address->isEmpty()) {
         shown.email = *address;
     }

@@ -1,5 +1,6 @@
 #include "model/contact_rules.h"
 #include "store/prospect_store.h"
+#include "store/store_state.h"
 #include "store/twins.h"
 
 using namespace Qt::StringLiterals;
@@ -64,8 +65,8 @@ Refusal ProspectStore::add(const QString &name, const QString &phone, const QStr
     contact.department = department;
     contact.isCustom = true;
     contact.profession = textOrNothing(profession);
-    m_customProspects.append(std::move(contact));
-    publish(Collection::customProspects);
+    m_state->customProspects.append(std::move(contact));
+    m_state->publish(Collection::customProspects);
     return {};
 }
 
@@ -85,30 +86,30 @@ Refusal ProspectStore::update(const Prospect &prospect, const ContactEdit &edit)
             return belongsToAnother;
     }
     const QString shownPhone = formatPhone(digits);
-    m_contactOverrides.set(
+    m_state->contactOverrides.set(
         id, {contactLabel(edit.name.trimmed(), edit.commune.trimmed(), edit.department, shownPhone),
              shownPhone, address, edit.department, textOrNothing(edit.profession)});
-    publish(Collection::contactOverrides, {id});
-    m_emailOverrides.remove(id);
-    publish(Collection::emailOverrides, {id});
+    m_state->publish(Collection::contactOverrides, {id});
+    m_state->emailOverrides.remove(id);
+    m_state->publish(Collection::emailOverrides, {id});
     return {};
 }
 
 /// A backup of before they asked for no message must not bring consent back once no newer one
 /// knows better.
-void ProspectStore::rememberStopsOf(const IdSet &ids)
+void StoreState::rememberStopsOf(const IdSet &ids)
 {
     IdSet keys;
     for (const QString &id : ids) {
-        if (const Prospect *contact = prospect(id); contact && isStopped(*contact))
+        if (const Prospect *contact = store.prospect(id); contact && store.isStopped(*contact))
             keys.merge(keysOf(*contact));
     }
     if (!keys.empty())
-        m_doNotContact.addDeletedStops(keys);
+        doNotContact.addDeletedStops(keys);
 }
 
 /// Takes whatever is kept about the contacts out of the collections and the selections.
-void ProspectStore::forget(const IdSet &ids)
+void StoreState::forget(const IdSet &ids)
 {
     std::map<int, const CollectionDescriptor *> turns;
     for (const CollectionDescriptor &row : collections()) {
@@ -136,16 +137,16 @@ int ProspectStore::deleteProspects(const IdSet &ids)
     if (targets.empty())
         return 0;
     Q_EMIT aboutToSweep();
-    rememberStopsOf(targets);
-    for (const Prospect &prospect : m_prospects) {
+    m_state->rememberStopsOf(targets);
+    for (const Prospect &prospect : m_state->prospects) {
         if (targets.contains(prospect.id))
-            m_deletedProspectIDs.insert(prospect.id);
+            m_state->deletedProspectIDs.insert(prospect.id);
     }
-    publish(Collection::deletedProspectIDs);
-    m_customProspects.removeIf(
+    m_state->publish(Collection::deletedProspectIDs);
+    m_state->customProspects.removeIf(
         [&targets](const Prospect &prospect) { return targets.contains(prospect.id); });
-    publish(Collection::customProspects);
-    forget(targets);
+    m_state->publish(Collection::customProspects);
+    m_state->forget(targets);
     return int(targets.size());
 }
 

@@ -1,5 +1,6 @@
 #include "model/text_order.h"
 #include "store/prospect_store.h"
+#include "store/store_state.h"
 
 #include <QRegularExpression>
 
@@ -24,7 +25,7 @@ bool isDepartmentCode(const QString &code)
 
 std::vector<DepartmentInfo> ProspectStore::sortedDepartments() const
 {
-    std::vector<DepartmentInfo> sorted = m_departments.values();
+    std::vector<DepartmentInfo> sorted = m_state->departments.values();
     std::ranges::stable_sort(sorted, [](const DepartmentInfo &a, const DepartmentInfo &b) {
         return finderOrder().compare(a.code, b.code) < 0;
     });
@@ -33,7 +34,7 @@ std::vector<DepartmentInfo> ProspectStore::sortedDepartments() const
 
 QString ProspectStore::departmentName(const QString &code) const
 {
-    const auto *found = m_departments.find(
+    const auto *found = m_state->departments.find(
         [&code](const DepartmentInfo &department) { return department.code == code; });
     return found ? found->name : u"Département "_s + code;
 }
@@ -49,10 +50,10 @@ Refusal ProspectStore::addDepartment(const QString &code, const QString &name)
     const auto sameCode = [&upper](const DepartmentInfo &department) {
         return department.code.compare(upper, Qt::CaseInsensitive) == 0;
     };
-    if (m_departments.find(sameCode))
+    if (m_state->departments.find(sameCode))
         return alreadyKnown;
-    m_departments.append(DepartmentInfo{upper, shown});
-    publish(Collection::departments);
+    m_state->departments.append(DepartmentInfo{upper, shown});
+    m_state->publish(Collection::departments);
     return {};
 }
 

@@ -1,5 +1,7 @@
 #include "platform/system_reason.h"
 #include "store/prospect_store.h"
+#include "store/store_state.h"
+#include "store/together.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -34,22 +36,18 @@ void whenThereIsMemory(ProspectStore *store, Tell tell)
 
 QString ProspectStore::file(Collection collection) const
 {
-    return QDir(m_platform.folders.data())
+    return QDir(m_state->platform.folders.data())
         .filePath(QString::fromUtf16(descriptor(collection).fileName));
 }
 
-void ProspectStore::writeJson(Collection collection, const TakePiece &take) const
-{
-    descriptor(collection).write(*this, take);
-}
-
-Refusal ProspectStore::writeFile(Collection collection) const
+Refusal StoreState::writeFile(Collection collection) const
 {
     try {
-        if (const Refusal refusal = m_platform.files.makeFolder(m_platform.folders.data()))
+        if (const Refusal refusal = platform.files.makeFolder(platform.folders.data()))
             return u"le dossier de données ne peut pas être créé : "_s + *refusal;
-        return m_platform.files.writePieces(
-            file(collection), [&](const TakePiece &take) { writeJson(collection, take); });
+        return platform.files.writePieces(store.file(collection), [&](const TakePiece &take) {
+            descriptor(collection).write(*this, take);
+        });
     } catch (const std::bad_alloc &) {
         return systemReason(ENOMEM);
     }
@@ -57,66 +55,67 @@ Refusal ProspectStore::writeFile(Collection collection) const
 
 void ProspectStore::save(Collection collection)
 {
-    const Refusal error = writeFile(collection);
+    const Refusal error = m_state->writeFile(collection);
     if (!error) {
-        m_doNotContact.writeOwed(); // of the same disk
-        if (m_unsaved.erase(collection) != 0)
+        m_state->doNotContact.writeOwed(); // of the same disk
+        if (m_state->unsaved.erase(collection) != 0)
             Q_EMIT saved();
         return;
     }
-    m_unsaved[collection] = failureText(collection, *error);
-    m_platform.log.write(m_unsaved[collection]);
-    if (!QFileInfo(m_platform.folders.data()).isDir()) {
+    m_state->unsaved[collection] = failureText(collection, *error);
+    m_state->platform.log.write(m_state->unsaved[collection]);
+    if (!QFileInfo(m_state->platform.folders.data()).isDir()) {
         for (const CollectionDescriptor &lost : collections()) // its file went with the folder
-            m_unsaved.emplace(lost.collection, failureText(lost.collection, *error));
+            m_state->unsaved.emplace(lost.collection, failureText(lost.collection, *error));
     }
     Q_EMIT saveFailed();
 }
 
-void ProspectStore::publish(Collection collection, IdSet ids)
+void StoreState::publish(Collection collection, IdSet ids)
 {
     const CollectionDescriptor &row = descriptor(collection);
     if (row.shapesList)
-        m_mergedIsCurrent = false;
-    if (m_gathered) {
-        m_gathered->collections[collection].merge(ids);
+        mergedIsCurrent = false;
+    if (gathered) {
+        gathered->collections[collection].merge(ids);
         return;
     }
-    whenThereIsMemory(this, [this, &row, ids = std::move(ids)] {
-        Q_EMIT published(row.change(row.collection, ids));
+    whenThereIsMemory(&store, [this, &row, ids = std::move(ids)] {
+        Q_EMIT store.published(row.change(row.collection, ids));
     });
-    if (m_isReady)
-        save(collection);
+    if (isReady)
+        store.save(collection);
 }
 
-void ProspectStore::announce(Change change)
+void StoreState::announce(Change change)
 {
-    whenThereIsMemory(this, [this, change = std::move(change)] { Q_EMIT published(change); });
+    whenThereIsMemory(&store,
+                      [this, change = std::move(change)] { Q_EMIT store.published(change); });
 }
 
-void ProspectStore::announceSelection(Channel channel, IdSet ids)
+void StoreState::announceSelection(Channel channel, IdSet ids)
 {
-    if (m_gathered)
-        m_gathered->selections[channel].merge(ids);
+    if (gathered)
+        gathered->selections[channel].merge(ids);
     else
         announce(SelectionChanged{channel, std::move(ids)});
 }
 
-Together::Together(ProspectStore &store) : m_store(store), m_isOutermost(!store.m_gathered)
+Together::Together(ProspectStore &store) : m_state(*store.m_state), m_isOutermost(!m_state.gathered)
 {
     if (m_isOutermost)
-        m_store.m_gathered.emplace();
+        m_state.gathered.emplace();
 }
 
 Together::~Together()
 {
     if (!m_isOutermost)
         return;
-    auto gathered = *std::exchange(m_store.m_gathered, std::nullopt);
+    auto gathered = *std::exchange(m_state.gathered, std::nullopt);
     for (auto &[channel, ids] : gathered.selections)
-        m_store.announceSelection(channel, std::move(ids));
+        m_state.announceSelection(channel, std::move(ids));
     for (auto &[collection, ids] : gathered.collections)
-        m_store.publish(collection, std::move(ids));
+        m_state.publish(collection, std::move(ids));
 }
 
 } // namespace quenoria

@@ -1,4 +1,8 @@
+#include "store/many_contacts.h"
+
 #include "store/prospect_store.h"
+#include "store/store_state.h"
+#include "store/together.h"
 
 namespace quenoria {
 
@@ -8,14 +12,14 @@ ManyContacts ProspectStore::setSelected(Channel channel, bool selected, const Id
     const Together together(*this);
     for (const QString &id : ids) {
         const Prospect *contact = prospect(id);
-        if (!contact || selection(channel).contains(id) == selected)
+        if (!contact || m_state->selection(channel).contains(id) == selected)
             continue;
         if (selected && isStopped(*contact)) {
             ++outcome.stopped;
         } else if (selected && !isReachable(channel, *contact)) {
             ++outcome.unreachable;
         } else {
-            select(channel, selected, id);
+            m_state->select(channel, selected, id);
             outcome.changed.insert(id);
         }
     }

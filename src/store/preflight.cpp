@@ -2,7 +2,9 @@
 
 #include "model/blanks.h"
 #include "model/contact_rules.h"
+#include "model/dictionary.h"
 #include "model/local_time.h"
+#include "model/text_set.h"
 #include "store/prospect_store.h"
 #include "store/quota_keys.h"
 

@@ -1,30 +1,43 @@
 #pragma once
 
-#include "model/collections.h"
-#include "model/key_index.h"
+#include "model/channel.h"
+#include "model/id_set.h"
 #include "model/records.h"
-#include "platform/platform.h"
 #include "store/change.h"
-#include "store/collection.h"
-#include "store/do_not_contact.h"
-#include "store/many_contacts.h"
+#include "store/refusal.h"
 #include "store/send_outcome.h"
 
-#include <QCoroTask>
 #include <QObject>
-#include <QUrl>
 
 #include <functional>
 #include <map>
+#include <memory>
 #include <stop_token>
-#include <unordered_map>
+
+class QUrl;
+
+namespace QCoro {
+template <typename Result>
+class Task;
+}
 
 namespace quenoria {
 
+class DoNotContact;
+class Resources;
+class TextSet;
+class Together;
 struct HandOver;
 struct ImportedChanges;
 struct ImportReport;
+struct ManyContacts;
+struct Platform;
 struct ProspectImportAnalysis;
+struct StoreState;
+template <typename Value>
+class Dictionary;
+template <typename Value>
+class Sequence;
 
 /// Called with a complete message right before it goes to its carrier; a refusal keeps it back.
 using HandOverGate = std::function<Refusal(const HandOver &)>;
@@ -50,30 +63,27 @@ public:
     ~ProspectStore() override;
 
     // The collections, as published.
-    const Dictionary<SendStatus> &statuses() const { return m_statuses; }
-    const Sequence<Prospect> &customProspects() const { return m_customProspects; }
-    const Sequence<MessageTemplate> &messageTemplates() const { return m_messageTemplates; }
-    const Dictionary<QString> &messageAssignments() const { return m_messageAssignments; }
-    const Dictionary<EmailSendStatus> &emailStatuses() const { return m_emailStatuses; }
-    const Sequence<EmailTemplate> &emailTemplates() const { return m_emailTemplates; }
-    const Dictionary<QString> &emailAssignments() const { return m_emailAssignments; }
-    const Dictionary<QString> &emailOverrides() const { return m_emailOverrides; }
-    const Dictionary<ContactOverride> &contactOverrides() const { return m_contactOverrides; }
-    const Dictionary<QString> &attachmentPaths() const { return m_attachmentPaths; }
-    const IdSet &deletedProspectIDs() const { return m_deletedProspectIDs; }
-    const Sequence<DepartmentInfo> &departments() const { return m_departments; }
-    const QString &testNumber() const { return m_testNumber; }
+    const Dictionary<SendStatus> &statuses() const;
+    const Sequence<Prospect> &customProspects() const;
+    const Sequence<MessageTemplate> &messageTemplates() const;
+    const Dictionary<QString> &messageAssignments() const;
+    const Dictionary<EmailSendStatus> &emailStatuses() const;
+    const Sequence<EmailTemplate> &emailTemplates() const;
+    const Dictionary<QString> &emailAssignments() const;
+    const Dictionary<QString> &emailOverrides() const;
+    const Dictionary<ContactOverride> &contactOverrides() const;
+    const Dictionary<QString> &attachmentPaths() const;
+    const IdSet &deletedProspectIDs() const;
+    const Sequence<DepartmentInfo> &departments() const;
+    const QString &testNumber() const;
     void setTestNumber(const QString &phone);
-    const IdSet &sendSelection() const { return m_sendSelection; }
-    const IdSet &emailSendSelection() const { return m_emailSendSelection; }
-    const std::vector<Prospect> &prospects() const { return m_prospects; } ///< built-in list
-    bool isReady() const { return m_isReady; }
-    const Dictionary<TextSet> &smsMonthlyRecipientsByMonth() const
-    {
-        return m_smsMonthlyRecipientsByMonth;
-    }
-    std::optional<Instant> lastAutomaticSMSSentAt() const { return m_lastAutomaticSMSSentAt; }
-    bool automaticSMSBusy() const { return m_automaticSMSBusy; }
+    const IdSet &sendSelection() const;
+    const IdSet &emailSendSelection() const;
+    const std::vector<Prospect> &prospects() const; ///< built-in list
+    bool isReady() const;
+    const Dictionary<TextSet> &smsMonthlyRecipientsByMonth() const;
+    std::optional<Instant> lastAutomaticSMSSentAt() const;
+    bool automaticSMSBusy() const;
     /// How long the next automatic SMS has to wait at least; zero when it may go now.
     std::chrono::nanoseconds automaticSMSWait() const;
 
@@ -127,13 +137,10 @@ public:
     std::optional<Instant> lastContact(const Prospect &prospect) const; ///< newest of both channels
 
     // Numbers and addresses that are no contacts and must not become such that get messages.
-    const DoNotContact &doNotContact() const { return m_doNotContact; }
-    [[nodiscard]] Refusal addToDoNotContact(const IdSet &keys) { return m_doNotContact.add(keys); }
+    const DoNotContact &doNotContact() const;
+    [[nodiscard]] Refusal addToDoNotContact(const IdSet &keys);
     /// Keeps hashes of these, by which a later import leaves them out.
-    [[nodiscard]] Refusal rememberErased(const IdSet &keys)
-    {
-        return m_doNotContact.addErased(keys);
-    }
+    [[nodiscard]] Refusal rememberErased(const IdSet &keys);
 
     // The two selections, in memory only: contacts ticked for the next run.
     bool isSelectedForSending(const Prospect &prospect) const;
@@ -205,9 +212,9 @@ public:
     void save(Collection collection);
     /// Collections of which memory holds more than their file, since the last write of it failed;
     /// with what the log says of it.
-    const std::map<Collection, QString> &unsaved() const { return m_unsaved; }
+    const std::map<Collection, QString> &unsaved() const;
     /// Paths under which the files are kept that could not be read at the start.
-    const QStringList &filesSetAside() const { return m_filesSetAside; }
+    const QStringList &filesSetAside() const;
 
 Q_SIGNALS:
     /// Something is different; its file is written right afterwards.
@@ -224,120 +231,9 @@ Q_SIGNALS:
     void saved();
 
 private:
-    // Start-up, in the order in which it happens.
-    void loadFiles();
-    template <typename Record>
-    void replaceIfEmpty(Collection collection, Sequence<Record> &records,
-                        Sequence<Record> defaults);
-    void completeTemplates();
-    void completeDepartments();
-    void seedStatus();
-    void writeJson(Collection collection, const TakePiece &take) const;
-    [[nodiscard]] Refusal writeFile(Collection collection) const;
-
-    /// Announces that the collection changed, for these contacts where it holds records of theirs,
-    /// then writes its file once the store is ready.
-    void publish(Collection collection, IdSet ids = {});
-    void announce(Change change);
-    void announceSelection(Channel channel, IdSet ids);
     friend class Together;
-    friend struct CollectionTable;
 
-    void indexMerged() const;
-    Prospect effective(const Prospect &prospect) const;
-    void rememberStopsOf(const IdSet &ids);
-    void forget(const IdSet &ids);
-    bool copyRecords(const std::map<QString, QString> &origins);
-    QStringList twins(const QString &id) const;
-    void stopWithTwins(const QString &id);
-
-    void setStatus(const QString &id, std::optional<SendStatus> status); ///< none: removes it
-    void setEmailStatus(const QString &id, std::optional<EmailSendStatus> status);
-    void select(Channel channel, bool selected, const QString &id);
-    void clearSelection(Channel channel);
-    IdSet &selection(Channel channel);
-
-    void mergeExistingSMSHistoryIntoMonthlyRecipients();
-    QString monthKey(Instant date) const;
-
-    [[nodiscard]] Refusal unreachableBySMS(const Prospect &prospect) const;
-    [[nodiscard]] Refusal openSMS(const QString &phone, const QString &body,
-                                  const std::optional<QUrl> &attachment);
-    [[nodiscard]] QCoro::Task<SendOutcome> handOverSMS(Prospect contact, bool freeProEnabled,
-                                                       HandOverGate gate);
-    [[nodiscard]] QCoro::Task<SendOutcome>
-    sendSMSDirectlyThroughMessages(QString phone, QString body, std::optional<QUrl> attachment);
-    QCoro::Task<> waitForAutomaticSMSInterval(std::stop_token stop);
-    void finishAutomaticSMSWindowCleanup();
-
-    [[nodiscard]] Refusal unreachableByEmail(const Prospect &prospect) const;
-    [[nodiscard]] Refusal openEmail(const QString &address, const QString &subject,
-                                    const QString &body, const std::optional<QUrl> &attachment);
-    [[nodiscard]] Refusal composeEmailWithFile(const QString &address, const QString &subject,
-                                               const QString &body, const QUrl &file);
-    [[nodiscard]] Refusal showAppleMailDraft(const QString &address, const QString &subject,
-                                             const QString &body, const QUrl &attachment);
-    [[nodiscard]] QCoro::Task<SendOutcome> performAppleMail(QString address, QString subject,
-                                                            QString body,
-                                                            std::optional<QUrl> attachment);
-    std::optional<QString> defaultMailApplicationBundleIdentifier() const;
-
-    ImportReport mergeWhole(ProspectImportAnalysis analysis);
-    IdSet listedAsStopped(const ProspectImportAnalysis &analysis,
-                          const std::unordered_map<QString, QString> &knownIds) const;
-
-    void dropUnused(const std::vector<DepartmentInfo> &departments);
-
-    Platform m_platform;
-    DoNotContact m_doNotContact;
-
-    Dictionary<SendStatus> m_statuses;
-    Sequence<Prospect> m_customProspects;
-    Sequence<MessageTemplate> m_messageTemplates;
-    Dictionary<QString> m_messageAssignments;
-    Dictionary<EmailSendStatus> m_emailStatuses;
-    Sequence<EmailTemplate> m_emailTemplates;
-    Dictionary<QString> m_emailAssignments;
-    Dictionary<QString> m_emailOverrides;
-    Dictionary<ContactOverride> m_contactOverrides;
-    Dictionary<QString> m_attachmentPaths;
-    IdSet m_deletedProspectIDs;
-    Sequence<DepartmentInfo> m_departments;
-    QString m_testNumber;
-    IdSet m_sendSelection;
-    IdSet m_emailSendSelection;
-    std::vector<Prospect> m_prospects;
-    bool m_isReady = false;
-    Dictionary<TextSet> m_smsMonthlyRecipientsByMonth;
-    std::optional<Instant> m_lastAutomaticSMSSentAt;
-    bool m_automaticSMSBusy = false;
-    std::map<Collection, QString> m_unsaved;
-    QStringList m_filesSetAside;
-    struct Gathered {
-        std::map<Collection, IdSet> collections;
-        std::map<Channel, IdSet> selections;
-    };
-    std::optional<Gathered> m_gathered; ///< of the Together that lives
-
-    // The merged list and where each id first stands in it; emptied by what changes it.
-    mutable std::vector<Prospect> m_merged;
-    mutable KeyIndex m_mergedPositions;
-    mutable std::map<QString, QStringList> m_twins; ///< by the id that they shared
-    mutable bool m_mergedIsCurrent = false;
-};
-
-/// Changes of many contacts as one: while it lives, the store gathers what changed; when it ends,
-/// each collection is announced and written once. Memory holds every change at once.
-class Together {
-public:
-    explicit Together(ProspectStore &store);
-    ~Together();
-    Together(const Together &) = delete;
-    Together &operator=(const Together &) = delete;
-
-private:
-    ProspectStore &m_store;
-    bool m_isOutermost;
+    std::unique_ptr<StoreState> m_state; ///< what it holds, seen by its own files alone
 };
 
 } // namespace quenoria

@@ -2,6 +2,7 @@
 #include "model/local_time.h"
 #include "store/prospect_store.h"
 #include "store/quota_keys.h"
+#include "store/store_state.h"
 
 #include <QDateTime>
 
@@ -29,9 +30,9 @@ QString quotaRecipient(const Prospect &contact)
     return digits.isEmpty() ? contact.id : digits;
 }
 
-QString ProspectStore::monthKey(Instant date) const
+QString StoreState::monthKey(Instant date) const
 {
-    return quotaMonth(localDateTime(date, m_platform.clock.zone()).date());
+    return quotaMonth(localDateTime(date, platform.clock.zone()).date());
 }
 
 QString ProspectStore::recipientKey(const Prospect &prospect) { return quotaRecipient(prospect); }
@@ -39,7 +40,7 @@ QString ProspectStore::recipientKey(const Prospect &prospect) { return quotaReci
 int ProspectStore::smsRecipientsSentThisMonth() const
 {
     const TextSet *recipients =
-        m_smsMonthlyRecipientsByMonth.find(monthKey(m_platform.clock.now()));
+        m_state->smsMonthlyRecipientsByMonth.find(m_state->monthKey(m_state->platform.clock.now()));
     return recipients ? int(recipients->size()) : 0;
 }
 
@@ -53,7 +54,7 @@ Refusal ProspectStore::smsQuotaError(const Prospect &prospect, bool freeProEnabl
     if (freeProEnabled)
         return {};
     const TextSet *recipients =
-        m_smsMonthlyRecipientsByMonth.find(monthKey(m_platform.clock.now()));
+        m_state->smsMonthlyRecipientsByMonth.find(m_state->monthKey(m_state->platform.clock.now()));
     if (!recipients || recipients->contains(recipientKey(prospect)))
         return {};
     if (int(recipients->size()) >= standardSMSMonthlyRecipientLimit)
@@ -63,21 +64,22 @@ Refusal ProspectStore::smsQuotaError(const Prospect &prospect, bool freeProEnabl
 
 void ProspectStore::recordSMSRecipientUsage(const Prospect &prospect, Instant date)
 {
-    m_smsMonthlyRecipientsByMonth.edit(
-        monthKey(date), [&](TextSet &recipients) { recipients.insert(recipientKey(prospect)); });
-    publish(Collection::smsMonthlyRecipientsByMonth);
+    m_state->smsMonthlyRecipientsByMonth.edit(m_state->monthKey(date), [&](TextSet &recipients) {
+        recipients.insert(recipientKey(prospect));
+    });
+    m_state->publish(Collection::smsMonthlyRecipientsByMonth);
 }
 
-void ProspectStore::mergeExistingSMSHistoryIntoMonthlyRecipients()
+void StoreState::countHistoryInMonths()
 {
     std::map<QString, std::vector<QString>> months;
-    for (const Prospect &prospect : allProspects()) {
-        const QString recipient = recipientKey(prospect);
-        for (const Instant date : sendHistory(prospect))
+    for (const Prospect &prospect : mergedList()) {
+        const QString recipient = quotaRecipient(prospect);
+        for (const Instant date : store.sendHistory(prospect))
             months[monthKey(date)].push_back(recipient);
     }
     for (auto &[month, recipients] : months)
-        m_smsMonthlyRecipientsByMonth.set(month, TextSet(std::move(recipients)));
+        smsMonthlyRecipientsByMonth.set(month, TextSet(std::move(recipients)));
     publish(Collection::smsMonthlyRecipientsByMonth);
 }
 

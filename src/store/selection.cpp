@@ -1,34 +1,35 @@
 #include "store/prospect_store.h"
+#include "store/store_state.h"
 
 namespace quenoria {
 
 bool ProspectStore::isSelectedForSending(const Prospect &prospect) const
 {
-    return m_sendSelection.contains(prospect.id);
+    return m_state->sendSelection.contains(prospect.id);
 }
 
 void ProspectStore::setSelectedForSending(bool selected, const Prospect &prospect)
 {
     if (selected && (isStopped(prospect) || !isReachable(Channel::sms, prospect)))
         return;
-    select(Channel::sms, selected, prospect.id);
+    m_state->select(Channel::sms, selected, prospect.id);
 }
 
-void ProspectStore::clearSendSelection() { clearSelection(Channel::sms); }
+void ProspectStore::clearSendSelection() { m_state->clearSelection(Channel::sms); }
 
 bool ProspectStore::isSelectedForEmailSending(const Prospect &prospect) const
 {
-    return m_emailSendSelection.contains(prospect.id);
+    return m_state->emailSendSelection.contains(prospect.id);
 }
 
 void ProspectStore::setSelectedForEmailSending(bool selected, const Prospect &prospect)
 {
     if (selected && (isStopped(prospect) || !isReachable(Channel::email, prospect)))
         return;
-    select(Channel::email, selected, prospect.id);
+    m_state->select(Channel::email, selected, prospect.id);
 }
 
-void ProspectStore::clearEmailSendSelection() { clearSelection(Channel::email); }
+void ProspectStore::clearEmailSendSelection() { m_state->clearSelection(Channel::email); }
 
 bool ProspectStore::isReachable(Channel channel, const Prospect &prospect) const
 {
@@ -37,12 +38,12 @@ bool ProspectStore::isReachable(Channel channel, const Prospect &prospect) const
     return hasReach && !isServedByTwin(channel, prospect);
 }
 
-IdSet &ProspectStore::selection(Channel channel)
+IdSet &StoreState::selection(Channel channel)
 {
-    return channel == Channel::sms ? m_sendSelection : m_emailSendSelection;
+    return channel == Channel::sms ? sendSelection : emailSendSelection;
 }
 
-void ProspectStore::select(Channel channel, bool selected, const QString &id)
+void StoreState::select(Channel channel, bool selected, const QString &id)
 {
     if (selected)
         selection(channel).insert(id);
@@ -51,7 +52,7 @@ void ProspectStore::select(Channel channel, bool selected, const QString &id)
     announceSelection(channel, {id});
 }
 
-void ProspectStore::clearSelection(Channel channel)
+void StoreState::clearSelection(Channel channel)
 {
     announceSelection(channel, std::exchange(selection(channel), {}));
 }

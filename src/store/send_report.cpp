@@ -1,5 +1,8 @@
 #include "store/send_report.h"
 
+#include "model/dictionary.h"
+#include "model/sequence.h"
+#include "model/text_set.h"
 #include "store/month_calendar.h"
 #include "store/send_history.h"
 

@@ -1,6 +1,7 @@
 #include "store/defaults.h"
 #include "store/prospect_store.h"
 #include "store/set_aside.h"
+#include "store/store_state.h"
 
 #include <QFile>
 #include <QScopeGuard>
@@ -43,20 +44,18 @@ std::optional<DecodedFile> decodeFile(const CollectionDescriptor &row, const QSt
 } // namespace
 
 ProspectStore::ProspectStore(const Platform &platform, QObject *parent)
-    : QObject(parent), m_platform(platform), m_doNotContact(platform),
-      m_testNumber(defaultTestNumber()), m_prospects(loadProspects(platform.resources))
+    : QObject(parent), m_state(std::make_unique<StoreState>(*this, platform))
 {
-    m_filesSetAside = m_doNotContact.filesSetAside();
-    m_gathered.emplace(); // what differs from its file
-    loadFiles();
-    m_testNumber = m_platform.preferences.text(testNumberKey).value_or(m_testNumber);
-    completeTemplates();
-    completeDepartments();
-    seedStatus();
-    if (m_smsMonthlyRecipientsByMonth.empty())
-        mergeExistingSMSHistoryIntoMonthlyRecipients();
-    const auto differing = *std::exchange(m_gathered, std::nullopt);
-    m_isReady = true;
+    m_state->gathered.emplace(); // what differs from its file
+    m_state->loadFiles();
+    m_state->testNumber = platform.preferences.text(testNumberKey).value_or(m_state->testNumber);
+    m_state->completeTemplates();
+    m_state->completeDepartments();
+    m_state->seedStatus();
+    if (m_state->smsMonthlyRecipientsByMonth.empty())
+        m_state->countHistoryInMonths();
+    const auto differing = *std::exchange(m_state->gathered, std::nullopt);
+    m_state->isReady = true;
     for (const auto &[collection, ids] : differing.collections) {
         if (descriptor(collection).startUpWrites)
             save(collection);
@@ -65,15 +64,22 @@ ProspectStore::ProspectStore(const Platform &platform, QObject *parent)
 
 ProspectStore::~ProspectStore() = default;
 
-void ProspectStore::setTestNumber(const QString &phone)
+StoreState::StoreState(ProspectStore &owner, const Platform &services)
+    : store(owner), platform(services), doNotContact(services), testNumber(defaultTestNumber()),
+      prospects(ProspectStore::loadProspects(services.resources)),
+      filesSetAside(doNotContact.filesSetAside())
 {
-    m_testNumber = phone;
-    announce(TestNumberChanged{});
-    if (m_isReady)
-        m_platform.preferences.setText(testNumberKey, phone);
 }
 
-void ProspectStore::loadFiles()
+void ProspectStore::setTestNumber(const QString &phone)
+{
+    m_state->testNumber = phone;
+    m_state->announce(TestNumberChanged{});
+    if (m_state->isReady)
+        m_state->platform.preferences.setText(testNumberKey, phone);
+}
+
+void StoreState::loadFiles()
 {
     // Histories grow for years: the files are decoded and compared side by side, but no more of
     // them than is quicker, since each is in memory twice meanwhile.
@@ -85,7 +91,7 @@ void ProspectStore::loadFiles()
     };
     std::vector<std::future<std::optional<DecodedFile>>> files;
     for (const CollectionDescriptor &row : collections())
-        files.push_back(std::async(decodeInTurn, std::cref(row), file(row.collection)));
+        files.push_back(std::async(decodeInTurn, std::cref(row), store.file(row.collection)));
     // All before the first is set aside: memory may not suffice for one of them.
     std::vector<std::optional<DecodedFile>> contents;
     contents.reserve(files.size());
@@ -95,20 +101,20 @@ void ProspectStore::loadFiles()
         const std::optional<DecodedFile> &decoded = contents[std::size_t(row.collection)];
         if (decoded)
             decoded->adopt(*this);
-        else if (const QString path = file(row.collection); QFile::exists(path))
-            m_filesSetAside << setAside(m_platform, path);
+        else if (const QString path = store.file(row.collection); QFile::exists(path))
+            filesSetAside << setAside(platform, path);
         if (!decoded || !decoded->isAsWritten)
             publish(row.collection);
     }
-    replaceIfEmpty(Collection::messageTemplates, m_messageTemplates, {defaultMessage()});
-    replaceIfEmpty(Collection::emailTemplates, m_emailTemplates, {defaultEmailTemplate()});
-    replaceIfEmpty(Collection::departments, m_departments,
+    replaceIfEmpty(Collection::messageTemplates, messageTemplates, {defaultMessage()});
+    replaceIfEmpty(Collection::emailTemplates, emailTemplates, {defaultEmailTemplate()});
+    replaceIfEmpty(Collection::departments, departments,
                    Sequence<DepartmentInfo>(defaultDepartments()));
 }
 
 template <typename Record>
-void ProspectStore::replaceIfEmpty(Collection collection, Sequence<Record> &records,
-                                   Sequence<Record> defaults)
+void StoreState::replaceIfEmpty(Collection collection, Sequence<Record> &records,
+                                Sequence<Record> defaults)
 {
     if (!records.empty())
         return;
@@ -116,12 +122,12 @@ void ProspectStore::replaceIfEmpty(Collection collection, Sequence<Record> &reco
     publish(collection);
 }
 
-void ProspectStore::completeTemplates()
+void StoreState::completeTemplates()
 {
     const auto isDefault = [](const MessageTemplate &message) {
-        return message.id == defaultMessageID;
+        return message.id == ProspectStore::defaultMessageID;
     };
-    if (const MessageTemplate *stored = m_messageTemplates.find(isDefault)) {
+    if (const MessageTemplate *stored = messageTemplates.find(isDefault)) {
         MessageTemplate migrated = *stored;
         if (migrated.title == legacyMessageTitle())
             migrated.title = defaultMessage().title;
@@ -130,50 +136,50 @@ void ProspectStore::completeTemplates()
                 migrated.body = defaultMessage().body;
         }
         if (migrated != *stored) {
-            m_messageTemplates.replaceFirst(isDefault, migrated);
+            messageTemplates.replaceFirst(isDefault, migrated);
             publish(Collection::messageTemplates);
         }
     } else {
-        m_messageTemplates.prepend(defaultMessage());
+        messageTemplates.prepend(defaultMessage());
         publish(Collection::messageTemplates);
     }
 
     const auto isDefaultEmail = [](const EmailTemplate &email) {
-        return email.id == defaultEmailTemplateID;
+        return email.id == ProspectStore::defaultEmailTemplateID;
     };
-    if (!m_emailTemplates.find(isDefaultEmail)) {
-        m_emailTemplates.prepend(defaultEmailTemplate());
+    if (!emailTemplates.find(isDefaultEmail)) {
+        emailTemplates.prepend(defaultEmailTemplate());
         publish(Collection::emailTemplates);
     }
 }
 
-void ProspectStore::completeDepartments()
+void StoreState::completeDepartments()
 {
     IdSet known;
-    m_departments.forEach(
+    departments.forEach(
         [&known](const DepartmentInfo &department) { known.insert(department.code); });
     const auto complete = [this, &known](const Prospect &prospect) {
         const QString &code = prospect.department;
         if (code.isEmpty() || !known.insert(code).second)
             return;
-        const auto legacy = legacyDepartmentNames.find(code);
-        m_departments.append({code, legacy != legacyDepartmentNames.end()
-                                        ? legacy->second
-                                        : u"Département "_s + code});
+        const auto legacy = ProspectStore::legacyDepartmentNames.find(code);
+        departments.append({code, legacy != ProspectStore::legacyDepartmentNames.end()
+                                      ? legacy->second
+                                      : u"Département "_s + code});
         publish(Collection::departments);
     };
-    std::ranges::for_each(m_prospects, complete);
-    m_customProspects.forEach(complete);
+    std::ranges::for_each(prospects, complete);
+    customProspects.forEach(complete);
 }
 
-void ProspectStore::seedStatus()
+void StoreState::seedStatus()
 {
-    if (m_statuses.contains(seededContactID()))
+    if (statuses.contains(seededContactID()))
         return;
     SendStatus status;
     status.sent = true;
-    status.sentAt = seededSendDate().value_or(m_platform.clock.now());
-    m_statuses.set(seededContactID(), status);
+    status.sentAt = seededSendDate().value_or(platform.clock.now());
+    statuses.set(seededContactID(), status);
     publish(Collection::statuses, {seededContactID()});
 }
 

@@ -1,5 +1,6 @@
 #include "store/defaults.h"
 #include "store/prospect_store.h"
+#include "store/store_state.h"
 
 #include <QUuid>
 
@@ -64,37 +65,37 @@ QString ProspectStore::assignedMessageID(const Prospect &prospect) const
 
 MessageTemplate ProspectStore::assignedMessage(const Prospect &prospect) const
 {
-    const auto *found = effectiveTemplate(m_messageTemplates,
-                                          m_messageAssignments.find(prospect.id), defaultMessageID);
+    const auto *found = effectiveTemplate(
+        m_state->messageTemplates, m_state->messageAssignments.find(prospect.id), defaultMessageID);
     return found ? *found : defaultMessage();
 }
 
 void ProspectStore::assignMessage(const QString &id, const Prospect &prospect)
 {
-    assign(m_messageAssignments, prospect.id, id, defaultMessageID);
-    publish(Collection::messageAssignments, {prospect.id});
+    assign(m_state->messageAssignments, prospect.id, id, defaultMessageID);
+    m_state->publish(Collection::messageAssignments, {prospect.id});
 }
 
 QString ProspectStore::createMessage(const QString &title, const QString &body)
 {
     QString id = freshID();
-    m_messageTemplates.append(MessageTemplate{id, title, body});
-    publish(Collection::messageTemplates);
+    m_state->messageTemplates.append(MessageTemplate{id, title, body});
+    m_state->publish(Collection::messageTemplates);
     return id;
 }
 
 void ProspectStore::updateMessage(const QString &id, const QString &title, const QString &body)
 {
-    const MessageTemplate *found = findTemplate(m_messageTemplates, id);
+    const MessageTemplate *found = findTemplate(m_state->messageTemplates, id);
     if (!found)
         return;
     MessageTemplate changed = *found;
     changed.title = title;
-    replaceTemplate(m_messageTemplates, changed);
-    publish(Collection::messageTemplates);
+    replaceTemplate(m_state->messageTemplates, changed);
+    m_state->publish(Collection::messageTemplates);
     changed.body = body;
-    replaceTemplate(m_messageTemplates, changed);
-    publish(Collection::messageTemplates);
+    replaceTemplate(m_state->messageTemplates, changed);
+    m_state->publish(Collection::messageTemplates);
 }
 
 void ProspectStore::deleteMessage(const QString &templateId)
@@ -102,9 +103,10 @@ void ProspectStore::deleteMessage(const QString &templateId)
     const QString id = templateId; // it may be the template's own
     if (id == defaultMessageID)
         return;
-    m_messageTemplates.removeIf([&id](const MessageTemplate &entry) { return entry.id == id; });
-    publish(Collection::messageTemplates);
-    publish(Collection::messageAssignments, unassign(m_messageAssignments, id));
+    m_state->messageTemplates.removeIf(
+        [&id](const MessageTemplate &entry) { return entry.id == id; });
+    m_state->publish(Collection::messageTemplates);
+    m_state->publish(Collection::messageAssignments, unassign(m_state->messageAssignments, id));
 }
 
 QString ProspectStore::assignedEmailTemplateID(const Prospect &prospect) const
@@ -114,42 +116,43 @@ QString ProspectStore::assignedEmailTemplateID(const Prospect &prospect) const
 
 EmailTemplate ProspectStore::assignedEmailTemplate(const Prospect &prospect) const
 {
-    const auto *found = effectiveTemplate(m_emailTemplates, m_emailAssignments.find(prospect.id),
-                                          defaultEmailTemplateID);
+    const auto *found =
+        effectiveTemplate(m_state->emailTemplates, m_state->emailAssignments.find(prospect.id),
+                          defaultEmailTemplateID);
     return found ? *found : defaultEmailTemplate();
 }
 
 void ProspectStore::assignEmailTemplate(const QString &id, const Prospect &prospect)
 {
-    assign(m_emailAssignments, prospect.id, id, defaultEmailTemplateID);
-    publish(Collection::emailAssignments, {prospect.id});
+    assign(m_state->emailAssignments, prospect.id, id, defaultEmailTemplateID);
+    m_state->publish(Collection::emailAssignments, {prospect.id});
 }
 
 QString ProspectStore::createEmailTemplate(const QString &title, const QString &subject,
                                            const QString &body)
 {
     QString id = freshID();
-    m_emailTemplates.append(EmailTemplate{id, title, subject, body});
-    publish(Collection::emailTemplates);
+    m_state->emailTemplates.append(EmailTemplate{id, title, subject, body});
+    m_state->publish(Collection::emailTemplates);
     return id;
 }
 
 void ProspectStore::updateEmailTemplate(const QString &id, const QString &title,
                                         const QString &subject, const QString &body)
 {
-    const EmailTemplate *found = findTemplate(m_emailTemplates, id);
+    const EmailTemplate *found = findTemplate(m_state->emailTemplates, id);
     if (!found)
         return;
     EmailTemplate changed = *found;
     changed.title = title;
-    replaceTemplate(m_emailTemplates, changed);
-    publish(Collection::emailTemplates);
+    replaceTemplate(m_state->emailTemplates, changed);
+    m_state->publish(Collection::emailTemplates);
     changed.subject = subject;
-    replaceTemplate(m_emailTemplates, changed);
-    publish(Collection::emailTemplates);
+    replaceTemplate(m_state->emailTemplates, changed);
+    m_state->publish(Collection::emailTemplates);
     changed.body = body;
-    replaceTemplate(m_emailTemplates, changed);
-    publish(Collection::emailTemplates);
+    replaceTemplate(m_state->emailTemplates, changed);
+    m_state->publish(Collection::emailTemplates);
 }
 
 void ProspectStore::deleteEmailTemplate(const QString &templateId)
@@ -157,9 +160,9 @@ void ProspectStore::deleteEmailTemplate(const QString &templateId)
     const QString id = templateId; // it may be the template's own
     if (id == defaultEmailTemplateID)
         return;
-    m_emailTemplates.removeIf([&id](const EmailTemplate &entry) { return entry.id == id; });
-    publish(Collection::emailTemplates);
-    publish(Collection::emailAssignments, unassign(m_emailAssignments, id));
+    m_state->emailTemplates.removeIf([&id](const EmailTemplate &entry) { return entry.id == id; });
+    m_state->publish(Collection::emailTemplates);
+    m_state->publish(Collection::emailAssignments, unassign(m_state->emailAssignments, id));
 }
 
 } // namespace quenoria

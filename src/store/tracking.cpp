@@ -1,5 +1,6 @@
 #include "store/prospect_store.h"
 #include "store/send_history.h"
+#include "store/store_state.h"
 
 #include <algorithm>
 
@@ -71,12 +72,12 @@ QString trimmedComment(const SendStatus &status)
 
 const SendStatus *ProspectStore::status(const Prospect &prospect) const
 {
-    return m_statuses.find(prospect.id);
+    return m_state->statuses.find(prospect.id);
 }
 
 const EmailSendStatus *ProspectStore::emailStatus(const Prospect &prospect) const
 {
-    return m_emailStatuses.find(prospect.id);
+    return m_state->emailStatuses.find(prospect.id);
 }
 
 bool ProspectStore::isStopped(const Prospect &prospect) const
@@ -100,21 +101,21 @@ std::optional<Instant> ProspectStore::lastContact(const Prospect &prospect) cons
     return std::max(newest(status(prospect)), newest(emailStatus(prospect)));
 }
 
-void ProspectStore::setStatus(const QString &id, std::optional<SendStatus> status)
+void StoreState::setStatus(const QString &id, std::optional<SendStatus> status)
 {
     if (status)
-        m_statuses.set(id, std::move(*status));
+        statuses.set(id, std::move(*status));
     else
-        m_statuses.remove(id);
+        statuses.remove(id);
     publish(Collection::statuses, {id});
 }
 
-void ProspectStore::setEmailStatus(const QString &id, std::optional<EmailSendStatus> status)
+void StoreState::setEmailStatus(const QString &id, std::optional<EmailSendStatus> status)
 {
     if (status)
-        m_emailStatuses.set(id, std::move(*status));
+        emailStatuses.set(id, std::move(*status));
     else
-        m_emailStatuses.remove(id);
+        emailStatuses.remove(id);
     publish(Collection::emailStatuses, {id});
 }
 
@@ -123,32 +124,33 @@ void ProspectStore::setSent(bool sent, const Prospect &prospect)
     const SendStatus *existing = status(prospect);
     if (sent) {
         const bool wasSent = existing && existing->sent;
-        SendStatus status = ticked(existing, m_platform.clock.now());
+        SendStatus status = ticked(existing, m_state->platform.clock.now());
         const Instant latest = status.sentAt;
-        setStatus(prospect.id, std::move(status));
+        m_state->setStatus(prospect.id, std::move(status));
         if (!wasSent)
             recordSMSRecipientUsage(prospect, latest);
         return;
     }
-    SendStatus status = existingOr(existing, m_platform.clock.now());
+    SendStatus status = existingOr(existing, m_state->platform.clock.now());
     status.comment = trimmedComment(status);
     status.sendHistory = historyFrom(existing);
     status.sent = false;
     const bool carriesNothing =
         status.comment->isEmpty() && !status.stopped.value_or(false) && status.sendHistory->empty();
-    setStatus(prospect.id, carriesNothing ? std::nullopt : std::optional(std::move(status)));
+    m_state->setStatus(prospect.id,
+                       carriesNothing ? std::nullopt : std::optional(std::move(status)));
 }
 
 void ProspectStore::recordSentNow(const Prospect &prospect)
 {
-    const Instant now = m_platform.clock.now();
-    setStatus(prospect.id, withSend(status(prospect), now));
+    const Instant now = m_state->platform.clock.now();
+    m_state->setStatus(prospect.id, withSend(status(prospect), now));
     recordSMSRecipientUsage(prospect, now);
 }
 
 void ProspectStore::recordSent(const Prospect &prospect, Instant date)
 {
-    setStatus(prospect.id, withEarlierSend(status(prospect), date));
+    m_state->setStatus(prospect.id, withEarlierSend(status(prospect), date));
     recordSMSRecipientUsage(prospect, date);
 }
 
@@ -163,29 +165,30 @@ void ProspectStore::setDate(Instant date, const Prospect &prospect)
         status.sendHistory->back() = date;
     status.sent = true;
     status.sentAt = date;
-    setStatus(prospect.id, std::move(status));
+    m_state->setStatus(prospect.id, std::move(status));
 }
 
 void ProspectStore::setStopped(bool stopped, const Prospect &prospect)
 {
     if (stopped)
-        return stopWithTwins(prospect.id);
+        return m_state->stopWithTwins(prospect.id);
     const SendStatus *existing = status(prospect);
-    SendStatus status = existingOr(existing, m_platform.clock.now());
+    SendStatus status = existingOr(existing, m_state->platform.clock.now());
     status.stopped.reset();
     const bool carriesNothing =
         !status.sent && trimmedComment(status).isEmpty() && historyFrom(existing).empty();
-    setStatus(prospect.id, carriesNothing ? std::nullopt : std::optional(std::move(status)));
+    m_state->setStatus(prospect.id,
+                       carriesNothing ? std::nullopt : std::optional(std::move(status)));
 }
 
 /// Whoever says STOP says it for every row that once was the same contact.
-void ProspectStore::stopWithTwins(const QString &id)
+void StoreState::stopWithTwins(const QString &id)
 {
     IdSet ids;
     for (const QString &twin : twins(id)) {
-        SendStatus status = existingOr(m_statuses.find(twin), m_platform.clock.now());
+        SendStatus status = existingOr(statuses.find(twin), platform.clock.now());
         status.stopped = true;
-        m_statuses.set(twin, std::move(status));
+        statuses.set(twin, std::move(status));
         select(Channel::sms, false, twin);
         select(Channel::email, false, twin);
         ids.insert(twin);
@@ -195,33 +198,35 @@ void ProspectStore::stopWithTwins(const QString &id)
 
 void ProspectStore::setComment(const QString &comment, const Prospect &prospect)
 {
-    SendStatus status = existingOr(this->status(prospect), m_platform.clock.now());
+    SendStatus status = existingOr(this->status(prospect), m_state->platform.clock.now());
     status.comment = comment;
-    setStatus(prospect.id, std::move(status));
+    m_state->setStatus(prospect.id, std::move(status));
 }
 
 void ProspectStore::setEmailSent(bool sent, const Prospect &prospect)
 {
     const EmailSendStatus *existing = emailStatus(prospect);
     if (sent) {
-        setEmailStatus(prospect.id, ticked(existing, m_platform.clock.now()));
+        m_state->setEmailStatus(prospect.id, ticked(existing, m_state->platform.clock.now()));
         return;
     }
-    EmailSendStatus status = existingOr(existing, m_platform.clock.now());
+    EmailSendStatus status = existingOr(existing, m_state->platform.clock.now());
     status.sendHistory = historyFrom(existing);
     status.sent = false;
     const bool carriesNothing = status.sendHistory->empty();
-    setEmailStatus(prospect.id, carriesNothing ? std::nullopt : std::optional(std::move(status)));
+    m_state->setEmailStatus(prospect.id,
+                            carriesNothing ? std::nullopt : std::optional(std::move(status)));
 }
 
 void ProspectStore::recordEmailSentNow(const Prospect &prospect)
 {
-    setEmailStatus(prospect.id, withSend(emailStatus(prospect), m_platform.clock.now()));
+    m_state->setEmailStatus(prospect.id,
+                            withSend(emailStatus(prospect), m_state->platform.clock.now()));
 }
 
 void ProspectStore::recordEmailSent(const Prospect &prospect, Instant date)
 {
-    setEmailStatus(prospect.id, withEarlierSend(emailStatus(prospect), date));
+    m_state->setEmailStatus(prospect.id, withEarlierSend(emailStatus(prospect), date));
 }
 
 } // namespace quenoria

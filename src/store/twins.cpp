@@ -2,6 +2,7 @@
 
 #include "model/contact_rules.h"
 #include "store/prospect_store.h"
+#include "store/store_state.h"
 
 using namespace Qt::StringLiterals;
 
@@ -42,12 +43,13 @@ QString firstId(const QString &id)
 int ProspectStore::separateTwins()
 {
     IdSet taken, seen;
-    for (const Prospect &prospect : m_prospects) {
-        if (!m_deletedProspectIDs.contains(prospect.id))
+    for (const Prospect &prospect : m_state->prospects) {
+        if (!m_state->deletedProspectIDs.contains(prospect.id))
             seen.insert(prospect.id);
     }
-    m_customProspects.forEach([&taken](const Prospect &prospect) { taken.insert(prospect.id); });
-    std::vector<Prospect> contacts = m_customProspects.values();
+    m_state->customProspects.forEach(
+        [&taken](const Prospect &prospect) { taken.insert(prospect.id); });
+    std::vector<Prospect> contacts = m_state->customProspects.values();
     std::map<QString, QString> origins; // by the new id
     for (Prospect &contact : contacts) {
         if (!seen.insert(contact.id).second) {
@@ -56,18 +58,18 @@ int ProspectStore::separateTwins()
             origins.emplace(contact.id, origin);
         }
     }
-    if (origins.empty() || !copyRecords(origins))
+    if (origins.empty() || !m_state->copyRecords(origins))
         return 0;
-    m_customProspects = Sequence<Prospect>(std::move(contacts));
-    publish(Collection::customProspects);
-    m_platform.log.write(
+    m_state->customProspects = Sequence<Prospect>(std::move(contacts));
+    m_state->publish(Collection::customProspects);
+    m_state->platform.log.write(
         u"Contacts en double auxquels une ligne a été donnée : %1"_s.arg(int(origins.size())));
     return int(origins.size());
 }
 
 /// Gives the new ids what is kept under the old ones; false when that could not be written. A
 /// contact without its STOP would be worse than two contacts that share it.
-bool ProspectStore::copyRecords(const std::map<QString, QString> &origins)
+bool StoreState::copyRecords(const std::map<QString, QString> &origins)
 {
     IdSet ids;
     for (const auto &[id, origin] : origins)
@@ -79,22 +81,22 @@ bool ProspectStore::copyRecords(const std::map<QString, QString> &origins)
         for (const auto &[id, origin] : origins)
             row.copy(*this, origin, id);
         publish(row.collection, ids);
-        isWritten = isWritten && !m_unsaved.contains(row.collection);
+        isWritten = isWritten && !unsaved.contains(row.collection);
     }
     return isWritten;
 }
 
 /// The contact and those that once shared its id, in the order in which they are served.
-QStringList ProspectStore::twins(const QString &id) const
+QStringList StoreState::twins(const QString &id)
 {
-    (void)allProspects();
-    const auto found = m_twins.find(firstId(id));
-    return found == m_twins.end() ? QStringList{id} : found->second;
+    (void)mergedList();
+    const auto found = twinsByFirst.find(firstId(id));
+    return found == twinsByFirst.end() ? QStringList{id} : found->second;
 }
 
 bool ProspectStore::isServedByTwin(Channel channel, const Prospect &prospect) const
 {
-    for (const QString &id : twins(prospect.id)) {
+    for (const QString &id : m_state->twins(prospect.id)) {
         if (id == prospect.id)
             return false;
         const Prospect *elder = this->prospect(id);

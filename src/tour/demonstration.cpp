@@ -1,5 +1,6 @@
 #include "tour/demonstration.h"
 
+#include "model/sequence.h"
 #include "store/prospect_store.h"
 #include "ui/window/content_view.h"
 

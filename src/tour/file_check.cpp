@@ -1,3 +1,4 @@
+#include "store/collection.h"
 #include "store/prospect_store.h"
 #include "tour/visits.h"
 

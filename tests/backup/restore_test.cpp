@@ -6,6 +6,7 @@
 #include "import/package.h"
 #include "platform/posix/moved_file.h"
 #include "store/defaults.h"
+#include "store/do_not_contact.h"
 #include "store/store_fixture.h"
 
 using namespace quenoria;

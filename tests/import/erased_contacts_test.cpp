@@ -1,6 +1,7 @@
 #include "import/erased_contacts.h"
 #include "import/import_report.h"
 #include "store/contact_dossier.h"
+#include "store/do_not_contact.h"
 #include "store/store_fixture.h"
 
 using namespace quenoria;

@@ -3,6 +3,8 @@
 #include "import/package.h"
 #include "import/prospect_excel_importer.h"
 #include "import/stop_list.h"
+#include "store/do_not_contact.h"
+#include "store/many_contacts.h"
 #include "store/store_fixture.h"
 
 using namespace quenoria;

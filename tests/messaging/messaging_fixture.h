@@ -3,6 +3,7 @@
 #include "store/store_fixture.h"
 #include "support/interpreted_scripts.h"
 
+#include <QCoroTask>
 #include <random>
 
 namespace quenoria::test {

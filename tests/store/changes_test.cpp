@@ -1,4 +1,6 @@
+#include "store/many_contacts.h"
 #include "store/store_fixture.h"
+#include "store/together.h"
 
 using namespace quenoria;
 using namespace quenoria::test;

@@ -1,5 +1,6 @@
 #include "store/preflight.h"
 
+#include "store/together.h"
 #include "store_fixture.h"
 
 #include <QSet>

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "model/collections.h"
+#include "store/collection.h"
 #include "store/prospect_store.h"
 #include "support/fake_desktop.h"
 

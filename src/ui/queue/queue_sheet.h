@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/platform.h"
 #include "platform/sharing_services.h"
 #include "ui/kit/sheet.h"
 #include "ui/queue/queue_channel.h"

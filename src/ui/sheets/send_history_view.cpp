@@ -1,5 +1,7 @@
 #include "ui/sheets/send_history_view.h"
 
+#include "platform/clock.h"
+#include "store/collection.h"
 #include "ui/kit/empty_state.h"
 #include "ui/kit/labels.h"
 #include "ui/kit/symbol.h"

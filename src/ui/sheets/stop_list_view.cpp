@@ -2,6 +2,7 @@
 
 #include "import/import_error.h"
 #include "model/contact_rules.h"
+#include "store/many_contacts.h"
 #include "store/prospect_store.h"
 #include "ui/kit/labels.h"
 #include "ui/kit/status_label.h"

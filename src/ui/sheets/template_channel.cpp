@@ -1,5 +1,7 @@
 #include "ui/sheets/template_channel.h"
 
+#include "model/sequence.h"
+
 using namespace Qt::StringLiterals;
 
 namespace quenoria {

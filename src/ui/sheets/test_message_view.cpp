@@ -1,5 +1,6 @@
 #include "ui/sheets/test_message_view.h"
 
+#include "model/sequence.h"
 #include "store/prospect_store.h"
 #include "ui/kit/form.h"
 #include "ui/kit/labels.h"

@@ -3,6 +3,7 @@
 #include "export/export_file.h"
 #include "export/rejected_export.h"
 #include "model/text_order.h"
+#include "store/collection.h"
 #include "store/prospect_store.h"
 #include "ui/kit/labels.h"
 #include "ui/kit/status_label.h"

@@ -1,6 +1,7 @@
 #include "ui/table/contact_columns.h"
 
 #include "model/local_time.h"
+#include "model/sequence.h"
 #include "model/text_order.h"
 #include "ui/table/tick_operations.h"
 

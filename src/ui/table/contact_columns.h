@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/clock.h"
+#include "store/many_contacts.h"
 #include "store/prospect_store.h"
 #include "ui/table/cell_roles.h"
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "model/channel.h"
+#include "store/many_contacts.h"
 #include "ui/table/contact_list.h"
 #include "ui/table/undo_list.h"
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "store/many_contacts.h"
 #include "ui/table/contact_columns.h"
 
 namespace quenoria {

@@ -1,6 +1,7 @@
 #include "ui/table/undo_list.h"
 
 #include "model/text_order.h"
+#include "store/together.h"
 #include "ui/kit/plain_text.h"
 
 #include <QLocale>

@@ -1,3 +1,4 @@
+#include "store/do_not_contact.h"
 #include "ui/sheets/dossier_view.h"
 
 #include "ui/sheets/sheet_probe.h"

@@ -1,0 +1,93 @@
+#include "store/store_state.h"
+
+#include "store/prospect_store.h"
+
+namespace quenoria {
+
+const Dictionary<SendStatus> &ProspectStore::statuses() const { return m_state->statuses; }
+
+const Sequence<Prospect> &ProspectStore::customProspects() const
+{
+    return m_state->customProspects;
+}
+
+const Sequence<MessageTemplate> &ProspectStore::messageTemplates() const
+{
+    return m_state->messageTemplates;
+}
+
+const Dictionary<QString> &ProspectStore::messageAssignments() const
+{
+    return m_state->messageAssignments;
+}
+
+const Dictionary<EmailSendStatus> &ProspectStore::emailStatuses() const
+{
+    return m_state->emailStatuses;
+}
+
+const Sequence<EmailTemplate> &ProspectStore::emailTemplates() const
+{
+    return m_state->emailTemplates;
+}
+
+const Dictionary<QString> &ProspectStore::emailAssignments() const
+{
+    return m_state->emailAssignments;
+}
+
+const Dictionary<QString> &ProspectStore::emailOverrides() const { return m_state->emailOverrides; }
+
+const Dictionary<ContactOverride> &ProspectStore::contactOverrides() const
+{
+    return m_state->contactOverrides;
+}
+
+const Dictionary<QString> &ProspectStore::attachmentPaths() const
+{
+    return m_state->attachmentPaths;
+}
+
+const IdSet &ProspectStore::deletedProspectIDs() const { return m_state->deletedProspectIDs; }
+
+const Sequence<DepartmentInfo> &ProspectStore::departments() const { return m_state->departments; }
+
+const Dictionary<TextSet> &ProspectStore::smsMonthlyRecipientsByMonth() const
+{
+    return m_state->smsMonthlyRecipientsByMonth;
+}
+
+const QString &ProspectStore::testNumber() const { return m_state->testNumber; }
+
+const IdSet &ProspectStore::sendSelection() const { return m_state->sendSelection; }
+
+const IdSet &ProspectStore::emailSendSelection() const { return m_state->emailSendSelection; }
+
+const std::vector<Prospect> &ProspectStore::prospects() const { return m_state->prospects; }
+
+bool ProspectStore::isReady() const { return m_state->isReady; }
+
+bool ProspectStore::automaticSMSBusy() const { return m_state->automaticSMSBusy; }
+
+std::optional<Instant> ProspectStore::lastAutomaticSMSSentAt() const
+{
+    return m_state->lastAutomaticSMSSentAt;
+}
+
+const std::map<Collection, QString> &ProspectStore::unsaved() const { return m_state->unsaved; }
+
+const QStringList &ProspectStore::filesSetAside() const { return m_state->filesSetAside; }
+
+const DoNotContact &ProspectStore::doNotContact() const { return m_state->doNotContact; }
+
+Refusal ProspectStore::addToDoNotContact(const IdSet &keys)
+{
+    return m_state->doNotContact.add(keys);
+}
+
+Refusal ProspectStore::rememberErased(const IdSet &keys)
+{
+    return m_state->doNotContact.addErased(keys);
+}
+
+} // namespace quenoria

@@ -1,0 +1,106 @@
+#pragma once
+
+#include "model/channel.h"
+#include "model/collections.h"
+#include "model/key_index.h"
+#include "model/records.h"
+#include "platform/platform.h"
+#include "store/collection.h"
+#include "store/do_not_contact.h"
+#include "store/refusal.h"
+
+#include <QStringList>
+
+#include <map>
+
+namespace quenoria {
+
+class ProspectStore;
+
+/// What a ProspectStore holds, and the steps that its operations share. Only the files that define
+/// its operations include this; everybody else sees prospect_store.h.
+struct StoreState {
+    StoreState(ProspectStore &owner, const Platform &services);
+
+    // Start-up, in the order in which it happens.
+    void loadFiles();
+    template <typename Record>
+    void replaceIfEmpty(Collection collection, Sequence<Record> &records,
+                        Sequence<Record> defaults);
+    void completeTemplates();
+    void completeDepartments();
+    void seedStatus();
+
+    [[nodiscard]] Refusal writeFile(Collection collection) const;
+
+    /// Announces that the collection changed, for these contacts where it holds records of theirs,
+    /// then writes its file once the store is ready.
+    void publish(Collection collection, IdSet ids = {});
+    void announce(Change change);
+    void announceSelection(Channel channel, IdSet ids);
+
+    // Contacts.
+    const std::vector<Prospect> &mergedList();
+    void indexMerged();
+    [[nodiscard]] Prospect effective(const Prospect &prospect) const;
+    void rememberStopsOf(const IdSet &ids);
+    void forget(const IdSet &ids);
+    bool copyRecords(const std::map<QString, QString> &origins);
+    [[nodiscard]] QStringList twins(const QString &id);
+
+    // Tracking; without a record the contact's goes.
+    void setStatus(const QString &id, std::optional<SendStatus> status);
+    void setEmailStatus(const QString &id, std::optional<EmailSendStatus> status);
+    void stopWithTwins(const QString &id);
+    [[nodiscard]] QString monthKey(Instant date) const;
+    void countHistoryInMonths();
+
+    // The selections.
+    IdSet &selection(Channel channel);
+    void select(Channel channel, bool selected, const QString &id);
+    void clearSelection(Channel channel);
+
+    ProspectStore &store; ///< whose state this is
+    Platform platform;
+    DoNotContact doNotContact;
+
+    // The collections.
+    Dictionary<SendStatus> statuses;
+    Sequence<Prospect> customProspects;
+    Sequence<MessageTemplate> messageTemplates;
+    Dictionary<QString> messageAssignments;
+    Dictionary<EmailSendStatus> emailStatuses;
+    Sequence<EmailTemplate> emailTemplates;
+    Dictionary<QString> emailAssignments;
+    Dictionary<QString> emailOverrides;
+    Dictionary<ContactOverride> contactOverrides;
+    Dictionary<QString> attachmentPaths;
+    IdSet deletedProspectIDs;
+    Sequence<DepartmentInfo> departments;
+    Dictionary<TextSet> smsMonthlyRecipientsByMonth;
+
+    // What has no file among them.
+    QString testNumber;
+    IdSet sendSelection;
+    IdSet emailSendSelection;
+    std::vector<Prospect> prospects; ///< built in
+    std::optional<Instant> lastAutomaticSMSSentAt;
+    bool automaticSMSBusy = false;
+
+    bool isReady = false;
+    std::map<Collection, QString> unsaved;
+    QStringList filesSetAside;
+    struct Gathered {
+        std::map<Collection, IdSet> collections;
+        std::map<Channel, IdSet> selections;
+    };
+    std::optional<Gathered> gathered; ///< of the Together that lives
+
+    // The merged list and where each id first stands in it; emptied by what changes it.
+    std::vector<Prospect> merged;
+    KeyIndex mergedPositions;
+    std::map<QString, QStringList> twinsByFirst; ///< by the id that they shared
+    bool mergedIsCurrent = false;
+};
+
+} // namespace quenoria
