@@ -143,8 +143,12 @@ QCoro::Task<SendOutcome> ProspectStore::sendEmailAutomatically(Prospect prospect
     MailDraft draft{message.recipient, message.subject, message.body, {}};
     if (file)
         draft.attachmentPath = message.attachmentPath;
+    const TaskScope::Lease lease = m_state->tasks.lease();
     const QCoro::Task<SendOutcome> sending = sendThroughMail(m_state->platform, draft);
-    co_return co_await sending;
+    const SendOutcome outcome = co_await sending;
+    if (lease.isAbandoned())
+        co_return Abandoned{};
+    co_return outcome;
 }
 
 } // namespace quenoria

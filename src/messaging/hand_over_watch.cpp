@@ -1,7 +1,6 @@
 #include "messaging/hand_over_watch.h"
 
 #include <QCoroFuture>
-#include <QPointer>
 
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
@@ -17,25 +16,23 @@ constexpr auto glance = 250ms;
 
 void HandOverWatch::begin()
 {
-    if (m_stop.stop_possible() && !m_stop.stop_requested())
-        return;
-    m_stop = std::stop_source();
-    follow(m_stop.get_token());
+    if (m_tasks.isIdle())
+        follow();
 }
 
 void HandOverWatch::end()
 {
-    m_stop.request_stop();
+    m_tasks.cancel();
     m_since.reset();
     say({});
 }
 
-QCoro::Task<> HandOverWatch::follow(std::stop_token stop)
+QCoro::Task<> HandOverWatch::follow()
 {
-    const QPointer<HandOverWatch> self(this);
-    while (self && !stop.stop_requested()) {
+    const TaskScope::Lease lease = m_tasks.lease();
+    while (!lease.isOver()) {
         look();
-        const QFuture<void> pause = m_platform.clock.sleep(glance, stop);
+        const QFuture<void> pause = m_platform.clock.sleep(glance, lease.token());
         co_await pause;
     }
 }

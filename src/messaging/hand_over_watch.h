@@ -1,10 +1,9 @@
 #pragma once
 
 #include "platform/platform.h"
+#include "platform/task_scope.h"
 
 #include <QCoroTask>
-
-#include <stop_token>
 
 namespace quenoria {
 
@@ -14,7 +13,6 @@ class HandOverWatch : public QObject {
 
 public:
     explicit HandOverWatch(const Platform &platform) : m_platform(platform) {}
-    ~HandOverWatch() override { end(); }
 
     /// A carrier gets a message now.
     void begin();
@@ -27,14 +25,14 @@ Q_SIGNALS:
     void changed();
 
 private:
-    QCoro::Task<> follow(std::stop_token stop);
+    QCoro::Task<> follow();
     void look();
     void say(const QString &text);
 
     Platform m_platform;
-    std::stop_source m_stop{std::nostopstate};
     std::optional<Instant> m_since; ///< the carrier reads
     QString m_text;
+    TaskScope m_tasks;
 };
 
 } // namespace quenoria

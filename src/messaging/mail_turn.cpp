@@ -5,7 +5,6 @@
 #include "store/prospect_store.h"
 
 #include <QCoroFuture>
-#include <QPointer>
 
 #include <algorithm>
 
@@ -49,10 +48,10 @@ bool MailTurn::isNeeded() const
 
 QCoro::Task<> MailTurn::wait(std::stop_token stop)
 {
-    const QPointer<MailTurn> self(this);
+    const TaskScope::Lease lease = m_tasks.lease();
     const QCoro::Task<> password = waitForPassword(stop);
     co_await password;
-    if (!self)
+    if (lease.isAbandoned())
         co_return;
     const QCoro::Task<> pace = waitForPace(stop);
     co_await pace;
@@ -60,10 +59,11 @@ QCoro::Task<> MailTurn::wait(std::stop_token stop)
 
 QCoro::Task<> MailTurn::waitForPassword(std::stop_token stop)
 {
-    const QPointer<MailTurn> self(this);
+    const TaskScope::Lease lease = m_tasks.lease();
     const QFuture<PasswordPlace> looking = m_platform.mailbox.findPassword();
     const PasswordPlace place = co_await looking;
-    if (!self || place != PasswordPlace::nowhere || stop.stop_requested() || !m_askPassword)
+    if (lease.isAbandoned() || place != PasswordPlace::nowhere || stop.stop_requested() ||
+        !m_askPassword)
         co_return;
     const QFuture<void> asking = m_askPassword(stop);
     co_await asking;
@@ -71,7 +71,7 @@ QCoro::Task<> MailTurn::waitForPassword(std::stop_token stop)
 
 QCoro::Task<> MailTurn::waitForPace(std::stop_token stop)
 {
-    const QPointer<MailTurn> self(this);
+    const TaskScope::Lease lease = m_tasks.lease();
     while (!stop.stop_requested()) {
         const Instant now = m_platform.clock.now();
         const Instant turn = next(now);
@@ -80,7 +80,7 @@ QCoro::Task<> MailTurn::waitForPace(std::stop_token stop)
         pauseUntil(turn);
         const QFuture<void> pause = m_platform.clock.sleep(turn - now, stop);
         co_await pause;
-        if (!self)
+        if (lease.isAbandoned())
             co_return;
     }
     pauseUntil({});

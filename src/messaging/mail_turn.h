@@ -2,6 +2,7 @@
 
 #include "platform/mail_settings.h"
 #include "platform/platform.h"
+#include "platform/task_scope.h"
 
 #include <QCoroTask>
 
@@ -54,6 +55,7 @@ private:
     Platform m_platform;
     AskPassword m_askPassword;
     std::optional<Instant> m_pausedUntil;
+    TaskScope m_tasks;
 };
 
 } // namespace quenoria

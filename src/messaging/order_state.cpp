@@ -42,6 +42,8 @@ struct OrderRules {
             return ended(event.outcome, handedOver ? OrderAction::dropIntent : OrderAction::none);
         if (std::holds_alternative<InDoubt>(event.outcome))
             return ended(event.outcome, OrderAction::askUser);
+        if (std::holds_alternative<Abandoned>(event.outcome)) // its intent stays, and asks later
+            return ended(event.outcome);
         return {OrderPhase::recording, OrderAction::record, {}};
     }
 

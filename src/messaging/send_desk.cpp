@@ -3,7 +3,6 @@
 #include "store/collection.h"
 
 #include <QCoroFuture>
-#include <QPointer>
 
 #include <algorithm>
 
@@ -90,14 +89,16 @@ QCoro::Task<SendOutcome> SendDesk::order(Channel channel, QString contactId, boo
     if (asked.outcome)
         co_return *asked.outcome;
     const Place order = enter(channel, contactId);
-    const QPointer<SendDesk> self(this);
+    const TaskScope::Lease lease = m_tasks.lease();
     const QFuture<void> turn = order->turn.future();
     co_await turn;
-    if (!self)
-        co_return Refused{};
+    if (lease.isAbandoned())
+        co_return Abandoned{};
     const QCoro::Task<SendOutcome> carrying = carry(order, freeProEnabled);
     const SendOutcome carried = co_await carrying;
-    co_return self ? conclude(order, carried) : carried;
+    if (lease.isAbandoned())
+        co_return Abandoned{};
+    co_return conclude(order, carried);
 }
 
 Asked SendDesk::circumstances(Channel channel, const QString &contactId)
@@ -135,13 +136,13 @@ void SendDesk::callNextEmail()
 
 QCoro::Task<SendOutcome> SendDesk::carry(Place order, bool freeProEnabled)
 {
-    const QPointer<SendDesk> self(this);
+    const TaskScope::Lease lease = m_tasks.lease();
     if (order->channel == Channel::email && m_mailTurn.isNeeded() &&
         !order->stop.stop_requested()) {
         const QCoro::Task<> turn = m_mailTurn.wait(order->stop.get_token());
         co_await turn;
-        if (!self)
-            co_return Refused{};
+        if (lease.isAbandoned())
+            co_return Abandoned{};
     }
     const Prospect *contact = m_store.prospect(order->contactId);
     if (!contact || order->stop.stop_requested())

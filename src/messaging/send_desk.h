@@ -6,6 +6,7 @@
 #include "messaging/order_state.h"
 #include "messaging/stop_replies.h"
 #include "model/channel.h"
+#include "platform/task_scope.h"
 #include "store/intent_file.h"
 #include "store/prospect_store.h"
 
@@ -113,6 +114,7 @@ private:
     std::list<Order> m_orders;
     std::vector<SendIntent> m_unsaved; ///< recorded in memory, not yet on the disk
     bool m_isClosed = false;
+    TaskScope m_tasks;
 };
 
 } // namespace quenoria

@@ -7,7 +7,6 @@
 #include "store/store_state.h"
 
 #include <QCoroFuture>
-#include <QPointer>
 
 #include <algorithm>
 
@@ -171,12 +170,12 @@ QCoro::Task<SendOutcome> ProspectStore::sendSMSAutomatically(Prospect prospect, 
     if (m_state->automaticSMSBusy)
         co_return Refused{alreadyBusy};
     m_state->automaticSMSBusy = true;
-    const QPointer<ProspectStore> self(this);
+    const TaskScope::Lease lease = m_state->tasks.lease();
     const QCoro::Task<> interval =
         waitForInterval(automaticSMSWait(), m_state->platform.clock, stop);
     co_await interval;
-    if (!self)
-        co_return Refused{};
+    if (lease.isAbandoned())
+        co_return Abandoned{};
     const Prospect *now = this->prospect(prospect.id);
     SendOutcome outcome = Refused{};
     if (now && !stop.stop_requested()) {
@@ -184,8 +183,8 @@ QCoro::Task<SendOutcome> ProspectStore::sendSMSAutomatically(Prospect prospect, 
             handOver(*m_state, *now, freeProEnabled, std::move(gate));
         outcome = co_await sending;
     }
-    if (!self)
-        co_return outcome;
+    if (lease.isAbandoned())
+        co_return Abandoned{};
     if (std::holds_alternative<Sent>(outcome)) {
         putWindowsAway(m_state->platform.workspace);
         m_state->lastAutomaticSMSSentAt = m_state->platform.clock.now();

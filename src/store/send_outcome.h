@@ -28,6 +28,12 @@ struct InDoubt {
     bool operator==(const InDoubt &) const = default;
 };
 
-using SendOutcome = std::variant<Sent, Refused, InDoubt>;
+/// Whoever was to learn the outcome is gone. Nothing was recorded; a message that a carrier had is
+/// in doubt, by its intent.
+struct Abandoned {
+    bool operator==(const Abandoned &) const = default;
+};
+
+using SendOutcome = std::variant<Sent, Refused, InDoubt, Abandoned>;
 
 } // namespace quenoria

@@ -5,6 +5,7 @@
 #include "model/key_index.h"
 #include "model/records.h"
 #include "platform/platform.h"
+#include "platform/task_scope.h"
 #include "store/collection.h"
 #include "store/do_not_contact.h"
 #include "store/refusal.h"
@@ -95,6 +96,8 @@ struct StoreState {
         std::map<Channel, IdSet> selections;
     };
     std::optional<Gathered> gathered; ///< of the Together that lives
+
+    TaskScope tasks; ///< automatic sends
 
     // The merged list and where each id first stands in it; emptied by what changes it.
     std::vector<Prospect> merged;

@@ -28,6 +28,8 @@ protected:
     {
         if (const auto *refused = std::get_if<Refused>(&outcome))
             return refused->message.value_or(QStringLiteral("given up"));
+        if (std::holds_alternative<Abandoned>(outcome))
+            return QStringLiteral("abandoned");
         const auto *doubt = std::get_if<InDoubt>(&outcome);
         return doubt ? QStringLiteral("perhaps: ") + doubt->message : QStringLiteral("done");
     }

@@ -284,6 +284,19 @@ TEST_F(Desk, ADoubtKeepsTheContactUntilItIsAnswered)
     EXPECT_TRUE(desk().doubts().empty() && desktop.file(intentFile).isNull());
 }
 
+TEST_F(Desk, WhatIsUnderWayWhenItGoesIsNoOutcomeAndStaysADoubt)
+{
+    holdScripts();
+    for (const Channel channel : {sms, email})
+        begin(channel, alix());
+    killAndStart();
+    gate.release(2);
+    settle();
+    EXPECT_EQ(answers, (QStringList{u"abandoned"_s, u"abandoned"_s}));
+    EXPECT_EQ(desk().doubts().size(), 2U);
+    EXPECT_TRUE(store().sendHistory(alix()).empty() && store().emailHistory(alix()).empty());
+}
+
 /// What the files held when the process was killed, and what the next start makes of them.
 struct Killed {
     const char *name;

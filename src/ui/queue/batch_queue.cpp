@@ -5,7 +5,6 @@
 #include "ui/kit/switches.h"
 
 #include <QCoroFuture>
-#include <QPointer>
 
 #include <algorithm>
 
@@ -83,7 +82,7 @@ void BatchQueue::close()
 
 void BatchQueue::stopWaiting()
 {
-    m_stopPause.request_stop();
+    m_tasks.cancel();
     if (m_handedOver)
         m_desk.giveUp(m_channel.channel, m_handedOver->id);
 }
@@ -225,14 +224,13 @@ void BatchQueue::perform(QueueAction action, const std::optional<Prospect> &cont
 
 QCoro::Task<> BatchQueue::runAutomaticQueue()
 {
-    const QPointer<BatchQueue> self(this);
-    while (self && take(TurnReached{}) == QueueAction::send) {
-        m_stopPause = std::stop_source();
+    while (take(TurnReached{}) == QueueAction::send) {
+        const TaskScope::Lease lease = m_tasks.lease();
         m_handedOver = *current();
         const QCoro::Task<SendOutcome> sending =
             m_desk.order(m_channel.channel, m_handedOver->id, m_switches.freeProPlan());
         const SendOutcome outcome = co_await sending;
-        if (!self)
+        if (lease.isAbandoned())
             co_return;
         const Prospect contact = *m_handedOver;
         const bool isHeld = isRunning() && std::holds_alternative<Refused>(outcome) &&
@@ -245,8 +243,10 @@ QCoro::Task<> BatchQueue::runAutomaticQueue()
         followStopReplies();
         if (!isRunning())
             break;
-        const QFuture<void> pause = m_clock.sleep(pauseBetweenContacts, m_stopPause.get_token());
+        const QFuture<void> pause = m_clock.sleep(pauseBetweenContacts, lease.token());
         co_await pause;
+        if (lease.isAbandoned())
+            co_return;
     }
 }
 
@@ -254,7 +254,7 @@ QCoro::Task<> BatchQueue::runAutomaticQueue()
 void BatchQueue::callOff()
 {
     m_isCalledOff = isRunning();
-    m_stopPause.request_stop();
+    m_tasks.cancel();
 }
 
 void BatchQueue::followStore()

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "messaging/send_desk.h"
+#include "platform/task_scope.h"
 #include "ui/queue/countdown.h"
 #include "ui/queue/queue_channel.h"
 #include "ui/queue/run_outlook.h"
@@ -118,7 +119,7 @@ private:
     bool m_wasAutomatic;
     bool m_isCalledOff = false;           ///< the run begins no other message
     std::optional<Prospect> m_handedOver; ///< kept, since it may be deleted during its send
-    std::stop_source m_stopPause;         ///< ends the pause between two contacts
+    TaskScope m_tasks;                    ///< cancelled, the pause between two contacts ends
 };
 
 } // namespace quenoria

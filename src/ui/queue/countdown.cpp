@@ -3,7 +3,6 @@
 #include "platform/clock.h"
 
 #include <QCoroFuture>
-#include <QPointer>
 
 using namespace std::chrono_literals;
 
@@ -16,12 +15,10 @@ void Countdown::follow(std::optional<Instant> due)
     if (due == m_due)
         return;
     m_due = due;
-    m_stop.request_stop();
+    m_tasks.cancel();
     look();
-    if (!due)
-        return;
-    m_stop = std::stop_source();
-    count(m_stop.get_token());
+    if (due)
+        count();
 }
 
 std::chrono::milliseconds Countdown::left() const
@@ -37,13 +34,13 @@ void Countdown::look()
 }
 
 /// Wakes when the number changes and not before.
-QCoro::Task<> Countdown::count(std::stop_token stop)
+QCoro::Task<> Countdown::count()
 {
-    const QPointer<Countdown> self(this);
+    const TaskScope::Lease lease = m_tasks.lease();
     while (left() > 0ms) {
-        const QFuture<void> pause = m_clock.sleep((left() - 1ms) % 1000 + 1ms, stop);
+        const QFuture<void> pause = m_clock.sleep((left() - 1ms) % 1000 + 1ms, lease.token());
         co_await pause;
-        if (!self || stop.stop_requested())
+        if (lease.isOver())
             co_return;
         look();
     }

@@ -1,11 +1,10 @@
 #pragma once
 
 #include "model/instant.h"
+#include "platform/task_scope.h"
 
 #include <QCoroTask>
 #include <QObject>
-
-#include <stop_token>
 
 namespace quenoria {
 
@@ -17,7 +16,6 @@ class Countdown : public QObject {
 
 public:
     explicit Countdown(Clock &clock) : m_clock(clock) {}
-    ~Countdown() override { m_stop.request_stop(); }
 
     /// Counts down to this from now on; to nothing when it is absent or past.
     void follow(std::optional<Instant> due);
@@ -29,14 +27,14 @@ Q_SIGNALS:
     void changed();
 
 private:
-    QCoro::Task<> count(std::stop_token stop);
+    QCoro::Task<> count();
     std::chrono::milliseconds left() const;
     void look();
 
     Clock &m_clock;
     std::optional<Instant> m_due;
     int m_seconds = 0;
-    std::stop_source m_stop{std::nostopstate};
+    TaskScope m_tasks;
 };
 
 } // namespace quenoria

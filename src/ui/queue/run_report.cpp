@@ -95,8 +95,8 @@ void RunLog::note(const SendOutcome &outcome, const Prospect &contact)
         set(contact, Kind::sent);
     else if (const auto *doubt = std::get_if<InDoubt>(&outcome))
         set(contact, Kind::inDoubt, doubt->message);
-    else if (const auto &refused = std::get<Refused>(outcome); refused.message)
-        set(contact, Kind::refused, *refused.message);
+    else if (const auto *refused = std::get_if<Refused>(&outcome); refused && refused->message)
+        set(contact, Kind::refused, *refused->message);
 }
 
 void RunLog::notePassedOver(const Prospect &contact, const QString &servedAs)

@@ -2,8 +2,6 @@
 
 #include "ui/kit/switches.h"
 
-#include <QPointer>
-
 using namespace Qt::StringLiterals;
 
 namespace quenoria {
@@ -58,11 +56,11 @@ void RowActions::prepare(Channel channel, const Prospect &contact)
 QCoro::Task<> RowActions::sendAutomatically(Channel channel, Prospect contact)
 {
     Q_EMIT sendStarted(contact.label);
-    const QPointer<RowActions> self(this);
+    const TaskScope::Lease lease = m_tasks.lease();
     const QCoro::Task<SendOutcome> sending =
         m_desk.order(channel, contact.id, m_switches.freeProPlan());
     const SendOutcome outcome = co_await sending;
-    if (self)
+    if (!lease.isAbandoned())
         tell(outcome, contact.label);
 }
 

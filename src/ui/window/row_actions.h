@@ -1,6 +1,7 @@
 #pragma once
 
 #include "messaging/send_desk.h"
+#include "platform/task_scope.h"
 #include "ui/table/cell_roles.h"
 
 namespace quenoria {
@@ -34,6 +35,7 @@ private:
 
     SendDesk &m_desk;
     const Switches &m_switches;
+    TaskScope m_tasks;
 };
 
 } // namespace quenoria
