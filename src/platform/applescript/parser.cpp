@@ -1,9 +1,8 @@
 #include "platform/applescript/parser.h"
 
-#include "platform/applescript/lexer.h"
+#include "platform/applescript/token_reader.h"
 
-#include <QScopeGuard>
-#include <QSet>
+#include <map>
 
 using namespace Qt::StringLiterals;
 
@@ -11,93 +10,20 @@ namespace quenoria::applescript {
 
 namespace {
 
-/// Deeper nesting is refused, so that no text can exhaust the stack.
-constexpr int deepestNesting = 64;
-
-const QSet<QString> reservedWords{u"and"_s,    u"as"_s, u"at"_s,  u"else"_s, u"end"_s,
-                                  u"error"_s,  u"if"_s, u"is"_s,  u"new"_s,  u"not"_s,
-                                  u"number"_s, u"of"_s, u"on"_s,  u"set"_s,  u"tell"_s,
-                                  u"then"_s,   u"to"_s, u"try"_s, u"with"_s};
-
-/// Ends the parsing; never leaves parse().
-struct OutsideGrammar {};
-
-class Parser {
+class Parser : TokenReader {
 public:
-    explicit Parser(std::vector<Token> tokens) : m_tokens(std::move(tokens)) {}
+    using TokenReader::TokenReader;
 
     Block script()
     {
         Block statements = block();
-        take(Token::Kind::End);
+        expect(Token::Kind::End);
         return statements;
     }
 
 private:
     using StatementRule = Statement (Parser::*)();
     using OperandRule = Expression (Parser::*)();
-
-    bool sees(Token::Kind kind) const { return m_tokens[m_position].kind == kind; }
-    bool sees(Token::Kind kind, QStringView text) const
-    {
-        return sees(kind) && m_tokens[m_position].text == text;
-    }
-    bool sees(QStringView word) const { return sees(Token::Kind::Word, word); }
-
-    QString take(Token::Kind kind)
-    {
-        if (!sees(kind))
-            throw OutsideGrammar();
-        return m_tokens[m_position++].text;
-    }
-
-    bool accept(Token::Kind kind, QStringView text)
-    {
-        const bool found = sees(kind, text);
-        m_position += found ? 1 : 0;
-        return found;
-    }
-    bool accept(QStringView word) { return accept(Token::Kind::Word, word); }
-    bool acceptSymbol(QStringView symbol) { return accept(Token::Kind::Symbol, symbol); }
-
-    void expectSymbol(QStringView symbol)
-    {
-        if (!acceptSymbol(symbol))
-            throw OutsideGrammar();
-    }
-
-    void expect(std::initializer_list<QStringView> words)
-    {
-        for (const QStringView word : words) {
-            if (!accept(word))
-                throw OutsideGrammar();
-        }
-    }
-
-    void lineEnd() { take(Token::Kind::LineEnd); }
-
-    QString name()
-    {
-        if (reservedWords.contains(m_tokens[m_position].text))
-            throw OutsideGrammar();
-        return take(Token::Kind::Word);
-    }
-
-    /// A term of several words, such as "outgoing message".
-    QString words()
-    {
-        QStringList found{take(Token::Kind::Word)};
-        while (sees(Token::Kind::Word) && !sees(u"at") && !sees(u"with"))
-            found << take(Token::Kind::Word);
-        return found.join(u' ');
-    }
-
-    auto oneLevelDown()
-    {
-        if (++m_depth > deepestNesting)
-            throw OutsideGrammar();
-        return qScopeGuard([this] { --m_depth; });
-    }
 
     Block block();
     Statement statement();
@@ -126,10 +52,6 @@ private:
     Expression buddy();
     Expression fileAlias();
     Expression make();
-
-    std::vector<Token> m_tokens;
-    std::size_t m_position = 0;
-    int m_depth = 0;
 };
 
 Block Parser::block()
@@ -156,7 +78,7 @@ Statement Parser::statement()
     const auto level = oneLevelDown();
     if (sees(u"make"))
         return {operand()};
-    const auto rule = rules.find(take(Token::Kind::Word));
+    const auto rule = rules.find(expect(Token::Kind::Word));
     if (rule == rules.end())
         throw OutsideGrammar();
     return (this->*rule->second)();
@@ -270,9 +192,9 @@ Expression Parser::operand()
 {
     const auto level = oneLevelDown();
     if (sees(Token::Kind::Text))
-        return {Literal{take(Token::Kind::Text)}};
+        return {Literal{expect(Token::Kind::Text)}};
     if (sees(Token::Kind::Number))
-        return {Literal{take(Token::Kind::Number).toDouble()}};
+        return {Literal{expect(Token::Kind::Number).toDouble()}};
     return word();
 }
 
@@ -306,7 +228,7 @@ Expression Parser::missingValue()
     return {Literal{MissingValue{}}};
 }
 
-Expression Parser::application() { return {Application{take(Token::Kind::Text)}}; }
+Expression Parser::application() { return {Application{expect(Token::Kind::Text)}}; }
 
 Expression Parser::firstService()
 {
