@@ -1,6 +1,6 @@
 #include "messaging/send_desk.h"
 
-#include "store/collection.h"
+#include "messaging/send_intents.h"
 
 #include <QCoroFuture>
 
@@ -18,43 +18,6 @@ const QString notNoted = u"L’envoi n’a pas pu être noté sur le disque ; le
 const QString saidStop =
     u"Ce contact a répondu STOP : décidez d’abord dans « Réponses STOP » (menu "
     "Envois)."_s;
-
-QString nameOf(Channel channel) { return channel == Channel::sms ? u"sms"_s : u"email"_s; }
-
-Channel channelOf(const SendIntent &intent)
-{
-    return intent.channel == nameOf(Channel::sms) ? Channel::sms : Channel::email;
-}
-
-/// The contact as the message was addressed to it.
-Prospect contactOf(const SendIntent &intent)
-{
-    Prospect contact;
-    contact.id = intent.contact;
-    contact.label = intent.label;
-    if (channelOf(intent) == Channel::sms)
-        contact.phone = intent.recipient;
-    else
-        contact.email = intent.recipient;
-    return contact;
-}
-
-std::vector<Instant> historySince(const ProspectStore &store, Channel channel,
-                                  const Prospect &contact, Instant instant)
-{
-    std::vector<Instant> history =
-        channel == Channel::sms ? store.sendHistory(contact) : store.emailHistory(contact);
-    std::erase_if(history, [instant](Instant date) { return date < instant; });
-    return history;
-}
-
-/// The files that a send is recorded in, in their order.
-std::vector<Collection> recordsOf(Channel channel)
-{
-    if (channel == Channel::sms)
-        return {Collection::statuses, Collection::smsMonthlyRecipientsByMonth};
-    return {Collection::emailStatuses};
-}
 
 } // namespace
 
@@ -280,74 +243,6 @@ std::vector<SendIntent> SendDesk::doubts() const
                std::ranges::find(m_orders, intent, &Order::intent) != m_orders.end();
     });
     return open;
-}
-
-bool SendDesk::raiseDoubt(Channel channel, const QString &contactId)
-{
-    for (const SendIntent &doubt : doubts()) {
-        if (doubt.contact == contactId && channelOf(doubt) == channel) {
-            Q_EMIT doubtRaised(doubt);
-            return true;
-        }
-    }
-    return false;
-}
-
-void SendDesk::answer(const SendIntent &doubt, DoubtAnswer answer)
-{
-    const Channel channel = channelOf(doubt);
-    if (answer == DoubtAnswer::left && channel == Channel::sms)
-        m_store.recordSent(contactOf(doubt), doubt.instant);
-    else if (answer == DoubtAnswer::left)
-        m_store.recordEmailSent(contactOf(doubt), doubt.instant);
-    if (answer == DoubtAnswer::left && unsaved(channel))
-        m_unsaved.push_back(doubt);
-    else if (answer != DoubtAnswer::later)
-        m_intents.remove(doubt);
-    if (answer == DoubtAnswer::left)
-        m_stopReplies.readAgain(); // what came since the message is newer than a send now
-    Q_EMIT doubtAnswered(channel, doubt.contact, answer);
-}
-
-Refusal SendDesk::unsaved(Channel channel) const
-{
-    for (const Collection collection : recordsOf(channel)) {
-        const auto found = m_store.unsaved().find(collection);
-        if (found != m_store.unsaved().end())
-            return found->second;
-    }
-    return {};
-}
-
-/// What could not be recorded on the disk at first may be there by now.
-void SendDesk::forgetSaved()
-{
-    std::erase_if(m_unsaved, [this](const SendIntent &intent) {
-        const bool isSaved = !unsaved(channelOf(intent));
-        if (isSaved)
-            m_intents.remove(intent);
-        return isSaved;
-    });
-}
-
-/// A process that died between two files leaves the later one behind: the history comes first,
-/// then the quota, then the intent goes.
-void SendDesk::reconcile()
-{
-    const std::vector<SendIntent> left = m_intents.intents();
-    for (const SendIntent &intent : left) {
-        const Channel channel = channelOf(intent);
-        const Prospect contact = contactOf(intent);
-        const std::vector<Instant> since = historySince(m_store, channel, contact, intent.instant);
-        if (since.size() <= intent.known.size())
-            continue;
-        if (channel == Channel::sms)
-            m_store.recordSMSRecipientUsage(contact, since.back());
-        if (unsaved(channel))
-            m_unsaved.push_back(intent);
-        else
-            m_intents.remove(intent);
-    }
 }
 
 } // namespace quenoria
