@@ -1,4 +1,4 @@
-#include "ui/kit/calm_painting.h"
+#include "ui/kit/style_painting.h"
 
 #include "ui/kit/button_role.h"
 #include "ui/kit/theme.h"

@@ -9,7 +9,7 @@ class QStyleOptionButton;
 
 namespace quenoria {
 
-// The strokes of CalmStyle. Each takes its colours from the option's palette.
+// The strokes of WidgetStyle. Each takes its colours from the option's palette.
 
 /// A rounded box, its border inside the rectangle.
 void drawBox(QPainter *painter, const QRect &rect, const QColor &fill, const QPen &border);

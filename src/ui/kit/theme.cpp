@@ -1,6 +1,6 @@
 #include "ui/kit/theme.h"
 
-#include "ui/kit/calm_style.h"
+#include "ui/kit/widget_style.h"
 
 #include <QApplication>
 #include <QToolTip>
@@ -94,8 +94,8 @@ QPalette themePalette(Appearance appearance)
 
 void applyTheme(Appearance appearance)
 {
-    if (!qobject_cast<CalmStyle *>(QApplication::style())) {
-        auto *style = new CalmStyle;
+    if (!qobject_cast<WidgetStyle *>(QApplication::style())) {
+        auto *style = new WidgetStyle;
         style->setParent(qApp);
         QApplication::setStyle(style);
     }

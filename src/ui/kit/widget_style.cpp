@@ -1,7 +1,7 @@
-#include "ui/kit/calm_style.h"
+#include "ui/kit/widget_style.h"
 
-#include "ui/kit/calm_painting.h"
 #include "ui/kit/mnemonics.h"
+#include "ui/kit/style_painting.h"
 
 #include <QAbstractItemView>
 #include <QCheckBox>
@@ -81,11 +81,11 @@ QStyleOptionButton withMnemonic(const QStyleOptionButton &option, const QWidget 
 
 } // namespace
 
-CalmStyle::CalmStyle() : QProxyStyle(u"Fusion"_s) {}
+WidgetStyle::WidgetStyle() : QProxyStyle(u"Fusion"_s) {}
 
 /// Tooltips are labels too, and so are the texts of message boxes: whatever a text is shown in, a
 /// user's "<" is one. Every menu gets its letters here, also those that the toolkit makes.
-void CalmStyle::polish(QWidget *widget)
+void WidgetStyle::polish(QWidget *widget)
 {
     auto *label = qobject_cast<QLabel *>(widget);
     if (label && label->textFormat() == Qt::AutoText)
@@ -95,8 +95,8 @@ void CalmStyle::polish(QWidget *widget)
     QProxyStyle::polish(widget);
 }
 
-int CalmStyle::pixelMetric(PixelMetric metric, const QStyleOption *option,
-                           const QWidget *widget) const
+int WidgetStyle::pixelMetric(PixelMetric metric, const QStyleOption *option,
+                             const QWidget *widget) const
 {
     switch (metric) {
     case PM_DefaultFrameWidth:
@@ -124,8 +124,8 @@ int CalmStyle::pixelMetric(PixelMetric metric, const QStyleOption *option,
     }
 }
 
-int CalmStyle::styleHint(StyleHint hint, const QStyleOption *option, const QWidget *widget,
-                         QStyleHintReturn *data) const
+int WidgetStyle::styleHint(StyleHint hint, const QStyleOption *option, const QWidget *widget,
+                           QStyleHintReturn *data) const
 {
     switch (hint) {
     case SH_EtchDisabledText:
@@ -139,8 +139,8 @@ int CalmStyle::styleHint(StyleHint hint, const QStyleOption *option, const QWidg
     }
 }
 
-QSize CalmStyle::sizeFromContents(ContentsType type, const QStyleOption *option, const QSize &size,
-                                  const QWidget *widget) const
+QSize WidgetStyle::sizeFromContents(ContentsType type, const QStyleOption *option,
+                                    const QSize &size, const QWidget *widget) const
 {
     QSize result = QProxyStyle::sizeFromContents(type, option, size, widget);
     switch (type) {
@@ -162,8 +162,8 @@ QSize CalmStyle::sizeFromContents(ContentsType type, const QStyleOption *option,
     }
 }
 
-QRect CalmStyle::subElementRect(SubElement element, const QStyleOption *option,
-                                const QWidget *widget) const
+QRect WidgetStyle::subElementRect(SubElement element, const QStyleOption *option,
+                                  const QWidget *widget) const
 {
     const QRect rect = QProxyStyle::subElementRect(element, option, widget);
     if (element == SE_LineEditContents && isFramed(option))
@@ -171,8 +171,8 @@ QRect CalmStyle::subElementRect(SubElement element, const QStyleOption *option,
     return rect;
 }
 
-QRect CalmStyle::subControlRect(ComplexControl control, const QStyleOptionComplex *option,
-                                SubControl part, const QWidget *widget) const
+QRect WidgetStyle::subControlRect(ComplexControl control, const QStyleOptionComplex *option,
+                                  SubControl part, const QWidget *widget) const
 {
     if (control == CC_ScrollBar) {
         if (const auto *bar = qstyleoption_cast<const QStyleOptionSlider *>(option))
@@ -186,8 +186,8 @@ QRect CalmStyle::subControlRect(ComplexControl control, const QStyleOptionComple
     return rect;
 }
 
-void CalmStyle::drawPrimitive(PrimitiveElement element, const QStyleOption *option,
-                              QPainter *painter, const QWidget *widget) const
+void WidgetStyle::drawPrimitive(PrimitiveElement element, const QStyleOption *option,
+                                QPainter *painter, const QWidget *widget) const
 {
     switch (element) {
     case PE_PanelButtonCommand:
@@ -216,8 +216,8 @@ void CalmStyle::drawPrimitive(PrimitiveElement element, const QStyleOption *opti
     QProxyStyle::drawPrimitive(element, option, painter, widget);
 }
 
-void CalmStyle::drawControl(ControlElement element, const QStyleOption *option, QPainter *painter,
-                            const QWidget *widget) const
+void WidgetStyle::drawControl(ControlElement element, const QStyleOption *option, QPainter *painter,
+                              const QWidget *widget) const
 {
     switch (element) {
     case CE_PushButtonLabel:
@@ -248,8 +248,8 @@ void CalmStyle::drawControl(ControlElement element, const QStyleOption *option, 
     QProxyStyle::drawControl(element, option, painter, widget);
 }
 
-void CalmStyle::drawComplexControl(ComplexControl control, const QStyleOptionComplex *option,
-                                   QPainter *painter, const QWidget *widget) const
+void WidgetStyle::drawComplexControl(ComplexControl control, const QStyleOptionComplex *option,
+                                     QPainter *painter, const QWidget *widget) const
 {
     const auto part = [&](SubControl name) {
         return subControlRect(control, option, name, widget);

@@ -6,11 +6,11 @@ namespace quenoria {
 
 /// The product's look over Fusion: rounded fields and buttons, one accent, generous spacing. It
 /// takes every colour from the palette.
-class CalmStyle : public QProxyStyle {
+class WidgetStyle : public QProxyStyle {
     Q_OBJECT
 
 public:
-    CalmStyle();
+    WidgetStyle();
 
     /// Also makes plain what a label or a tooltip would take for markup.
     void polish(QWidget *widget) override;

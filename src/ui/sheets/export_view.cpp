@@ -63,8 +63,8 @@ ExportView::ExportView(const Platform &platform, const ProspectStore &store,
     : Sheet(u"Exporter"_s, {560, 440}, parent), m_platform(platform), m_store(store),
       m_shownContacts(std::move(shownContacts)), m_what(new QButtonGroup(this)),
       m_format(new QButtonGroup(this)), m_first(nullptr), m_last(nullptr),
-      m_progress(new QProgressBar), m_status(new StatusLabel), m_save(nullptr), m_stop(nullptr),
-      m_run(new ExportRun(this))
+      m_progress(new QProgressBar), m_status(new StatusLabel), m_save(nullptr),
+      m_stopButton(nullptr), m_run(new ExportRun(this))
 {
     addHeader(windowTitle(), u"Vers un fichier que tout tableur ouvre."_s);
     addChoices();
@@ -147,14 +147,14 @@ void ExportView::addFooter()
     m_save = new QPushButton(u"Enregistrer…"_s);
     makeProminent(m_save);
     m_save->setDefault(true);
-    m_stop = new QPushButton(u"Arrêter"_s);
+    m_stopButton = new QPushButton(u"Arrêter"_s);
     connect(m_save, &QPushButton::clicked, this, &ExportView::save);
-    connect(m_stop, &QPushButton::clicked, m_run, &ExportRun::stop);
+    connect(m_stopButton, &QPushButton::clicked, m_run, &ExportRun::stop);
     auto *row = new QHBoxLayout;
     row->addWidget(m_progress, 1);
     row->addWidget(m_status, 1);
     row->addStretch();
-    row->addWidget(m_stop);
+    row->addWidget(m_stopButton);
     row->addWidget(m_save);
     footer()->addLayout(row);
 }
@@ -205,9 +205,9 @@ void ExportView::showRunning(bool running)
     m_last->setEnabled(dated);
     m_progress->setVisible(running);
     m_status->setVisible(!running && !m_status->text().isEmpty());
-    m_stop->setVisible(running);
+    m_stopButton->setVisible(running);
     m_save->setVisible(!running);
-    (running ? m_stop : m_save)->setFocus();
+    (running ? m_stopButton : m_save)->setFocus();
 }
 
 void ExportView::conclude(const ExportOutcome &outcome)

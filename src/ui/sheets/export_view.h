@@ -48,7 +48,7 @@ private:
     QProgressBar *m_progress;
     StatusLabel *m_status;
     QPushButton *m_save;
-    QPushButton *m_stop;
+    QPushButton *m_stopButton;
     QList<QWidget *> m_choices; ///< of no use while the file is written
     QString m_fileName;
     ExportRun *m_run;

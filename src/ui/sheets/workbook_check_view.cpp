@@ -61,7 +61,7 @@ WorkbookCheckView::WorkbookCheckView(const Platform &platform, ProspectStore &st
       m_columns(makeLabel({}, TextStyle::footnote, Tint::secondary)),
       m_counts(makeLabel({}, TextStyle::headline)), m_results(new QWidget), m_choice(new QComboBox),
       m_rest(makeLabel({}, TextStyle::footnote, Tint::secondary)), m_progress(new QProgressBar),
-      m_status(new StatusLabel), m_stop(new QPushButton(u"Arrêter"_s)),
+      m_status(new StatusLabel), m_stopButton(new QPushButton(u"Arrêter"_s)),
       m_save(new QPushButton(u"Enregistrer les lignes rejetées…"_s)),
       m_confirm(new QPushButton(u"Importer"_s))
 {
@@ -105,7 +105,7 @@ void WorkbookCheckView::addFooter()
     m_confirm->setDefault(true);
     connect(m_save, &QPushButton::clicked, this, &WorkbookCheckView::saveRejected);
     connect(m_confirm, &QPushButton::clicked, this, &WorkbookCheckView::import);
-    connect(m_stop, &QPushButton::clicked, this, [this] {
+    connect(m_stopButton, &QPushButton::clicked, this, [this] {
         if (m_phase == Phase::saving)
             m_saving->stop();
         else
@@ -115,7 +115,7 @@ void WorkbookCheckView::addFooter()
     row->addWidget(m_save);
     row->addWidget(m_progress, 1);
     row->addStretch();
-    row->addWidget(m_stop);
+    row->addWidget(m_stopButton);
     row->addWidget(m_confirm);
     footer()->addWidget(m_status);
     footer()->addLayout(row);
@@ -237,7 +237,7 @@ void WorkbookCheckView::enter(Phase phase)
     m_progress->setAccessibleName(phase == Phase::saving ? u"Écriture du fichier"_s
                                                          : u"Lecture du classeur"_s);
     m_progress->setVisible(isBusy);
-    m_stop->setVisible(isBusy);
+    m_stopButton->setVisible(isBusy);
     for (QWidget *part : std::initializer_list<QWidget *>{m_counts, m_columns, m_results})
         part->setVisible(hasResults);
     m_save->setVisible(phase == Phase::shown && m_model->check().rejected->rows() > 0);

@@ -71,7 +71,7 @@ private:
     TextLabel *m_rest; ///< that there are more rows than are shown
     QProgressBar *m_progress;
     StatusLabel *m_status;
-    QPushButton *m_stop;
+    QPushButton *m_stopButton;
     QPushButton *m_save;
     QPushButton *m_confirm;
     QString m_savedName;

@@ -1,7 +1,7 @@
 #include "ui/window/window_fixture.h"
 
-#include "ui/kit/calm_style.h"
 #include "ui/kit/screen_room.h"
+#include "ui/kit/widget_style.h"
 #include "ui/queue/queue_sheet.h"
 
 #include <QComboBox>
@@ -155,7 +155,7 @@ QStringList withoutLetter(const QWidget &window)
 /// The same of a menu's entries, while it is open; closed, their texts are as written.
 QStringList withoutLetter(QMenu &menu)
 {
-    CalmStyle().polish(&menu);
+    WidgetStyle().polish(&menu);
     Q_EMIT menu.aboutToShow();
     QStringList faults;
     QList<QKeySequence> taken{QKeySequence()};
