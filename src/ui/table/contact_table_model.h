@@ -44,6 +44,9 @@ public:
     /// Ticks or unticks a column of check boxes for many contacts at once.
     ManyContacts tickMany(int column, bool ticked, const IdSet &ids);
 
+    /// Chooses the same for many contacts in a column of pickers.
+    void pickMany(int column, const QString &choice, const IdSet &ids);
+
     /// The last acts on the cells.
     UndoList &undoList() { return m_undo; }
 

@@ -60,6 +60,17 @@ ManyContacts ContactTableModel::tickMany(int column, bool ticked, const IdSet &i
     return outcome;
 }
 
+void ContactTableModel::pickMany(int column, const QString &choice, const IdSet &ids)
+{
+    m_undo.record(column, ids, [&] {
+        const Together together(m_store);
+        for (const QString &id : ids) {
+            if (const Prospect *contact = m_store.prospect(id))
+                contactColumns()[std::size_t(column)].edit({m_store, m_state, *contact}, choice);
+        }
+    });
+}
+
 void ContactTableModel::setUnderWay(Channel channel, const QString &contactId, bool isUnderWay)
 {
     IdSet &contacts = channel == Channel::sms ? m_state.smsUnderWay : m_state.emailUnderWay;

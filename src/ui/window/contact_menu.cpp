@@ -1,5 +1,6 @@
 #include "ui/window/contact_menu.h"
 
+#include "ui/kit/plain_text.h"
 #include "ui/table/contact_table_model.h"
 #include "ui/table/contact_table_view.h"
 
@@ -8,6 +9,20 @@
 using namespace Qt::StringLiterals;
 
 namespace quenoria {
+
+namespace {
+
+/// The choices of a column of pickers, for all selected contacts.
+void addPicker(QMenu &menu, ContactTableView &table, ContactTableModel &model, int column)
+{
+    QMenu *picker = menu.addMenu(model.headerData(column, Qt::Horizontal).toString());
+    for (const CellChoice &choice : model.index(0, column).data(ChoicesRole).value<CellChoices>())
+        picker->addAction(menuText(choice.title), &table, [&table, &model, column, id = choice.id] {
+            model.pickMany(column, id, table.selectedContacts());
+        });
+}
+
+} // namespace
 
 ContactMenu::ContactMenu(ContactTableModel &model, const QString &contactId)
     : m_model(model), m_contactId(contactId), m_row(model.contacts().rowOf(contactId))
@@ -53,7 +68,7 @@ void ContactMenu::addTicks(QMenu &menu) const
     }
 }
 
-void fillSelectionMenu(QMenu &menu, ContactTableView &table)
+void fillSelectionMenu(QMenu &menu, ContactTableView &table, ContactTableModel &model)
 {
     menu.addAction(u"%1 contacts sélectionnés"_s.arg(table.selectedContacts().size()))
         ->setEnabled(false);
@@ -66,6 +81,11 @@ void fillSelectionMenu(QMenu &menu, ContactTableView &table)
                                        &table, [&table, column] { table.toggleSelection(column); });
         tick->setCheckable(true);
         tick->setChecked(table.selectionIsTicked(column));
+    }
+    menu.addSeparator();
+    for (int column = 0; column < int(columns.size()); ++column) {
+        if (columns[std::size_t(column)].kind == CellKind::picker)
+            addPicker(menu, table, model, column);
     }
 }
 

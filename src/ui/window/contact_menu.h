@@ -31,7 +31,7 @@ private:
     int m_row;
 };
 
-/// Offers the ticks of all selected contacts together.
-void fillSelectionMenu(QMenu &menu, ContactTableView &table);
+/// Offers the ticks and the templates of all selected contacts together.
+void fillSelectionMenu(QMenu &menu, ContactTableView &table, ContactTableModel &model);
 
 } // namespace quenoria

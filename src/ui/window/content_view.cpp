@@ -224,7 +224,7 @@ void ContentView::fillContactMenu(QMenu &menu, const QString &id)
 {
     const IdSet selected = m_table->selectedContacts();
     if (selected.size() > 1 && selected.contains(id))
-        return fillSelectionMenu(menu, *m_table);
+        return fillSelectionMenu(menu, *m_table, m_model);
     ContactMenu contents(m_model, id);
     contents.edit = [this, id] { editContact(id); };
     contents.act = [this, id](RowAction action) { performAction(action, id); };

@@ -102,6 +102,13 @@ TEST_F(Undo, ManyAreOneActAndOneChange)
                       "coché pour 2 contacts"_s);
     EXPECT_EQ(published.size(), 1);
     EXPECT_FALSE(store().isStopped(alix()));
+    const QString id = store().createMessage(u"Relance"_s, u"Bonjour"_s);
+    published.clear();
+    model().pickMany(columnOf(SortColumn::message), id, {alix().id, chloe().id});
+    EXPECT_EQ(published.size(), 1);
+    EXPECT_EQ(store().assignedMessageID(chloe()), id);
+    EXPECT_EQ(undo(), u"Annulé : « Message SMS » modifié pour 2 contacts"_s);
+    EXPECT_EQ(store().assignedMessageID(alix()), ProspectStore::defaultMessageID);
 }
 
 } // namespace
