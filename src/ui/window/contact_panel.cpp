@@ -1,6 +1,7 @@
 #include "ui/window/contact_panel.h"
 
 #include "ui/kit/labels.h"
+#include "ui/kit/screen_room.h"
 #include "ui/table/contact_table_model.h"
 #include "ui/window/panel_field.h"
 
@@ -17,6 +18,7 @@ namespace {
 
 constexpr int leastWidth = 320;
 constexpr int widthInCharacters = 36;
+constexpr double mostOfScreen = 0.4;
 constexpr int margin = 16;
 constexpr int gap = 10;
 
@@ -56,7 +58,6 @@ ContactPanel::ContactPanel(ContactTableModel &model, QWidget *parent)
 
 void ContactPanel::build()
 {
-    setFixedWidth(qMax(leastWidth, widthInCharacters * fontMetrics().averageCharWidth()));
     auto *fields = new QVBoxLayout(m_contents);
     fields->setContentsMargins(margin, 0, margin, margin);
     fields->setSpacing(gap);
@@ -82,6 +83,14 @@ void ContactPanel::build()
     column->setSpacing(0);
     column->addWidget(m_title);
     column->addWidget(m_area, 1);
+}
+
+/// On a small screen with large letters, it leaves the table its part.
+void ContactPanel::showEvent(QShowEvent *event)
+{
+    const int usual = qMax(leastWidth, widthInCharacters * fontMetrics().averageCharWidth());
+    setFixedWidth(qMin(usual, int(screenRoom(*this).width() * mostOfScreen)));
+    QWidget::showEvent(event);
 }
 
 void ContactPanel::follow(const QModelIndex &current)

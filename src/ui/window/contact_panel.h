@@ -36,6 +36,9 @@ public:
 Q_SIGNALS:
     void actionRequested(quenoria::RowAction action, const QString &contactId);
 
+protected:
+    void showEvent(QShowEvent *event) override;
+
 private:
     void build();
     void refresh();
