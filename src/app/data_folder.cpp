@@ -42,7 +42,8 @@ QStringList unreadableFiles(const QString &folder)
     return found;
 }
 
-/// A question before the window is there; true when the user takes the first answer.
+/// A question before the window is there; true when the user takes the first answer. One that the
+/// application's end takes away is not answered.
 bool ask(const QString &title, const QString &message, const QString &yes)
 {
     QMessageBox box(QMessageBox::Warning, title, title);
@@ -53,7 +54,7 @@ bool ask(const QString &title, const QString &message, const QString &yes)
     box.setEscapeButton(leave);
     box.setDefaultButton(leave);
     box.exec();
-    return box.clickedButton() != leave;
+    return box.clickedButton() && box.clickedButton() != leave;
 }
 
 std::optional<Answer> prepareFolder(const Platform &platform)

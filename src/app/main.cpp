@@ -138,10 +138,16 @@ int runWindow(Process &process)
 {
     const StartOptions &options = process.options;
     OlvakSMSManualApp &application = process.application;
+    int asked = EXIT_FAILURE;
+    // A question before the window must not outlast a signal.
+    const auto asking =
+        QObject::connect(&process.termination, &TerminationSignals::received, qApp,
+                         [&asked](int code) { QCoreApplication::exit(asked = code); });
     const DataFiles files = prepareDataFiles(application.platform());
     if (files == DataFiles::outOfReach ||
         !openData([&application] { application.desk(); }, application.platform()))
-        return EXIT_FAILURE;
+        return asked;
+    QObject::disconnect(asking);
     ContentView window(application.desk(), application.switches(), application.platform());
     window.setDemonstration(openDemonstration);
     if (const QString notice = process.desktop.notice(); !notice.isEmpty())
