@@ -30,12 +30,6 @@ QString counted(const QString &text, std::size_t count)
     return u"%1 (%2)"_s.arg(text, displayLocale().toString(qulonglong(count)));
 }
 
-std::size_t stopCount(const ProspectStore &store)
-{
-    return std::size_t(std::ranges::count_if(
-        store.allProspects(), [&store](const Prospect &each) { return store.isStopped(each); }));
-}
-
 QDateEdit *makeDay(const QString &name, QDate day)
 {
     auto *edit = new QDateEdit(day);
@@ -82,7 +76,7 @@ void ExportView::addChoices()
     const std::pair<What, QString> choices[] = {
         {What::shownContacts, counted(u"Contacts affichés"_s, m_shownContacts.size())},
         {What::allContacts, counted(u"Tous les contacts"_s, m_store.allProspects().size())},
-        {What::stops, counted(u"Liste STOP"_s, stopCount(m_store))},
+        {What::stops, counted(u"Liste STOP"_s, stopTable(m_store, m_platform.clock.zone()).rows)},
         {What::sends, u"Envois d’une période"_s}};
     auto *list = new QVBoxLayout;
     list->setSpacing(8);
