@@ -5,6 +5,7 @@
 #include "store/prospect_store.h"
 #include "ui/table/cell_roles.h"
 
+#include <QHash>
 #include <QSet>
 #include <QTimeZone>
 

@@ -4,6 +4,7 @@
 #include "ui/table/search_texts.h"
 
 #include <QCollator>
+#include <QHash>
 #include <QSet>
 
 #include <map>

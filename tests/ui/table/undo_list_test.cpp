@@ -1,5 +1,6 @@
 #include "ui/table/table_fixture.h"
 
+#include <QDateTime>
 #include <QSignalSpy>
 
 using namespace quenoria;
