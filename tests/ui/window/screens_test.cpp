@@ -3,6 +3,7 @@
 #include "ui/kit/screen_room.h"
 #include "ui/kit/widget_style.h"
 #include "ui/queue/queue_sheet.h"
+#include "ui/window/contact_panel.h"
 
 #include <QComboBox>
 #include <QDialog>
@@ -227,6 +228,11 @@ TEST_P(OnScreen, TheWindowCanBeSeenAndUsedWhole)
     EXPECT_TRUE(GetParam().fontScale > 1 ||
                 table().columnViewportPosition(department) + table().columnWidth(department) <=
                     table().viewport()->width());
+    if (window().findChild<ContactPanel *>()->isHidden())
+        window().togglePanel();
+    settle();
+    EXPECT_LE(window().width(), screenRoom(window()).width()) << "with the panel";
+    EXPECT_TRUE(GetParam().fontScale >= 2 || faultsOf(window()).isEmpty()) << "with the panel";
 }
 
 INSTANTIATE_TEST_SUITE_P(Window, OnScreen,
