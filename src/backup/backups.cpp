@@ -4,6 +4,7 @@
 #include "backup/backup_list.h"
 #include "backup/backup_writer.h"
 #include "model/local_time.h"
+#include "platform/system_reason.h"
 #include "store/prospect_store.h"
 
 #include <QDir>
@@ -11,6 +12,9 @@
 
 #include <sys/resource.h>
 #include <unistd.h>
+
+#include <cerrno>
+#include <new>
 
 using namespace std::chrono_literals;
 
@@ -36,6 +40,17 @@ QString freePath(const QString &folder, Instant date)
         path = QDir(folder).filePath(backupName(date));
     }
     return path;
+}
+
+/// A lack of memory is a reason like others: an exception would be told to nobody.
+template <typename Act>
+Refusal guarded(const Act &act)
+{
+    try {
+        return act();
+    } catch (const std::bad_alloc &) {
+        return systemReason(ENOMEM);
+    }
 }
 
 } // namespace
@@ -91,7 +106,7 @@ void Backups::backUp()
     const auto snapshot = std::make_shared<Snapshot>(m_store, m_platform);
     const auto add = [snapshot, platform = m_platform, folder = folder()] {
         becomeLessUrgent();
-        return addBackup(*snapshot, platform, folder);
+        return guarded([&] { return addBackup(*snapshot, platform, folder); });
     };
     QtConcurrent::run(&m_thread, add).then(this, [this](const Refusal &failure) {
         conclude(failure);
@@ -112,11 +127,12 @@ void Backups::conclude(const Refusal &failure)
 QFuture<Refusal> Backups::saveTo(const QString &path)
 {
     const auto snapshot = std::make_shared<Snapshot>(m_store, m_platform);
-    const auto save = [snapshot, path, &files = m_platform.files] {
+    const auto write = [snapshot, path, &files = m_platform.files] {
         if (snapshot->failure())
             return snapshot->failure();
         return writeBackup(*snapshot, snapshot->note(), path, files);
     };
+    const auto save = [write] { return guarded(write); };
     return QtConcurrent::run(&m_thread, save);
 }
 

@@ -1,11 +1,15 @@
 #include "backup/backup_files.h"
 #include "backup/backup_list.h"
 #include "backup/backups.h"
+#include "platform/system_reason.h"
 #include "store/store_fixture.h"
 
 #include <QDir>
 
 #include <zip.h>
+
+#include <cerrno>
+#include <new>
 
 using namespace quenoria;
 using namespace quenoria::test;
@@ -107,6 +111,29 @@ TEST_F(BackupsTest, AFailureIsToldOnceUntilOneSucceeds)
     desktop.clock.advance(24h);
     startDay();
     EXPECT_EQ(failures.size(), 2) << "one without its sends would restore none";
+}
+
+struct NoMemory : WholeFileWriter {
+    std::optional<QString> writePieces(const QString &, const GivePieces &) override
+    {
+        throw std::bad_alloc();
+    }
+};
+
+TEST_F(BackupsTest, ALackOfMemoryIsToldLikeAFullDisk)
+{
+    NoMemory disk;
+    const Platform all = desktop.platform();
+    Backups poor(store(), {all.clock, all.preferences, all.folders, all.scripts, all.workspace,
+                           all.sharing, all.pasteboard, all.panels, all.resources, all.log, disk,
+                           all.handOver, all.mailbox, all.carriers});
+    QStringList reasons;
+    QObject::connect(&poor, &Backups::failed, [&](const QString &reason) { reasons << reason; });
+    EXPECT_EQ(poor.saveTo(folder() + u"/clé.zip"_s).result(), systemReason(ENOMEM));
+    Q_EMIT store().aboutToSweep();
+    poor.waitForDone();
+    settle();
+    EXPECT_EQ(reasons, QStringList{systemReason(ENOMEM)});
 }
 
 struct Kept {
