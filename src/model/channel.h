@@ -1,8 +1,13 @@
 #pragma once
 
+#include <array>
+
 namespace quenoria {
 
-/// The two ways to reach a contact.
+/// The ways to reach a contact.
 enum class Channel { sms, email };
+
+/// All of them, in the order in which they are shown; each stands at its own number.
+inline constexpr std::array allChannels{Channel::sms, Channel::email};
 
 } // namespace quenoria

@@ -45,9 +45,12 @@ ManyContacts ProspectStore::setSent(Channel channel, bool sent, const IdSet &ids
 
 bool ProspectStore::isMarkedSent(Channel channel, const Prospect &prospect) const
 {
-    const SendStatus *sms = status(prospect);
+    if (channel == Channel::sms) {
+        const SendStatus *sms = status(prospect);
+        return sms && sms->sent;
+    }
     const EmailSendStatus *email = emailStatus(prospect);
-    return channel == Channel::sms ? sms && sms->sent : email && email->sent;
+    return email && email->sent;
 }
 
 ManyContacts ProspectStore::setStopped(bool stopped, const IdSet &ids)

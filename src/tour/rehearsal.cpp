@@ -49,10 +49,7 @@ void rehearse(ContentView &window, SendDesk &desk, Switches &switches, const QSt
         if (name == both)
             desk.order(Channel::email, contact.id, false).then([](const SendOutcome &) {});
     }
-    if (name == email)
-        window.openEmailQueue();
-    else
-        window.openSMSQueue();
+    window.openQueue(name == email ? Channel::email : Channel::sms);
 }
 
 } // namespace quenoria

@@ -15,11 +15,6 @@ const std::map<Switch, QString> keys{{Switch::automaticSMS, u"EnvoiSMSAutoValida
                                      {Switch::freePro, u"EnvoiSMSFreeProPlan"_s},
                                      {Switch::automaticEmail, u"EnvoiEmailAutoValidation"_s}};
 
-bool isOn(const Preferences &preferences, Switch which)
-{
-    return preferences.flag(keys.at(which)).value_or(false);
-}
-
 } // namespace
 
 Switches::Switches(Preferences &preferences, QObject *parent)
@@ -32,9 +27,14 @@ Switches::Switches(Preferences &preferences, QObject *parent)
 
 Switches::~Switches() { m_preferences.watch({}); }
 
-bool Switches::autoValidateSMS() const { return isOn(m_preferences, Switch::automaticSMS); }
-bool Switches::freeProPlan() const { return isOn(m_preferences, Switch::freePro); }
-bool Switches::autoValidateEmail() const { return isOn(m_preferences, Switch::automaticEmail); }
+bool Switches::isOn(Switch which) const
+{
+    return m_preferences.flag(keys.at(which)).value_or(false);
+}
+
+bool Switches::autoValidateSMS() const { return isOn(Switch::automaticSMS); }
+bool Switches::freeProPlan() const { return isOn(Switch::freePro); }
+bool Switches::autoValidateEmail() const { return isOn(Switch::automaticEmail); }
 
 void Switches::setAutoValidateSMS(bool on) { set(Switch::automaticSMS, on); }
 void Switches::setFreeProPlan(bool on) { set(Switch::freePro, on); }
@@ -42,7 +42,7 @@ void Switches::setAutoValidateEmail(bool on) { set(Switch::automaticEmail, on); 
 
 void Switches::set(Switch which, bool on)
 {
-    if (isOn(m_preferences, which) == on)
+    if (isOn(which) == on)
         return;
     m_preferences.setFlag(keys.at(which), on);
     if (m_preferences.unsaved())

@@ -24,9 +24,12 @@ public:
     bool freeProPlan() const;
     bool autoValidateEmail() const;
 
+    bool isOn(Switch which) const;
+
     void setAutoValidateSMS(bool on);
     void setFreeProPlan(bool on);
     void setAutoValidateEmail(bool on);
+    void set(Switch which, bool on);
 
     /// Whether the switch has a value that would be lost at the end, and why.
     bool isUnsaved(Switch which) const;
@@ -38,7 +41,6 @@ Q_SIGNALS:
     void changed();
 
 private:
-    void set(Switch which, bool on);
     bool noteStore(); ///< true when the preferences fell behind, or caught up
     void lookAtStore();
 

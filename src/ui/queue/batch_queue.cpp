@@ -18,7 +18,7 @@ constexpr std::chrono::milliseconds pauseBetweenContacts{800};
 
 } // namespace
 
-BatchQueue::BatchQueue(const QueueChannel &channel, SendDesk &desk, Switches &switches,
+BatchQueue::BatchQueue(const ChannelDescriptor &channel, SendDesk &desk, Switches &switches,
                        const Platform &platform)
     : QObject(&desk), m_channel(channel), m_desk(desk), m_store(desk.store()), m_switches(switches),
       m_clock(platform.clock), m_countdown(platform.clock),
@@ -55,7 +55,7 @@ void BatchQueue::stop()
 {
     if (!isRunning())
         return;
-    (m_switches.*m_channel.setAutomatic)(false);
+    m_switches.set(m_channel.automatic->turnedOn.which, false);
     stopWaiting();
 }
 
@@ -91,7 +91,7 @@ QStringList BatchQueue::selectedIDs() const
 {
     std::vector<const Prospect *> selected;
     for (const Prospect &prospect : m_store.allProspects()) {
-        if (m_channel.isQueued(m_store, prospect) && !m_store.isStopped(prospect) &&
+        if (m_channel.queue.holds(m_store, prospect) && !m_store.isStopped(prospect) &&
             !m_desk.isUnderWay(m_channel.channel, prospect.id))
             selected.push_back(&prospect);
     }
@@ -108,7 +108,7 @@ const Prospect *BatchQueue::current() const
     return m_state.queueIDs.isEmpty() ? nullptr : m_store.prospect(m_state.queueIDs.first());
 }
 
-bool BatchQueue::isAutomatic() const { return (m_switches.*m_channel.isAutomatic)(); }
+bool BatchQueue::isAutomatic() const { return m_channel.isAutomatic(m_switches); }
 
 bool BatchQueue::isSending() const
 {
@@ -118,11 +118,9 @@ bool BatchQueue::isSending() const
 /// What the run waits for, of more than the pause between two contacts.
 std::optional<Instant> BatchQueue::nextSend() const
 {
-    if (!isRunning())
+    if (!isRunning() || !m_channel.pace.nextTurn)
         return std::nullopt;
-    if (m_channel.channel == Channel::email)
-        return m_desk.mailTurn().pausedUntil();
-    return m_clock.now() + ceil<std::chrono::milliseconds>(m_store.automaticSMSWait());
+    return m_channel.pace.nextTurn(m_desk, m_clock.now());
 }
 
 QueueAction BatchQueue::take(const QueueEvent &event)
@@ -168,7 +166,7 @@ std::optional<Prospect> BatchQueue::subject(const QueueEvent &event) const
 /// Remembers whose message left, or may have.
 void BatchQueue::noteServed(const QueueEvent &event, QueueAction action, const Prospect &contact)
 {
-    const QString recipient = m_channel.recipient(contact);
+    const QString recipient = m_channel.queue.recipient(contact);
     const auto *answered = std::get_if<SendAnswered>(&event);
     const auto *settled = std::get_if<DoubtSettled>(&event);
     const bool mayHaveLeft = answered && !std::holds_alternative<Refused>(answered->outcome);
@@ -182,7 +180,7 @@ void BatchQueue::noteServed(const QueueEvent &event, QueueAction action, const P
 void BatchQueue::passOverServed()
 {
     for (const Prospect *head = current(); head; head = current()) {
-        const auto served = m_served.constFind(m_channel.recipient(*head));
+        const auto served = m_served.constFind(m_channel.queue.recipient(*head));
         const qsizetype before = m_state.queueIDs.size();
         const Prospect passed = *head;
         if (served != m_served.cend() && served->id != passed.id)

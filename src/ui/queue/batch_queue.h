@@ -2,8 +2,8 @@
 
 #include "messaging/send_desk.h"
 #include "platform/task_scope.h"
+#include "ui/channels/channel_descriptor.h"
 #include "ui/queue/countdown.h"
-#include "ui/queue/queue_channel.h"
 #include "ui/queue/run_outlook.h"
 #include "ui/queue/run_report.h"
 
@@ -20,7 +20,7 @@ class BatchQueue : public QObject {
 
 public:
     /// All three outlive the queue.
-    BatchQueue(const QueueChannel &channel, SendDesk &desk, Switches &switches,
+    BatchQueue(const ChannelDescriptor &channel, SendDesk &desk, Switches &switches,
                const Platform &platform);
 
     /// Builds the queue; with the switch for automatic sending on, a run starts.
@@ -46,7 +46,7 @@ public:
     const QueueState &state() const { return m_state; }
     const HandOverWatch &progress() const { return m_desk.progress(); }
     const Countdown &countdown() const { return m_countdown; }
-    const QueueChannel &channel() const { return m_channel; }
+    const ChannelDescriptor &channel() const { return m_channel; }
     const Prospect *current() const; ///< null when the queue is empty or its head was deleted
     bool isAutomatic() const;
     bool isRunning() const { return m_state.phase == QueueState::Phase::running; }
@@ -62,9 +62,9 @@ public:
 
     QString primaryText() const;
     QString progressText() const;
-    QueuedMessage message() const { return m_channel.message(m_store, *current()); }
-    QString quotaText() const; ///< of the SMS channel
-    bool isQuotaReached() const;
+    QueuedMessage message() const { return m_channel.queue.message(m_store, *current()); }
+    QString allowanceText() const; ///< of a channel that has one
+    bool isAllowanceUsedUp() const;
     QString runText() const; ///< what the run does or waits for
 
     /// Who is left out of the queue for having answered STOP; empty when nobody is.
@@ -102,7 +102,7 @@ private:
     void followSwitches();
     void callOff();
 
-    const QueueChannel &m_channel;
+    const ChannelDescriptor &m_channel;
     SendDesk &m_desk;
     ProspectStore &m_store;
     Switches &m_switches;

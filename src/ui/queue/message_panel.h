@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ui/queue/queue_channel.h"
+#include "ui/channels/channel_descriptor.h"
 
 #include <QWidget>
 

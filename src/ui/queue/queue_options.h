@@ -8,6 +8,7 @@ class QCheckBox;
 namespace quenoria {
 
 class BatchQueue;
+struct Allowance;
 class StatusLabel;
 class Switches;
 class TextLabel;
@@ -22,13 +23,13 @@ public:
     void refresh();
 
 private:
-    void addQuota(QBoxLayout *row);
+    void addAllowance(QBoxLayout *row, const Allowance &allowance);
 
     const BatchQueue &m_queue;
     Switches &m_switches;
     QCheckBox *m_automatic;
-    QCheckBox *m_freePro = nullptr; ///< null, like the quota, on a channel without one
-    TextLabel *m_quota = nullptr;
+    QCheckBox *m_lifted = nullptr; ///< null, like what is used, on a channel without an allowance
+    TextLabel *m_used = nullptr;
     StatusLabel *m_note;
 };
 

@@ -26,18 +26,19 @@ constexpr int buttonGap = 12;
 
 } // namespace
 
-QueueSheet::QueueSheet(const QueueChannel &channel, SendDesk &desk, Switches &switches,
+QueueSheet::QueueSheet(const ChannelDescriptor &channel, SendDesk &desk, Switches &switches,
                        const Platform &platform, QWidget *parent)
-    : Sheet(channel.title, channel.size, parent), m_channel(channel), m_store(desk.store()),
-      m_queue(new BatchQueue(channel, desk, switches, platform)), m_progress(makeProgress()),
-      m_preflight(new PreflightRow(*m_queue)), m_options(new QueueOptions(*m_queue, switches)),
-      m_message(new MessagePanel(channel.hasQuota ? MessagePanel::Length::told
-                                                  : MessagePanel::Length::silent)),
+    : Sheet(channel.queue.title, channel.queue.size, parent), m_channel(channel),
+      m_store(desk.store()), m_queue(new BatchQueue(channel, desk, switches, platform)),
+      m_progress(makeProgress()), m_preflight(new PreflightRow(*m_queue)),
+      m_options(new QueueOptions(*m_queue, switches)),
+      m_message(new MessagePanel(channel.countsCharacters ? MessagePanel::Length::told
+                                                          : MessagePanel::Length::silent)),
       m_finished(makeFinishedPanel()), m_status(new StatusLabel), m_passedOver(new StatusLabel),
       m_heldRow(makeHeldRow()), m_error(new StatusLabel), m_carrierRow(makeCarrierRow()),
       m_buttons(makeButtons())
 {
-    addHeader(channel.title, channel.note);
+    addHeader(channel.queue.title, channel.queue.note);
     column()->addWidget(m_progress);
     column()->addWidget(m_preflight);
     column()->addWidget(m_options);
@@ -73,7 +74,7 @@ QWidget *QueueSheet::makeProgress()
     column->addWidget(m_progressBar);
     m_cost = makeLabel({}, TextStyle::body, Tint::secondary);
     m_cost->setAlignment(Qt::AlignRight);
-    m_cost->setVisible(m_channel.hasQuota);
+    m_cost->setVisible(m_channel.countsCharacters);
     auto *texts = new QHBoxLayout;
     texts->addWidget(m_progressText, 1);
     texts->addWidget(m_cost, 1);
@@ -89,7 +90,7 @@ QWidget *QueueSheet::makeFinishedPanel()
     auto *column = new QVBoxLayout(panel);
     column->addStretch();
     column->addWidget(new EmptyState(u"checkmark.circle.fill"_s, u"Sélection terminée"_s,
-                                     m_channel.finishedNote));
+                                     m_channel.queue.finishedNote));
     column->addWidget(m_close, 0, Qt::AlignHCenter);
     column->addWidget(makeCarriersButton(), 0, Qt::AlignHCenter);
     column->addStretch();
@@ -101,8 +102,8 @@ QWidget *QueueSheet::makeButtons()
     auto *buttons = new QWidget;
     m_skip = new QPushButton(u"Ignorer"_s);
     m_stop = new QPushButton(u"Arrêter"_s);
-    m_primary = new QPushButton(m_channel.prepare);
-    m_confirm = new QPushButton(m_channel.confirm);
+    m_primary = new QPushButton(m_channel.queue.prepare);
+    m_confirm = new QPushButton(m_channel.queue.confirm);
     makeProminent(m_primary);
     // Enter prepares, wherever the focus is: nobody confirms or skips with one Enter too many.
     m_skip->setAutoDefault(false);
@@ -204,7 +205,7 @@ void QueueSheet::tellOutcome(const Composition &message, const QString &words)
 {
     const Prospect *contact = m_queue ? m_queue->current() : nullptr;
     if (contact && m_queue->canConfirm() &&
-        message.recipients.contains(m_channel.recipient(*contact)))
+        message.recipients.contains(m_channel.queue.recipient(*contact)))
         m_outcome->setStatus(words, Tint::secondary);
 }
 
@@ -235,7 +236,8 @@ void QueueSheet::refreshStatus()
     if (m_queue->isRunning())
         m_status->setStatus(m_queue->runText(), Tint::accent, u"gearshape.2.fill"_s);
     else if (m_queue->canConfirm())
-        m_status->setStatus(m_channel.preparedNote, Tint::positive, u"checkmark.circle.fill"_s);
+        m_status->setStatus(m_channel.queue.preparedNote, Tint::positive,
+                            u"checkmark.circle.fill"_s);
     else
         m_status->setStatus({}, Tint::text);
     const QString &servedAs = m_queue->state().servedAs;
@@ -244,7 +246,7 @@ void QueueSheet::refreshStatus()
                                 : u"Déjà servi dans cette file sous un autre nom : "_s + servedAs,
                             Tint::secondary, u"info.circle"_s);
     m_error->setStatus(m_queue->state().error.value_or(QString()), Tint::negative,
-                       m_channel.errorSymbol);
+                       m_channel.queue.errorSymbol);
     const auto &carrierWords = m_queue->state().carrierWords;
     m_carrierRow->setVisible(carrierWords.has_value());
     m_carrierWords->setStatus(carrierWords.value_or(QString()), Tint::secondary);

@@ -2,8 +2,8 @@
 
 #include "platform/platform.h"
 #include "platform/sharing_services.h"
+#include "ui/channels/channel_descriptor.h"
 #include "ui/kit/sheet.h"
-#include "ui/queue/queue_channel.h"
 
 #include <QPointer>
 
@@ -27,6 +27,8 @@ class QueueSheet : public Sheet {
     Q_OBJECT
 
 public:
+    QueueSheet(const ChannelDescriptor &channel, SendDesk &desk, Switches &switches,
+               const Platform &platform, QWidget *parent = nullptr);
     ~QueueSheet() override;
 
     /// Tells beside the confirmation what came of a message that was composed here, when it is
@@ -44,9 +46,6 @@ Q_SIGNALS:
     void stopRepliesRequested();
 
 protected:
-    QueueSheet(const QueueChannel &channel, SendDesk &desk, Switches &switches,
-               const Platform &platform, QWidget *parent);
-
     void showEvent(QShowEvent *event) override;
 
     /// Escape during a run stops it; only then does it leave the sheet.
@@ -68,7 +67,7 @@ private:
     void refreshButtons();
     bool keepsFocus(const QWidget *widget) const;
 
-    const QueueChannel &m_channel;
+    const ChannelDescriptor &m_channel;
     ProspectStore &m_store;
     QPointer<BatchQueue> m_queue; ///< owned by the desk, which it must outlive to end a send
     bool m_opened = false;
@@ -97,30 +96,6 @@ private:
     QPushButton *m_primary;
     StatusLabel *m_outcome; ///< of the prepared message
     QPushButton *m_confirm;
-};
-
-/// The queue of SMS.
-class BatchSendView : public QueueSheet {
-    Q_OBJECT
-
-public:
-    BatchSendView(SendDesk &desk, Switches &switches, const Platform &platform,
-                  QWidget *parent = nullptr)
-        : QueueSheet(smsChannel(), desk, switches, platform, parent)
-    {
-    }
-};
-
-/// The queue of e-mails.
-class BatchEmailSendView : public QueueSheet {
-    Q_OBJECT
-
-public:
-    BatchEmailSendView(SendDesk &desk, Switches &switches, const Platform &platform,
-                       QWidget *parent = nullptr)
-        : QueueSheet(emailChannel(), desk, switches, platform, parent)
-    {
-    }
 };
 
 } // namespace quenoria

@@ -23,7 +23,7 @@ QString BatchQueue::primaryText() const
 {
     if (isRunning())
         return u"Envoi automatique…"_s;
-    return isAutomatic() ? m_channel.startAutomatic : m_channel.prepare;
+    return isAutomatic() ? m_channel.automatic->start : m_channel.queue.prepare;
 }
 
 QString BatchQueue::progressText() const
@@ -31,23 +31,23 @@ QString BatchQueue::progressText() const
     return u"Contact %1 sur %2"_s.arg(m_state.completedCount + 1).arg(m_state.initialQueueCount);
 }
 
-QString BatchQueue::quotaText() const
+QString BatchQueue::allowanceText() const
 {
-    if (m_switches.freeProPlan())
+    const Allowance &allowance = *m_channel.allowance;
+    if (m_switches.isOn(allowance.lifted.which))
         return u"Sans limite"_s;
-    return u"%1/%2 ce mois"_s.arg(m_store.smsRecipientsSentThisMonth())
-        .arg(ProspectStore::standardSMSMonthlyRecipientLimit);
+    return u"%1/%2 ce mois"_s.arg((m_store.*allowance.used)()).arg(allowance.limit);
 }
 
-bool BatchQueue::isQuotaReached() const
+bool BatchQueue::isAllowanceUsedUp() const
 {
-    return !m_switches.freeProPlan() && m_store.remainingStandardSMSRecipientsThisMonth() == 0;
+    const Allowance &allowance = *m_channel.allowance;
+    return !m_switches.isOn(allowance.lifted.which) && allowance.isReached(m_store);
 }
 
 QString BatchQueue::runText() const
 {
-    const QString pace =
-        m_channel.channel == Channel::email ? m_desk.mailTurn().notice() : QString();
+    const QString pace = m_channel.pace.notice ? m_channel.pace.notice(m_desk) : QString();
     const QString wait = inWords(m_countdown.seconds());
     QStringList parts;
     if (!pace.isEmpty())
@@ -70,7 +70,7 @@ QString BatchQueue::costText() const
         const Prospect *contact = m_store.prospect(id);
         if (!contact)
             continue;
-        const QString body = m_channel.message(m_store, *contact).body;
+        const QString body = m_channel.queue.message(m_store, *contact).body;
         auto known = partsOf.constFind(body);
         if (known == partsOf.cend())
             known = partsOf.insert(body, smsLength(body).parts);
@@ -110,7 +110,7 @@ RunReport BatchQueue::report() const
         pending.push_back({id, contact->label, ContactOutcome::Kind::pending,
                            isHeld ? u"Sa réponse dit STOP"_s : QString()});
     }
-    return m_log.report(m_channel.title, pending);
+    return m_log.report(m_channel.queue.title, pending);
 }
 
 } // namespace quenoria

@@ -1,6 +1,5 @@
 #include "ui/queue/run_outlook.h"
 
-#include "messaging/mail_run.h"
 #include "messaging/send_desk.h"
 #include "model/local_time.h"
 #include "model/sending_hours.h"
@@ -9,7 +8,6 @@
 #include <algorithm>
 
 using namespace Qt::StringLiterals;
-using namespace std::chrono_literals;
 
 namespace quenoria {
 
@@ -17,13 +15,11 @@ namespace {
 
 const QString neverAskKey = u"EnvoiSMSHeuresSansQuestion"_s;
 
-constexpr auto smsPace = 13s;  ///< the wait between two recipients, and what a carrier takes
-constexpr auto emailPace = 2s; ///< the pause between two contacts, and what a carrier takes
-constexpr int enough = 3;      ///< sends from which a pace can be told
+constexpr int enough = 3; ///< sends from which a pace can be told
 
 } // namespace
 
-RunOutlook::RunOutlook(const QueueChannel &channel, SendDesk &desk, const Switches &switches,
+RunOutlook::RunOutlook(const ChannelDescriptor &channel, SendDesk &desk, const Switches &switches,
                        const Platform &platform)
     : m_channel(channel), m_desk(desk), m_switches(switches), m_platform(platform)
 {
@@ -39,18 +35,16 @@ QDateTime RunOutlook::end(int contacts) const
 {
     const Instant now = m_platform.clock.now();
     Instant end = now + contacts * timePerContact();
-    if (m_channel.channel == Channel::email && m_desk.mailTurn().isNeeded()) {
-        const MailPace pace = MailSettings(m_platform.preferences).pace();
-        end = std::max(end, lastMailTurn(emailsSent(store()), pace, now, contacts));
-    }
+    if (const auto lastTurn = m_channel.pace.lastTurn)
+        end = std::max(end, lastTurn(m_desk, m_platform.preferences, now, contacts).value_or(now));
     return localDateTime(end, m_platform.clock.zone());
 }
 
 std::chrono::milliseconds RunOutlook::timePerContact() const
 {
-    if (m_channel.channel == Channel::email)
-        return emailPace;
-    return m_sent < enough ? smsPace : (m_lastSent - m_firstSent) / (m_sent - 1);
+    const ChannelPace &pace = m_channel.pace;
+    return pace.isMeasured && m_sent >= enough ? (m_lastSent - m_firstSent) / (m_sent - 1)
+                                               : pace.expected;
 }
 
 void RunOutlook::noteSent()
@@ -76,7 +70,7 @@ void RunOutlook::neverAskAboutHours() { m_platform.preferences.setFlag(neverAskK
 
 bool RunOutlook::isUnusualHour() const
 {
-    return m_channel.channel == Channel::sms && !isUsualSendingHour(now());
+    return m_channel.keepsUsualHours && !isUsualSendingHour(now());
 }
 
 QDateTime RunOutlook::nextUsualHour() const { return nextUsualSendingHour(now()); }

@@ -2,7 +2,7 @@
 
 #include "platform/platform.h"
 #include "store/preflight.h"
-#include "ui/queue/queue_channel.h"
+#include "ui/channels/channel_descriptor.h"
 
 #include <QDateTime>
 
@@ -23,7 +23,7 @@ enum class RunQuestion {
 class RunOutlook {
 public:
     /// All outlive the outlook.
-    RunOutlook(const QueueChannel &channel, SendDesk &desk, const Switches &switches,
+    RunOutlook(const ChannelDescriptor &channel, SendDesk &desk, const Switches &switches,
                const Platform &platform);
 
     [[nodiscard]] Preflight found(const QStringList &ids) const;
@@ -36,7 +36,7 @@ public:
     void allow(RunQuestion question) { m_allowed.insert(question); }
     void neverAskAboutHours();
 
-    /// Whether custom has no SMS sent now, by hand or in a demonstration too.
+    /// Whether custom has nothing sent now on this channel, by hand or in a demonstration too.
     [[nodiscard]] bool isUnusualHour() const;
     [[nodiscard]] QDateTime nextUsualHour() const;
 
@@ -55,7 +55,7 @@ public:
 private:
     std::chrono::milliseconds timePerContact() const;
 
-    const QueueChannel &m_channel;
+    const ChannelDescriptor &m_channel;
     SendDesk &m_desk;
     const Switches &m_switches;
     Platform m_platform;

@@ -11,24 +11,24 @@ TemplateDraft trimmed(const TemplateDraft &draft)
 
 } // namespace
 
-TemplateEditor::TemplateEditor(ProspectStore &store, const TemplateChannel &channel)
-    : m_store(store), m_channel(channel)
+TemplateEditor::TemplateEditor(ProspectStore &store, const ChannelTemplates &templates)
+    : m_store(store), m_templates(templates)
 {
-    select(channel.defaultID);
+    select(templates.defaultID);
 }
 
 std::vector<Choice> TemplateEditor::choices() const
 {
     std::vector<Choice> choices;
-    for (const EmailTemplate &entry : m_channel.all(m_store))
+    for (const EmailTemplate &entry : m_templates.all(m_store))
         choices.push_back({entry.id, entry.title});
-    choices.push_back({m_channel.newID, m_channel.newEntry});
+    choices.push_back({m_templates.newID, m_templates.newEntry});
     return choices;
 }
 
 bool TemplateEditor::canRemove() const
 {
-    return m_selectedID != m_channel.defaultID && m_selectedID != m_channel.newID;
+    return m_selectedID != m_templates.defaultID && m_selectedID != m_templates.newID;
 }
 
 bool TemplateEditor::isChanged() const
@@ -38,9 +38,9 @@ bool TemplateEditor::isChanged() const
 
 std::optional<TemplateDraft> TemplateEditor::stored(const QString &id) const
 {
-    const std::vector<EmailTemplate> templates = m_channel.all(m_store);
-    const auto found = std::ranges::find(templates, id, &EmailTemplate::id);
-    if (found == templates.end())
+    const std::vector<EmailTemplate> all = m_templates.all(m_store);
+    const auto found = std::ranges::find(all, id, &EmailTemplate::id);
+    if (found == all.end())
         return std::nullopt;
     return TemplateDraft{found->title, found->subject, found->body};
 }
@@ -52,25 +52,25 @@ void TemplateEditor::select(const QString &id)
     const std::optional<TemplateDraft> found = stored(id);
     draft = found.value_or(TemplateDraft());
     if (!found && canRemove())
-        select(m_channel.defaultID);
+        select(m_templates.defaultID);
 }
 
 void TemplateEditor::removeSelected()
 {
-    m_channel.remove(m_store, m_selectedID);
-    select(m_channel.defaultID);
+    (m_store.*m_templates.remove)(m_selectedID);
+    select(m_templates.defaultID);
 }
 
 void TemplateEditor::save()
 {
     const TemplateDraft texts = trimmed(draft);
-    if (const Refusal refusal = m_channel.check(texts))
+    if (const Refusal refusal = m_templates.check(texts))
         return say(*refusal, Tint::negative);
-    if (m_selectedID == m_channel.newID)
-        select(m_channel.create(m_store, texts));
+    if (m_selectedID == m_templates.newID)
+        select(m_templates.create(m_store, texts));
     else
-        m_channel.update(m_store, m_selectedID, texts);
-    say(m_channel.saved, m_channel.savedTint);
+        m_templates.update(m_store, m_selectedID, texts);
+    say(m_templates.saved, m_templates.savedTint);
 }
 
 void TemplateEditor::say(const QString &message, Tint tint)

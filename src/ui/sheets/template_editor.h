@@ -1,7 +1,7 @@
 #pragma once
 
+#include "ui/channels/channel_descriptor.h"
 #include "ui/sheets/choice_picker.h"
-#include "ui/sheets/template_channel.h"
 
 namespace quenoria {
 
@@ -9,7 +9,7 @@ namespace quenoria {
 /// command. The draft belongs to the user until another template is selected.
 class TemplateEditor {
 public:
-    TemplateEditor(ProspectStore &store, const TemplateChannel &channel);
+    TemplateEditor(ProspectStore &store, const ChannelTemplates &templates);
 
     TemplateDraft draft;
 
@@ -22,7 +22,7 @@ public:
 
     /// Loads the template's texts; one that is gone gives the default template.
     void select(const QString &id);
-    void startNew() { select(m_channel.newID); }
+    void startNew() { select(m_templates.newID); }
     void removeSelected();
     void save();
 
@@ -31,7 +31,7 @@ private:
     void say(const QString &message, Tint tint);
 
     ProspectStore &m_store;
-    const TemplateChannel &m_channel;
+    const ChannelTemplates &m_templates;
     QString m_selectedID;
     QString m_message;
     Tint m_messageTint = Tint::negative;

@@ -28,16 +28,18 @@ void showText(QLineEdit *field, const QString &text)
 
 } // namespace
 
-TemplateManagerView::TemplateManagerView(ProspectStore &store, const TemplateChannel &channel,
+TemplateManagerView::TemplateManagerView(ProspectStore &store, const ChannelDescriptor &channel,
                                          QWidget *parent)
-    : Sheet(channel.heading, channel.size, parent), m_channel(channel), m_editor(store, channel),
+    : Sheet(channel.templates.heading, channel.templates.size, parent), m_channel(channel),
+      m_templates(channel.templates), m_editor(store, m_templates),
       m_picker(new ChoicePicker(u"Modèle"_s)),
       m_remove(new QPushButton(symbol(u"trash"_s, Tint::negative), u"Supprimer"_s)),
-      m_title(makeField(channel.titleField)), m_subject(makeField(channel.subjectField)),
-      m_body(new TextBox(channel.bodyLabel)), m_length(new LengthLine(LengthLine::Use::editing)),
-      m_blanks(new StatusLabel), m_message(new StatusLabel)
+      m_title(makeField(m_templates.titleField)), m_subject(makeField(m_templates.subjectField)),
+      m_body(new TextBox(m_templates.bodyLabel)),
+      m_length(new LengthLine(LengthLine::Use::editing)), m_blanks(new StatusLabel),
+      m_message(new StatusLabel)
 {
-    addHeader(channel.heading, channel.note);
+    addHeader(m_templates.heading, m_templates.note);
     addSelectionRow();
     addFields();
     addBottomRow();
@@ -88,10 +90,10 @@ void TemplateManagerView::addFields()
 {
     column()->addWidget(m_title);
     column()->addWidget(m_subject);
-    m_subject->setVisible(!m_channel.subjectField.isEmpty());
+    m_subject->setVisible(!m_templates.subjectField.isEmpty());
     auto *body = new QVBoxLayout;
     body->setSpacing(8);
-    body->addWidget(makeLabel(m_channel.bodyLabel, TextStyle::headline));
+    body->addWidget(makeLabel(m_templates.bodyLabel, TextStyle::headline));
     body->addWidget(m_body, 1);
     body->addWidget(m_length);
     body->addWidget(m_blanks);
@@ -113,7 +115,7 @@ void TemplateManagerView::addFields()
 
 void TemplateManagerView::addBottomRow()
 {
-    auto *save = new QPushButton(m_channel.saveButton);
+    auto *save = new QPushButton(m_templates.saveButton);
     makeProminent(save);
     save->setDefault(true);
     save->setToolTip(tipText(u"Ctrl+Entrée"_s));

@@ -17,11 +17,11 @@ class TemplateManagerView : public Sheet {
     Q_OBJECT
 
 public:
+    TemplateManagerView(ProspectStore &store, const ChannelDescriptor &channel, QWidget *parent);
+
     bool hasUnsavedInput() const override { return m_editor.isChanged(); }
 
 protected:
-    TemplateManagerView(ProspectStore &store, const TemplateChannel &channel, QWidget *parent);
-
     void saveInput() override;
 
 private:
@@ -32,7 +32,8 @@ private:
     void refreshLength();
     void refreshBlanks();
 
-    const TemplateChannel &m_channel;
+    const ChannelDescriptor &m_channel;
+    const ChannelTemplates &m_templates;
     TemplateEditor m_editor;
     ChoicePicker *m_picker;
     QPushButton *m_remove;
@@ -42,26 +43,6 @@ private:
     LengthLine *m_length;  ///< of the channel whose texts are counted
     StatusLabel *m_blanks; ///< what is left to be filled in
     StatusLabel *m_message;
-};
-
-class MessageManagerView : public TemplateManagerView {
-    Q_OBJECT
-
-public:
-    MessageManagerView(ProspectStore &store, QWidget *parent)
-        : TemplateManagerView(store, smsTemplateChannel(), parent)
-    {
-    }
-};
-
-class EmailMessageManagerView : public TemplateManagerView {
-    Q_OBJECT
-
-public:
-    EmailMessageManagerView(ProspectStore &store, QWidget *parent)
-        : TemplateManagerView(store, emailTemplateChannel(), parent)
-    {
-    }
 };
 
 } // namespace quenoria

@@ -1,7 +1,6 @@
 #include "ui/sheets/test_message_view.h"
 
-#include "model/sequence.h"
-#include "store/prospect_store.h"
+#include "ui/channels/channel_descriptor.h"
 #include "ui/kit/form.h"
 #include "ui/kit/labels.h"
 #include "ui/kit/length_line.h"
@@ -19,7 +18,7 @@ namespace quenoria {
 
 TestMessageView::TestMessageView(ProspectStore &store, QWidget *parent)
     : Sheet(u"Tester un message"_s, {700, 560}, parent), m_store(store),
-      m_selectedID(ProspectStore::defaultMessageID),
+      m_selectedID(smsChannel().templates.defaultID),
       m_picker(new ChoicePicker(u"Modèle à tester"_s)), m_number(makeField(u"Numéro de test"_s)),
       m_preview(new PreviewBox(u"Aperçu du message"_s)),
       m_length(new LengthLine(LengthLine::Use::reading)), m_error(new StatusLabel)
@@ -40,7 +39,7 @@ TestMessageView::TestMessageView(ProspectStore &store, QWidget *parent)
     m_number->setFocus();
     connect(&store, &ProspectStore::published, this, [this](const Change &change) {
         std::visit(Following{[this](const TemplatesChanged &templates) {
-                                 if (templates.channel == Channel::sms)
+                                 if (templates.channel == smsChannel().channel)
                                      refresh();
                              },
                              Ignoring<ContactsChanged, SelectionChanged, ListReshaped,
@@ -86,15 +85,15 @@ void TestMessageView::addBottomRow()
 
 void TestMessageView::refresh()
 {
-    const std::vector<MessageTemplate> &templates = m_store.messageTemplates().values();
-    auto shown = std::ranges::find(templates, m_selectedID, &MessageTemplate::id);
+    const std::vector<EmailTemplate> templates = smsChannel().templates.all(m_store);
+    auto shown = std::ranges::find(templates, m_selectedID, &EmailTemplate::id);
     if (shown == templates.end()) {
         shown = templates.begin();
-        m_selectedID = templates.empty() ? ProspectStore::defaultMessageID : shown->id;
+        m_selectedID = templates.empty() ? smsChannel().templates.defaultID : shown->id;
     }
     std::vector<Choice> choices;
     choices.reserve(templates.size());
-    for (const MessageTemplate &message : templates)
+    for (const EmailTemplate &message : templates)
         choices.push_back({message.id, message.title});
     m_picker->setChoices(choices, m_selectedID);
     const QString body = shown == templates.end() ? QString() : shown->body;

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "model/channel.h"
+
 #include <QList>
 #include <QMetaType>
 #include <QString>
@@ -19,7 +21,17 @@ enum class CellKind {
 };
 
 /// What a button of a row does to the row's contact.
-enum class RowAction { sendSMS, sendEmail, chooseAttachment, removeAttachment, showHistory };
+struct RowAction {
+    enum class Kind { sendMessage, chooseAttachment, removeAttachment, showHistory };
+    using enum Kind;
+    Kind kind = sendMessage;
+    Channel channel = {}; ///< of a message
+
+    constexpr RowAction() = default;
+    constexpr RowAction(Kind which, Channel on = {}) : kind(which), channel(on) {}
+    static constexpr RowAction send(Channel channel) { return {sendMessage, channel}; }
+    bool operator==(const RowAction &) const = default;
+};
 
 /// A button inside a cell. Without a caption it shows its symbol alone.
 struct CellButton {

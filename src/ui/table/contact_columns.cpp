@@ -3,7 +3,9 @@
 #include "model/local_time.h"
 #include "model/sequence.h"
 #include "model/text_order.h"
-#include "ui/table/tick_operations.h"
+#include "ui/channels/channel_descriptor.h"
+#include "ui/table/channel_columns.h"
+#include "ui/table/tick_columns.h"
 
 #include <QDateTime>
 #include <QLocale>
@@ -21,11 +23,9 @@ QString label(const Cell &cell) { return cell.contact.label; }
 
 ContactMark mark(const Cell &cell)
 {
-    if (isStopped(cell).toBool())
+    if (cell.store.isStopped(cell.contact))
         return ContactMark::stopped;
-    return isSent<Channel::sms>(cell).toBool() || isSent<Channel::email>(cell).toBool()
-               ? ContactMark::sent
-               : ContactMark::none;
+    return isSentOnAnyChannel(cell) ? ContactMark::sent : ContactMark::none;
 }
 
 /// A contact without a department has nothing to name.
@@ -44,45 +44,6 @@ QString departmentTexts(const Cell &cell)
 SortValue departmentCode(const Cell &cell) { return cell.contact.department; }
 
 QString profession(const Cell &cell) { return cell.contact.profession.value_or(QString()); }
-
-template <typename Template>
-CellChoices choicesFrom(const Sequence<Template> &templates)
-{
-    CellChoices choices;
-    templates.forEach([&choices](const Template &entry) {
-        choices << CellChoice{entry.id, entry.title};
-    });
-    return choices;
-}
-
-QString messageTitle(const Cell &cell) { return cell.store.assignedMessage(cell.contact).title; }
-QVariant messageID(const Cell &cell) { return cell.store.assignedMessageID(cell.contact); }
-CellChoices messages(const ProspectStore &store) { return choicesFrom(store.messageTemplates()); }
-
-void assignMessage(const Cell &cell, const QVariant &id)
-{
-    cell.store.assignMessage(id.toString(), cell.contact);
-}
-
-QString emailTitle(const Cell &cell)
-{
-    return cell.store.assignedEmailTemplate(cell.contact).title;
-}
-
-QVariant emailTemplateID(const Cell &cell)
-{
-    return cell.store.assignedEmailTemplateID(cell.contact);
-}
-
-CellChoices emailTemplates(const ProspectStore &store)
-{
-    return choicesFrom(store.emailTemplates());
-}
-
-void assignEmailTemplate(const Cell &cell, const QVariant &id)
-{
-    cell.store.assignEmailTemplate(id.toString(), cell.contact);
-}
 
 QString attachmentName(const Cell &cell)
 {
@@ -171,137 +132,115 @@ void setComment(const Cell &cell, const QVariant &text)
     cell.store.setComment(text.toString(), cell.contact);
 }
 
-CellButton sendButton(RowAction action, const QString &caption, bool isUnderWay)
+ContactColumn nameColumn()
 {
-    const QString shown = isUnderWay ? u"Envoi automatique…"_s : caption;
-    return {action, shown, shown, {}, !isUnderWay};
+    return {.header = u"Contact",
+            .width = 680,
+            .sort = SortColumn::name,
+            .text = label,
+            .mark = mark,
+            .searched = label,
+            .namesContact = true};
 }
 
-CellButtons actions(const Cell &cell)
+ContactColumn departmentColumn()
 {
-    const TableState &state = cell.state;
-    const QString email = state.emailIsAutomatic ? u"Envoyer mail"_s : u"Préparer mail"_s;
-    return {sendButton(RowAction::sendSMS, u"Préparer SMS"_s,
-                       state.smsUnderWay.contains(cell.contact.id)),
-            sendButton(RowAction::sendEmail, email, state.emailUnderWay.contains(cell.contact.id))};
+    return {.header = u"Département",
+            .width = 160,
+            .sort = SortColumn::department,
+            .text = department,
+            .key = departmentCode,
+            .searched = departmentTexts};
 }
 
-constexpr ContactColumn checkColumn(const char16_t *header, int width,
-                                    std::optional<SortColumn> sort, const TickOperations &ticks)
+ContactColumn professionColumn()
 {
-    return {.header = header,
-            .width = width,
-            .kind = CellKind::check,
-            .sort = sort,
-            .value = ticks.value,
-            .edit = ticks.edit,
-            .available = ticks.available,
-            .tickMany = ticks.tickMany,
-            .unreachable = ticks.unreachable,
-            .keptByTable = ticks.keptByTable,
-            .undoable = ticks.undoable,
-            .recordsDates = ticks.recordsDates};
+    return {.header = u"Métier",
+            .width = 100,
+            .sort = SortColumn::profession,
+            .text = profession,
+            .searched = profession};
 }
 
-constexpr std::array columns{
-    checkColumn(u"Supprimer", 95, {}, deletionTicks),
-    checkColumn(u"Envoyer SMS", 85, SortColumn::selection, selectionTicks<Channel::sms>),
-    checkColumn(u"SMS envoyé", 80, SortColumn::sent, sentTicks<Channel::sms>),
-    checkColumn(u"Envoyer mail", 90, SortColumn::emailSelection, selectionTicks<Channel::email>),
-    checkColumn(u"Mail envoyé", 85, SortColumn::emailSent, sentTicks<Channel::email>),
-    checkColumn(u"STOP", 60, SortColumn::stopped, stopTicks),
-    ContactColumn{.header = u"Contact",
-                  .width = 680,
-                  .sort = SortColumn::name,
-                  .text = label,
-                  .mark = mark,
-                  .searched = label,
-                  .namesContact = true},
-    ContactColumn{.header = u"Département",
-                  .width = 160,
-                  .sort = SortColumn::department,
-                  .text = department,
-                  .key = departmentCode,
-                  .searched = departmentTexts},
-    ContactColumn{.header = u"Métier",
-                  .width = 100,
-                  .sort = SortColumn::profession,
-                  .text = profession,
-                  .searched = profession},
-    ContactColumn{.header = u"Message SMS",
-                  .width = 180,
-                  .kind = CellKind::picker,
-                  .sort = SortColumn::message,
-                  .text = messageTitle,
-                  .value = messageID,
-                  .edit = assignMessage,
-                  .choices = messages,
-                  .searched = messageTitle,
-                  .undoable = true},
-    ContactColumn{.header = u"Message e-mail",
-                  .width = 180,
-                  .kind = CellKind::picker,
-                  .sort = SortColumn::emailMessage,
-                  .text = emailTitle,
-                  .value = emailTemplateID,
-                  .edit = assignEmailTemplate,
-                  .choices = emailTemplates,
-                  .searched = emailTitle,
-                  .undoable = true},
-    ContactColumn{.header = u"Fichier joint",
-                  .width = 220,
-                  .kind = CellKind::buttons,
-                  .sort = SortColumn::attachment,
-                  .text = attachmentName,
-                  .value = attachmentPath,
-                  .edit = attach,
-                  .buttons = attachmentButtons,
-                  .warning = attachmentWarning,
-                  .searched = attachmentName,
-                  .followsDisk = true,
-                  .undoable = true},
-    ContactColumn{.header = u"Adresse e-mail",
-                  .width = 230,
-                  .sort = SortColumn::email,
-                  .text = emailAddress,
-                  .searched = emailAddress},
-    ContactColumn{.header = u"Mobile",
-                  .width = 125,
-                  .sort = SortColumn::phone,
-                  .text = phone,
-                  .key = contactID,
-                  .searched = phone},
-    ContactColumn{.header = u"Dates et heures d’envoi",
-                  .width = 230,
-                  .kind = CellKind::date,
-                  .sort = SortColumn::date,
-                  .text = lastDateText,
-                  .value = lastDate,
-                  .edit = setLastDate,
-                  .key = lastSend,
-                  .buttons = historyButton,
-                  .placeholder = u"Aucune date"},
-    ContactColumn{.header = u"Commentaire",
-                  .width = 250,
-                  .kind = CellKind::field,
-                  .sort = SortColumn::comment,
-                  .text = comment,
-                  .value = commentValue,
-                  .edit = setComment,
-                  .placeholder = u"Ajouter un commentaire",
-                  .searched = comment,
-                  .undoable = true},
-    ContactColumn{.header = u"Actions",
-                  .width = 230,
-                  .kind = CellKind::buttons,
-                  .buttons = actions,
-                  .followsSwitches = true},
-};
+ContactColumn attachmentColumn()
+{
+    return {.header = u"Fichier joint",
+            .width = 220,
+            .kind = CellKind::buttons,
+            .sort = SortColumn::attachment,
+            .text = attachmentName,
+            .value = attachmentPath,
+            .edit = attach,
+            .buttons = attachmentButtons,
+            .warning = attachmentWarning,
+            .searched = attachmentName,
+            .followsDisk = true,
+            .undoable = true};
+}
 
-static_assert(std::accumulate(columns.begin(), columns.end(), 0,
-                              [](int sum, const ContactColumn &column) {
-                                  return sum + column.width;
-                              }) == tableContentWidth);
+ContactColumn emailColumn()
+{
+    return {.header = u"Adresse e-mail",
+            .width = 230,
+            .sort = SortColumn::email,
+            .text = emailAddress,
+            .searched = emailAddress};
+}
+
+ContactColumn phoneColumn()
+{
+    return {.header = u"Mobile",
+            .width = 125,
+            .sort = SortColumn::phone,
+            .text = phone,
+            .key = contactID,
+            .searched = phone};
+}
+
+ContactColumn dateColumn()
+{
+    return {.header = u"Dates et heures d’envoi",
+            .width = 230,
+            .kind = CellKind::date,
+            .sort = SortColumn::date,
+            .text = lastDateText,
+            .value = lastDate,
+            .edit = setLastDate,
+            .key = lastSend,
+            .buttons = historyButton,
+            .placeholder = u"Aucune date"};
+}
+
+ContactColumn commentColumn()
+{
+    return {.header = u"Commentaire",
+            .width = 250,
+            .kind = CellKind::field,
+            .sort = SortColumn::comment,
+            .text = comment,
+            .value = commentValue,
+            .edit = setComment,
+            .placeholder = u"Ajouter un commentaire",
+            .searched = comment,
+            .undoable = true};
+}
+
+std::vector<ContactColumn> allColumns()
+{
+    std::vector<ContactColumn> all{deletionColumn()};
+    for (const ChannelDescriptor *channel : channels()) {
+        all.push_back(selectionColumn(*channel));
+        all.push_back(sentColumn(*channel));
+    }
+    for (const auto &column : {stopColumn, nameColumn, departmentColumn, professionColumn})
+        all.push_back(column());
+    for (const ChannelDescriptor *channel : channels())
+        all.push_back(templateColumn(*channel));
+    for (const auto &column :
+         {attachmentColumn, emailColumn, phoneColumn, dateColumn, commentColumn, actionsColumn})
+        all.push_back(column());
+    return all;
+}
 
 } // namespace
 
@@ -316,17 +255,30 @@ bool attachmentIsMissing(const Cell &cell)
     return !*found;
 }
 
-std::span<const ContactColumn> contactColumns() { return columns; }
+std::span<const ContactColumn> contactColumns()
+{
+    static const std::vector<ContactColumn> columns = allColumns();
+    return columns;
+}
+
+int tableContentWidth()
+{
+    const auto wider = [](int sum, const ContactColumn &column) { return sum + column.width; };
+    const auto columns = contactColumns();
+    return std::accumulate(columns.begin(), columns.end(), 0, wider);
+}
 
 int columnOf(SortColumn column)
 {
     const auto sorts = [column](const ContactColumn &entry) { return entry.sort == column; };
+    const auto columns = contactColumns();
     return int(std::ranges::find_if(columns, sorts) - columns.begin());
 }
 
 std::vector<int> columnsThat(bool ContactColumn::*property)
 {
     std::vector<int> found;
+    const auto columns = contactColumns();
     for (std::size_t column = 0; column < columns.size(); ++column) {
         if (columns[column].*property)
             found.push_back(int(column));

@@ -9,28 +9,36 @@
 #include <QSet>
 #include <QTimeZone>
 
+#include <functional>
+#include <map>
+#include <set>
 #include <span>
 #include <variant>
 
 namespace quenoria {
 
-/// The columns that the table can be sorted by.
-enum class SortColumn {
-    selection,
-    sent,
-    emailSelection,
-    emailSent,
-    stopped,
-    name,
-    department,
-    profession,
-    message,
-    emailMessage,
-    attachment,
-    email,
-    phone,
-    date,
-    comment,
+/// What the table can be sorted by. Those of messages stand once for each channel.
+struct SortColumn {
+    enum class Kind {
+        selection, ///< of a channel
+        sent,      ///< of a channel
+        message,   ///< of a channel
+        stopped,
+        name,
+        department,
+        profession,
+        attachment,
+        email,
+        phone,
+        date,
+        comment,
+    };
+    using enum Kind;
+    Kind kind;
+    Channel channel;
+
+    constexpr SortColumn(Kind which, Channel on = {}) : kind(which), channel(on) {}
+    bool operator==(const SortColumn &) const = default;
 };
 
 /// What two contacts are compared by in one column: false before true, texts in dictionary order,
@@ -40,10 +48,9 @@ using SortValue = std::variant<bool, QString, Instant>;
 /// What the table shows or decides by itself, without the store.
 struct TableState {
     const Clock &clock;
-    IdSet deleteSelection = {}; ///< contacts ticked for deletion
-    bool emailIsAutomatic = false;
-    IdSet smsUnderWay = {}; ///< contacts to whom a message is being sent
-    IdSet emailUnderWay = {};
+    IdSet deleteSelection = {};                 ///< contacts ticked for deletion
+    std::set<Channel> automatic = {};           ///< the channels that send by themselves
+    std::map<Channel, IdSet> underWay = {};     ///< contacts to whom a message is being sent
     QTimeZone zone = clock.zone();              ///< dates are shown and typed in it
     QHash<QString, bool> attachmentsFound = {}; ///< by contact: what the last look at the disk gave
     QSet<QString> arrived = {};                 ///< came a moment ago, which is shown
@@ -56,25 +63,26 @@ struct Cell {
     const Prospect &contact;
 };
 
-/// Everything about one column. A member that is null is something the column does not have.
+/// Everything about one column. A member that is empty is something the column does not have.
 struct ContactColumn {
     const char16_t *header;
     int width; ///< in points
     CellKind kind = CellKind::text;
     std::optional<SortColumn> sort = {};
-    QString (*text)(const Cell &) = nullptr;                ///< what is shown
-    QVariant (*value)(const Cell &) = nullptr;              ///< what is edited; bool when ticked
-    void (*edit)(const Cell &, const QVariant &) = nullptr; ///< takes an edited value
-    SortValue (*key)(const Cell &) = nullptr;               ///< null: the tick, else the text
-    bool (*available)(const Cell &) = nullptr;              ///< null: it can always be ticked
-    ManyContacts (*tickMany)(ProspectStore &, TableState &, bool on, const IdSet &) = nullptr;
+    std::function<QString(const Cell &)> text = {};                ///< what is shown
+    std::function<QVariant(const Cell &)> value = {};              ///< edited; bool when ticked
+    std::function<void(const Cell &, const QVariant &)> edit = {}; ///< takes an edited value
+    std::function<SortValue(const Cell &)> key = {};  ///< none: the tick, else the text
+    std::function<bool(const Cell &)> available = {}; ///< none: it can always be ticked
+    std::function<ManyContacts(ProspectStore &, TableState &, bool on, const IdSet &)> tickMany =
+        {};
     const char16_t *unreachable = u""; ///< why one of many could not be ticked
-    CellChoices (*choices)(const ProspectStore &) = nullptr; ///< of a picker
-    CellButtons (*buttons)(const Cell &) = nullptr;
-    ContactMark (*mark)(const Cell &) = nullptr;
-    QString (*warning)(const Cell &) = nullptr;
+    std::function<CellChoices(const ProspectStore &)> choices = {}; ///< of a picker
+    std::function<CellButtons(const Cell &)> buttons = {};
+    std::function<ContactMark(const Cell &)> mark = {};
+    std::function<QString(const Cell &)> warning = {};
     const char16_t *placeholder = u"";
-    QString (*searched)(const Cell &) = nullptr; ///< what a search looks in
+    std::function<QString(const Cell &)> searched = {}; ///< what a search looks in
 
     // What sets the column apart. The rest of the table knows a column by these, never by where
     // it stands.
@@ -94,9 +102,9 @@ inline constexpr QChar textSeparator(0xFFFF);
 
 /// Width of the table's content when nobody has resized a column; the contact's column takes what
 /// the others leave.
-inline constexpr int tableContentWidth = 3080;
+[[nodiscard]] int tableContentWidth();
 
-/// The seventeen columns from left to right.
+/// The columns from left to right.
 [[nodiscard]] std::span<const ContactColumn> contactColumns();
 
 /// Where the column stands that sorts so.

@@ -80,8 +80,7 @@ QSet<QString> ContactList::rebuild()
     m_entries.clear();
     m_texts.reset(m_store.allProspects().size());
     const auto before = std::exchange(m_entriesById, {});
-    m_smsSent = 0;
-    m_emailsSent = 0;
+    m_sent.fill(0);
     m_entries.reserve(m_store.allProspects().size());
     for (const Prospect &contact : m_store.allProspects()) {
         m_entriesById.insert(contact.id, std::uint32_t(m_entries.size()));
@@ -154,19 +153,19 @@ void ContactList::take(std::uint32_t entry)
 
 ContactList::Entry ContactList::fresh(const Prospect &contact) const
 {
-    const SendStatus *sms = m_store.status(contact);
-    const EmailSendStatus *email = m_store.emailStatus(contact);
+    std::array<bool, allChannels.size()> sent{};
+    for (const Channel channel : allChannels)
+        sent[std::size_t(channel)] = m_store.isMarkedSent(channel, contact);
     return {.contact = contact,
             .key = orderKey(contact),
-            .smsSent = sms && sms->sent,
-            .emailSent = email && email->sent,
+            .sent = sent,
             .filteredBy = FilteredBy::of({m_store, m_state, contact})};
 }
 
 void ContactList::tally(const Entry &entry, int by)
 {
-    m_smsSent += entry.smsSent ? by : 0;
-    m_emailsSent += entry.emailSent ? by : 0;
+    for (std::size_t channel = 0; channel < m_sent.size(); ++channel)
+        m_sent[channel] += entry.sent[channel] ? by : 0;
 }
 
 ContactList::OrderKey ContactList::orderKey(const Prospect &contact) const

@@ -7,6 +7,7 @@
 #include <QHash>
 #include <QSet>
 
+#include <array>
 #include <map>
 #include <set>
 
@@ -34,8 +35,7 @@ public:
 
     // Counted over all contacts, found or not.
     int total() const { return int(m_entries.size()); }
-    int smsSent() const { return m_smsSent; }
-    int emailsSent() const { return m_emailsSent; }
+    int sentOn(Channel channel) const { return m_sent[std::size_t(channel)]; } ///< contacts
 
     void setSearchText(const QString &text);
     const QString &searchText() const { return m_searchText; }
@@ -73,8 +73,7 @@ private:
     struct Entry {
         Prospect contact;
         OrderKey key;
-        bool smsSent;
-        bool emailSent;
+        std::array<bool, allChannels.size()> sent; ///< by channel
         FilteredBy filteredBy;
         mutable std::optional<QCollatorSortKey> label = {}; ///< made once a comparison needs it
     };
@@ -111,8 +110,7 @@ private:
     mutable QString m_read;                   ///< the text being read, which keeps its room
     SortColumn m_sortColumn = SortColumn::name;
     Qt::SortOrder m_sortOrder = Qt::AscendingOrder;
-    int m_smsSent = 0;
-    int m_emailsSent = 0;
+    std::array<int, allChannels.size()> m_sent{}; ///< contacts, by channel
 };
 
 } // namespace quenoria

@@ -1,7 +1,7 @@
 #include "ui/table/contact_table_model.h"
 
 #include "platform/clock.h"
-#include "ui/kit/switches.h"
+#include "ui/channels/channel_descriptor.h"
 
 using namespace Qt::StringLiterals;
 
@@ -30,9 +30,19 @@ QString markText(ContactMark mark)
 
 /// What a member of the column gives, if the column has it.
 template <typename Offer, typename Source>
-QVariant offered(Offer *offer, const Source &source)
+QVariant offered(const Offer &offer, const Source &source)
 {
     return offer ? QVariant::fromValue(offer(source)) : QVariant();
+}
+
+std::set<Channel> automaticChannels(const Switches &switches)
+{
+    std::set<Channel> automatic;
+    for (const ChannelDescriptor *channel : channels()) {
+        if (channel->isAutomatic(switches))
+            automatic.insert(channel->channel);
+    }
+    return automatic;
 }
 
 QVariant checkState(const QVariant &on)
@@ -51,7 +61,7 @@ QString shownText(const ContactColumn &column, const Cell &cell)
 ContactTableModel::ContactTableModel(ProspectStore &store, Switches &switches, const Clock &clock,
                                      QObject *parent)
     : QAbstractTableModel(parent),
-      m_store(store), m_state{.clock = clock, .emailIsAutomatic = switches.autoValidateEmail()},
+      m_store(store), m_state{.clock = clock, .automatic = automaticChannels(switches)},
       m_undo(store, m_state), m_list(store, m_state)
 {
     m_arrival.setSingleShot(true);
@@ -64,7 +74,7 @@ ContactTableModel::ContactTableModel(ProspectStore &store, Switches &switches, c
     });
     connect(&store, &ProspectStore::published, this, &ContactTableModel::follow);
     connect(&switches, &Switches::changed, this, [this, &switches] {
-        m_state.emailIsAutomatic = switches.autoValidateEmail();
+        m_state.automatic = automaticChannels(switches);
         announce(&ContactColumn::followsSwitches);
     });
 }

@@ -73,7 +73,7 @@ void ContactTableModel::pickMany(int column, const QString &choice, const IdSet 
 
 void ContactTableModel::setUnderWay(Channel channel, const QString &contactId, bool isUnderWay)
 {
-    IdSet &contacts = channel == Channel::sms ? m_state.smsUnderWay : m_state.emailUnderWay;
+    IdSet &contacts = m_state.underWay[channel];
     if (isUnderWay)
         contacts.insert(contactId);
     else

@@ -9,8 +9,12 @@ namespace quenoria {
 
 namespace {
 
-const int contactColumn = columnsThat(&ContactColumn::namesContact).front();
-const int departmentColumn = columnOf(SortColumn::department);
+int contactColumn()
+{
+    static const int column = columnsThat(&ContactColumn::namesContact).front();
+    return column;
+}
+
 constexpr int narrowestContact = 260;
 constexpr QChar widthSeparator(u',');
 
@@ -90,18 +94,18 @@ int ContactTableView::leastContactWidth() const
     if (m_contactWidth)
         return *m_contactWidth;
     int others = 0;
-    for (int column = 0; column <= departmentColumn; ++column)
-        others += column == contactColumn ? 0 : columnWidth(column);
-    return qBound(narrowestContact, viewport()->width() - others, documentedWidth(contactColumn));
+    for (int column = 0; column <= columnOf(SortColumn::department); ++column)
+        others += column == contactColumn() ? 0 : columnWidth(column);
+    return qBound(narrowestContact, viewport()->width() - others, documentedWidth(contactColumn()));
 }
 
 void ContactTableView::fitContactColumn()
 {
     if (m_isFitting)
         return;
-    const int others = horizontalHeader()->length() - columnWidth(contactColumn);
+    const int others = horizontalHeader()->length() - columnWidth(contactColumn());
     m_isFitting = true;
-    setColumnWidth(contactColumn, qMax(leastContactWidth(), viewport()->width() - others));
+    setColumnWidth(contactColumn(), qMax(leastContactWidth(), viewport()->width() - others));
     m_isFitting = false;
 }
 
@@ -109,7 +113,7 @@ void ContactTableView::columnResized(int column, int size)
 {
     if (m_isFitting)
         return;
-    if (column == contactColumn)
+    if (column == contactColumn())
         m_contactWidth = size;
     fitContactColumn();
 }
@@ -118,8 +122,8 @@ QString ContactTableView::columnWidths() const
 {
     QStringList widths;
     for (int column = 0; column < m_model.columnCount(); ++column)
-        widths << QString::number(column == contactColumn ? m_contactWidth.value_or(0)
-                                                          : columnWidth(column));
+        widths << QString::number(column == contactColumn() ? m_contactWidth.value_or(0)
+                                                            : columnWidth(column));
     return widths.join(widthSeparator);
 }
 

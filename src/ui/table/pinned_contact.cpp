@@ -10,15 +10,15 @@ namespace quenoria {
 
 namespace {
 
-const int contactColumn = columnOf(SortColumn::name);
+int contactColumn() { return columnOf(SortColumn::name); }
 constexpr int widestPinned = 260;
 
 } // namespace
 
 int ContactTableView::pinnedWidth() const
 {
-    const bool hasLeft = columnViewportPosition(contactColumn) < 0;
-    return hasLeft ? qMin(widestPinned, columnWidth(contactColumn)) : 0;
+    const bool hasLeft = columnViewportPosition(contactColumn()) < 0;
+    return hasLeft ? qMin(widestPinned, columnWidth(contactColumn())) : 0;
 }
 
 // The pinned cell is the contact's own cell at another place. Whatever goes by these three -- the
@@ -28,14 +28,14 @@ QModelIndex ContactTableView::indexAt(const QPoint &point) const
 {
     if (point.x() < 0 || point.x() >= pinnedWidth())
         return QTableView::indexAt(point);
-    return m_model.index(rowAt(point.y()), contactColumn);
+    return m_model.index(rowAt(point.y()), contactColumn());
 }
 
 QRect ContactTableView::visualRect(const QModelIndex &index) const
 {
     QRect rect = QTableView::visualRect(index);
     const int width = pinnedWidth();
-    if (width > 0 && index.column() == contactColumn) {
+    if (width > 0 && index.column() == contactColumn()) {
         rect.setLeft(0);
         rect.setWidth(width);
     }
@@ -45,12 +45,12 @@ QRect ContactTableView::visualRect(const QModelIndex &index) const
 void ContactTableView::scrollTo(const QModelIndex &index, ScrollHint hint)
 {
     const int sideways = horizontalScrollBar()->value();
-    const bool isPinned = pinnedWidth() > 0 && index.column() == contactColumn;
+    const bool isPinned = pinnedWidth() > 0 && index.column() == contactColumn();
     QTableView::scrollTo(index, hint);
     if (isPinned)
         return horizontalScrollBar()->setValue(sideways);
     const int covered = pinnedWidth() - columnViewportPosition(index.column());
-    if (index.column() > contactColumn && covered > 0)
+    if (index.column() > contactColumn() && covered > 0)
         horizontalScrollBar()->setValue(horizontalScrollBar()->value() - covered);
 }
 
@@ -73,7 +73,7 @@ void ContactTableView::updateGeometries()
 void ContactTableView::showPinnedHeader()
 {
     if (auto *header = qobject_cast<ContactHeader *>(horizontalHeader())) // none while being made
-        header->pin(contactColumn, pinnedWidth());
+        header->pin(contactColumn(), pinnedWidth());
 }
 
 void ContactTableView::paintEvent(QPaintEvent *event)
@@ -91,7 +91,7 @@ void ContactTableView::paintPinned(const QRegion &region)
     const int last = rowAt(region.boundingRect().bottom());
     const int end = last < 0 ? m_model.rowCount() : last + 1;
     for (int row = rowAt(region.boundingRect().top()); row >= 0 && row < end; ++row) {
-        const QModelIndex index = m_model.index(row, contactColumn);
+        const QModelIndex index = m_model.index(row, contactColumn());
         const QRect place = visualRect(index);
         itemDelegate()->paint(&painter, optionFor(index, place), index);
         painter.setPen(palette().color(QPalette::Mid));

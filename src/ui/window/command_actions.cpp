@@ -1,7 +1,7 @@
 #include "ui/window/command_actions.h"
 
+#include "ui/channels/channel_descriptor.h"
 #include "ui/kit/plain_text.h"
-#include "ui/kit/switches.h"
 #include "ui/kit/symbol.h"
 #include "ui/window/content_view.h"
 
@@ -9,37 +9,24 @@
 #include <QMap>
 #include <QMenuBar>
 
-#include <array>
-
 using namespace Qt::StringLiterals;
 
 namespace quenoria {
 
 namespace {
 
-struct SwitchDescriptor {
-    const char16_t *text;
-    const char16_t *help;
-    bool (Switches::*isOn)() const;
-    void (Switches::*set)(bool);
-    Switch which;
-};
-
-constexpr std::array switchDescriptors{
-    SwitchDescriptor{u"Automatiser envoi SMS",
-                     u"Prépare et envoie automatiquement les SMS dans Messages, puis enregistre le "
-                     "suivi.",
-                     &Switches::autoValidateSMS, &Switches::setAutoValidateSMS,
-                     Switch::automaticSMS},
-    SwitchDescriptor{u"Forfait Free Pro",
-                     u"Coché : pas de limite appliquée par l’application. Décoché : 250 "
-                     "destinataires SMS distincts maximum par mois.",
-                     &Switches::freeProPlan, &Switches::setFreeProPlan, Switch::freePro},
-    SwitchDescriptor{
-        u"Automatiser envoi e-mail",
-        u"Envoie automatiquement les e-mails dans Apple Mail, puis enregistre le suivi.",
-        &Switches::autoValidateEmail, &Switches::setAutoValidateEmail, Switch::automaticEmail},
-};
+/// Of each channel, in the order of the channels.
+std::vector<SwitchText> switchTexts()
+{
+    std::vector<SwitchText> texts;
+    for (const ChannelDescriptor *channel : channels()) {
+        if (channel->automatic)
+            texts.push_back(channel->automatic->turnedOn);
+        if (channel->allowance)
+            texts.push_back(channel->allowance->lifted);
+    }
+    return texts;
+}
 
 } // namespace
 
@@ -57,25 +44,26 @@ QAction *CommandActions::makeAction(const Command &command, ContentView &window)
         action->setIcon(symbol(name));
     action->setShortcut(QKeySequence(QString::fromUtf16(command.shortcut)));
     action->setMenuRole(QAction::NoRole);
-    QObject::connect(action, &QAction::triggered, &window, command.run);
+    QObject::connect(action, &QAction::triggered, &window,
+                     [&window, &command] { command.runIn(window); });
     return action;
 }
 
 void CommandActions::makeSwitches(ContentView &window, Switches &switches)
 {
-    for (const SwitchDescriptor &descriptor : switchDescriptors) {
-        auto *action = new QAction(QString::fromUtf16(descriptor.text), &window);
-        action->setToolTip(tipText(QString::fromUtf16(descriptor.help)));
+    for (const SwitchText &each : switchTexts()) {
+        auto *action = new QAction(each.text, &window);
+        action->setToolTip(tipText(each.help));
         action->setCheckable(true);
-        const auto show = [action, &switches, descriptor] {
-            action->setChecked((switches.*descriptor.isOn)());
-            action->setText(
-                QString::fromUtf16(descriptor.text) +
-                (switches.isUnsaved(descriptor.which) ? u" (non enregistré)"_s : QString()));
+        const auto show = [action, &switches, each] {
+            action->setChecked(switches.isOn(each.which));
+            action->setText(each.text +
+                            (switches.isUnsaved(each.which) ? u" (non enregistré)"_s : QString()));
         };
         show();
         QObject::connect(&switches, &Switches::changed, action, show);
-        QObject::connect(action, &QAction::toggled, &switches, descriptor.set);
+        QObject::connect(action, &QAction::toggled, &switches,
+                         [&switches, which = each.which](bool on) { switches.set(which, on); });
         m_switches << action;
     }
 }
@@ -119,6 +107,8 @@ void CommandActions::showTexts(const HeaderTexts &texts)
     for (const auto &[command, action] : m_commands) {
         if (command->countedText)
             action->setText(texts.*command->countedText);
+        if (command->countsSelection)
+            action->setText(texts.queues.at(command->channel));
         if (command->isPossible)
             action->setEnabled(texts.*command->isPossible);
     }

@@ -17,7 +17,24 @@ constexpr auto deletion = ButtonPlace::deletion;
 constexpr auto badge = ButtonPlace::badge;
 constexpr auto none = ButtonPlace::none;
 
-constexpr std::array commands{
+/// Stands for one command of each channel; a group starts at the first.
+constexpr Command eachChannel(CommandText ChannelCommands::*texts,
+                              void (ContentView::*run)(Channel), ButtonPlace button,
+                              bool countsSelection = false, bool startsGroup = false)
+{
+    return {.text = u"",
+            .symbol = u"",
+            .shortcut = u"",
+            .menu = send,
+            .button = button,
+            .run = nullptr,
+            .startsGroup = startsGroup,
+            .ofChannel = texts,
+            .runOn = run,
+            .countsSelection = countsSelection};
+}
+
+constexpr std::array rows{
     Command{u"Ajouter un contact", u"plus.circle.fill", u"Ctrl+N", file, header,
             &ContentView::addContact, nullptr, false, 2},
     Command{u"Importer Excel", u"tablecells.badge.ellipsis", u"Ctrl+O", file, header,
@@ -50,22 +67,11 @@ constexpr std::array commands{
     Command{u"Rechercher", u"", u"Ctrl+F", edit, none, &ContentView::startSearch, nullptr, true},
     Command{u"Départements", u"map", u"Ctrl+D", edit, header, &ContentView::manageDepartments,
             nullptr, true},
-    Command{u"Préparer les SMS", u"", u"Ctrl+Shift+S", send, queues, &ContentView::openSMSQueue,
-            &HeaderTexts::smsQueue},
-    Command{u"Préparer les e-mails", u"", u"Ctrl+Shift+E", send, queues,
-            &ContentView::openEmailQueue, &HeaderTexts::emailQueue},
-    Command{u"Cocher les contacts affichés pour les SMS", u"", u"", send, none,
-            &ContentView::tickShownForSMS, nullptr, true},
-    Command{u"Cocher les contacts affichés pour les e-mails", u"", u"", send, none,
-            &ContentView::tickShownForEmail},
-    Command{u"Décocher les contacts affichés pour les SMS", u"", u"", send, none,
-            &ContentView::untickShownForSMS},
-    Command{u"Décocher les contacts affichés pour les e-mails", u"", u"", send, none,
-            &ContentView::untickShownForEmail},
-    Command{u"Gérer les SMS", u"text.bubble.fill", u"", send, header, &ContentView::manageMessages,
-            nullptr, true},
-    Command{u"Gérer les e-mails", u"envelope.fill", u"", send, header,
-            &ContentView::manageEmailMessages},
+    eachChannel(&ChannelCommands::openQueue, &ContentView::openQueue, queues, true),
+    eachChannel(&ChannelCommands::tickShown, &ContentView::tickShown, none, false, true),
+    eachChannel(&ChannelCommands::untickShown, &ContentView::untickShown, none),
+    eachChannel(&ChannelCommands::manageTemplates, &ContentView::manageTemplates, header, false,
+                true),
     Command{u"Tester un message", u"paperplane.fill", u"Ctrl+T", send, header,
             &ContentView::testMessage},
     Command{u"Réponses STOP", u"", u"", send, badge, &ContentView::showStopReplies,
@@ -93,9 +99,47 @@ constexpr std::array menus{
     MenuTitle{send, u"En&vois"},  MenuTitle{window, u"Fe&nêtre"}, MenuTitle{help, u"&Aide"},
 };
 
+void addForEachChannel(std::vector<Command> &commands, const Command &row)
+{
+    for (const ChannelDescriptor *channel : channels()) {
+        const CommandText &texts = channel->commands.*row.ofChannel;
+        Command command = row;
+        command.text = texts.text;
+        command.symbol = texts.symbol;
+        command.shortcut = texts.shortcut;
+        command.startsGroup = row.startsGroup && channel == channels().front();
+        command.channel = channel->channel;
+        commands.push_back(command);
+    }
+}
+
+std::vector<Command> allCommands()
+{
+    std::vector<Command> commands;
+    for (const Command &row : rows) {
+        if (row.ofChannel)
+            addForEachChannel(commands, row);
+        else
+            commands.push_back(row);
+    }
+    return commands;
+}
+
 } // namespace
 
-std::span<const Command> windowCommands() { return commands; }
+void Command::runIn(ContentView &window) const
+{
+    if (runOn)
+        (window.*runOn)(channel);
+    else
+        (window.*run)();
+}
+
+std::span<const Command> windowCommands()
+{
+    static const std::vector<Command> commands = allCommands();
+    return commands;
+}
 
 std::span<const MenuTitle> windowMenus() { return menus; }
 

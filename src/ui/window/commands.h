@@ -1,5 +1,6 @@
 #pragma once
 
+#include "ui/channels/channel_descriptor.h"
 #include "ui/window/header_texts.h"
 
 #include <span>
@@ -26,6 +27,14 @@ struct Command {
     bool startsGroup = false;                    ///< in its menu
     int firstStep = 0; ///< its place among what a window without contacts offers, counted from 1
     bool HeaderTexts::*isPossible = nullptr; ///< none: it always is
+
+    // Of a command that stands once for each channel, with a text of its own there; it runs on it.
+    CommandText ChannelCommands::*ofChannel = nullptr;
+    void (ContentView::*runOn)(Channel) = nullptr;
+    bool countsSelection = false; ///< its counted text is the queue's
+    Channel channel = {};
+
+    void runIn(ContentView &window) const;
 };
 
 [[nodiscard]] std::span<const Command> windowCommands();

@@ -22,7 +22,6 @@ class FilterBar;
 class GuideWindow;
 class ManyTicks;
 class OutcomeLine;
-class QueueSheet;
 class RowActions;
 class SendDesk;
 class TablePages;
@@ -73,8 +72,7 @@ public:
     void showDemonstration(); ///< beside this window, with files of its own
     void openDataFolder();
     void manageDepartments();
-    void manageMessages();
-    void manageEmailMessages();
+    void manageTemplates(Channel channel);
     void testMessage();
     void chooseCarriers();
     void showStopReplies();
@@ -82,8 +80,7 @@ public:
     void composeMessage(const Composition &message);
     void showAbout();
     void quit();
-    void openSMSQueue();
-    void openEmailQueue();
+    void openQueue(Channel channel);
     void deleteTickedContacts();
     void undoLast();
     void editCurrentContact();
@@ -98,10 +95,8 @@ public:
     void enterPanel();    ///< from there, the table
     void toggleFilters(); ///< hidden, they hide no contact
     void showAll();       ///< no search, no filter
-    void tickShownForSMS();
-    void tickShownForEmail();
-    void untickShownForSMS();
-    void untickShownForEmail();
+    void tickShown(Channel channel);
+    void untickShown(Channel channel);
 
 Q_SIGNALS:
     /// The window was asked to close and stays open.
@@ -142,7 +137,6 @@ private:
     void refresh();
     void restoreLayout();
     void saveLayout();
-    void presentQueue(QueueSheet &queue);
     void copy(const QString &text, const QString &absence);
     void editContact(const QString &id);
     void showHistory(const QString &id);

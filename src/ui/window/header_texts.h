@@ -1,6 +1,10 @@
 #pragma once
 
+#include "model/channel.h"
+
 #include <QString>
+
+#include <map>
 
 namespace quenoria {
 
@@ -11,8 +15,7 @@ class Switches;
 /// The texts of the header that count something.
 struct HeaderTexts {
     QString counts;
-    QString smsQueue;
-    QString emailQueue;
+    std::map<Channel, QString> queues;
     QString deletion;
     QString stopReplies;
     bool hasStopReplies = false;

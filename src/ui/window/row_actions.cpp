@@ -1,6 +1,6 @@
 #include "ui/window/row_actions.h"
 
-#include "ui/kit/switches.h"
+#include "ui/channels/channel_descriptor.h"
 
 using namespace Qt::StringLiterals;
 
@@ -18,11 +18,9 @@ void RowActions::perform(RowAction action, const QString &contactId)
     if (!found)
         return;
     const Prospect contact = *found; // what follows may change the list that it comes from
-    switch (action) {
-    case RowAction::sendSMS:
-        return send(Channel::sms, contact);
-    case RowAction::sendEmail:
-        return send(Channel::email, contact);
+    switch (action.kind) {
+    case RowAction::sendMessage:
+        return send(action.channel, contact);
     case RowAction::chooseAttachment:
         return store.chooseAttachment(contact);
     case RowAction::removeAttachment:
@@ -38,9 +36,7 @@ void RowActions::send(Channel channel, const Prospect &contact)
     // A second click finds the first one's message under way, or its doubt.
     if (m_desk.isUnderWay(channel, contact.id) || m_desk.raiseDoubt(channel, contact.id))
         return;
-    const bool isAutomatic =
-        channel == Channel::sms ? m_switches.autoValidateSMS() : m_switches.autoValidateEmail();
-    if (isAutomatic)
+    if (channelDescriptor(channel).isAutomatic(m_switches))
         sendAutomatically(channel, contact);
     else
         prepare(channel, contact);
@@ -49,8 +45,7 @@ void RowActions::send(Channel channel, const Prospect &contact)
 void RowActions::prepare(Channel channel, const Prospect &contact)
 {
     if (const Refusal refusal = m_desk.prepare(channel, contact, m_switches.freeProPlan()))
-        Q_EMIT failed(channel == Channel::sms ? u"SMS impossible"_s : u"E-mail impossible"_s,
-                      *refusal, {});
+        Q_EMIT failed(channelDescriptor(channel).impossible, *refusal, {});
 }
 
 QCoro::Task<> RowActions::sendAutomatically(Channel channel, Prospect contact)

@@ -59,7 +59,7 @@ void RunWatch::look()
     if (!std::exchange(m_wasSending, isSending) || isSending)
         return;
     if (isWanted(m_preferences) && QGuiApplication::applicationState() != Qt::ApplicationActive)
-        Q_EMIT endedUnseen(m_queue.channel().title, m_queue.report().summary());
+        Q_EMIT endedUnseen(m_queue.channel().queue.title, m_queue.report().summary());
 }
 
 } // namespace quenoria

@@ -64,8 +64,12 @@ void ContentView::present(Arguments &&...arguments)
 
 void ContentView::addContact() { present<AddProspectView>(m_store); }
 void ContentView::manageDepartments() { present<DepartmentManagerView>(m_store); }
-void ContentView::manageMessages() { present<MessageManagerView>(m_store); }
-void ContentView::manageEmailMessages() { present<EmailMessageManagerView>(m_store); }
+
+void ContentView::manageTemplates(Channel channel)
+{
+    present<TemplateManagerView>(m_store, channelDescriptor(channel));
+}
+
 void ContentView::testMessage() { present<TestMessageView>(m_store); }
 /// Over whatever asked for it, like the message below.
 void ContentView::chooseCarriers()
@@ -283,10 +287,15 @@ void ContentView::showAll()
 
 void ContentView::resetColumnWidths() { m_table->resetColumnWidths(); }
 
-void ContentView::tickShownForSMS() { m_ticks->tickShown(SortColumn::selection, true); }
-void ContentView::tickShownForEmail() { m_ticks->tickShown(SortColumn::emailSelection, true); }
-void ContentView::untickShownForSMS() { m_ticks->tickShown(SortColumn::selection, false); }
-void ContentView::untickShownForEmail() { m_ticks->tickShown(SortColumn::emailSelection, false); }
+void ContentView::tickShown(Channel channel)
+{
+    m_ticks->tickShown({SortColumn::selection, channel}, true);
+}
+
+void ContentView::untickShown(Channel channel)
+{
+    m_ticks->tickShown({SortColumn::selection, channel}, false);
+}
 
 void ContentView::quit() { close(); }
 

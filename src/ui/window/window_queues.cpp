@@ -9,18 +9,10 @@ using namespace Qt::StringLiterals;
 
 namespace quenoria {
 
-void ContentView::openSMSQueue()
+void ContentView::openQueue(Channel channel)
 {
-    presentQueue(*new BatchSendView(m_desk, m_switches, m_platform, this));
-}
-
-void ContentView::openEmailQueue()
-{
-    presentQueue(*new BatchEmailSendView(m_desk, m_switches, m_platform, this));
-}
-
-void ContentView::presentQueue(QueueSheet &queue)
-{
+    QueueSheet &queue =
+        *new QueueSheet(channelDescriptor(channel), m_desk, m_switches, m_platform, this);
     connect(&queue, &QueueSheet::carriersRequested, this, &ContentView::chooseCarriers);
     connect(&m_platform.carriers, &Carriers::composeAnswered, &queue, &QueueSheet::tellOutcome);
     connect(&queue, &QueueSheet::stopRepliesRequested, this, &ContentView::showStopReplies);

@@ -88,7 +88,7 @@ void ContentView::undo(int act) { m_outcome->tell(m_model.undoList().undo(act));
 void ContentView::performAction(RowAction action, const QString &id)
 {
     const bool attaches =
-        action == RowAction::chooseAttachment || action == RowAction::removeAttachment;
+        action.kind == RowAction::chooseAttachment || action.kind == RowAction::removeAttachment;
     if (attaches)
         m_model.undoList().record(columnOf(SortColumn::attachment), {id},
                                   [&] { m_rows->perform(action, id); });

@@ -10,7 +10,7 @@ namespace {
 
 struct Rejected {
     const char *name;
-    const TemplateChannel &(*channel)();
+    const ChannelDescriptor &(*channel)();
     TemplateDraft draft;
     QString message;
 };
@@ -19,7 +19,7 @@ class Validation : public SheetTest, public testing::WithParamInterface<Rejected
 
 TEST_P(Validation, NamesWhatIsMissingAndCreatesNothing)
 {
-    const TemplateChannel &channel = GetParam().channel();
+    const ChannelTemplates &channel = GetParam().channel().templates;
     TemplateEditor editor(store(), channel);
     editor.startNew();
     editor.draft = GetParam().draft;
@@ -35,22 +35,20 @@ const QString incomplete = u"Saisissez le titre, l’objet et le contenu."_s;
 INSTANTIATE_TEST_SUITE_P(
     Templates, Validation,
     testing::Values(
-        Rejected{"SmsTitle", smsTemplateChannel, {u" \n"_s, {}, u" "_s}, u"Saisissez un titre."_s},
-        Rejected{"SmsBody",
-                 smsTemplateChannel,
-                 {u"T"_s, {}, u"\n \t"_s},
-                 u"Saisissez le contenu du message."_s},
-        Rejected{"EmailTitle", emailTemplateChannel, {u" "_s, u"O"_s, u"C"_s}, incomplete},
-        Rejected{"EmailSubject", emailTemplateChannel, {u"T"_s, u" "_s, u"C"_s}, incomplete},
-        Rejected{"EmailBody", emailTemplateChannel, {u"T"_s, u"O"_s, u" "_s}, incomplete}),
+        Rejected{"SmsTitle", smsChannel, {u" \n"_s, {}, u" "_s}, u"Saisissez un titre."_s},
+        Rejected{
+            "SmsBody", smsChannel, {u"T"_s, {}, u"\n \t"_s}, u"Saisissez le contenu du message."_s},
+        Rejected{"EmailTitle", emailChannel, {u" "_s, u"O"_s, u"C"_s}, incomplete},
+        Rejected{"EmailSubject", emailChannel, {u"T"_s, u" "_s, u"C"_s}, incomplete},
+        Rejected{"EmailBody", emailChannel, {u"T"_s, u"O"_s, u" "_s}, incomplete}),
     [](const auto &test) { return std::string(test.param.name); });
 
 using ManagerSheet = SheetTest;
 
 class BothChannels : public SheetTest,
-                     public testing::WithParamInterface<const TemplateChannel &(*)()> {
+                     public testing::WithParamInterface<const ChannelDescriptor &(*)()> {
 protected:
-    const TemplateChannel &channel = GetParam()();
+    const ChannelTemplates &channel = GetParam()().templates;
     const QString subject = channel.subjectField.isEmpty() ? QString() : u"Objet"_s;
 };
 
@@ -58,7 +56,7 @@ protected:
 TEST_F(ManagerSheet, ADraftIsNeverLostUnasked)
 {
     const QString other = store().createMessage(u"Relance"_s, u"Corps"_s);
-    MessageManagerView sheet(store(), nullptr);
+    TemplateManagerView sheet(store(), smsChannel(), nullptr);
     const Probe probe(sheet);
     probe.choose(u"Modèle"_s, u"Relance"_s);
     EXPECT_FALSE(probe.answer(u"Annuler"_s)) << "nothing was typed";
@@ -126,14 +124,13 @@ TEST_P(BothChannels, ADeletedOrUnknownTemplateGivesTheDefault)
     EXPECT_TRUE(editor.message().isEmpty());
 }
 
-INSTANTIATE_TEST_SUITE_P(Templates, BothChannels,
-                         testing::Values(smsTemplateChannel, emailTemplateChannel));
+INSTANTIATE_TEST_SUITE_P(Templates, BothChannels, testing::Values(smsChannel, emailChannel));
 
 class ManagerSheets : public SheetTest {};
 
 TEST_F(ManagerSheets, TheMessageSheetCountsCharactersAndSaysEverythingInRed)
 {
-    MessageManagerView sheet(store(), nullptr);
+    TemplateManagerView sheet(store(), smsChannel(), nullptr);
     const Probe probe(sheet);
     EXPECT_FALSE(probe.button(u"Supprimer"_s)->isEnabled());
     probe.press(u"Nouveau"_s);

@@ -134,10 +134,10 @@ INSTANTIATE_TEST_SUITE_P(
                 u"CHLOÉ, ALIX, BRUNO, CLIENT 2, CLIENT 10, dora"},
         Sorting{"sent", SortColumn::sent, u"BRUNO, CHLOÉ, CLIENT 2, dora, ALIX, CLIENT 10",
                 u"ALIX, CLIENT 10, BRUNO, CHLOÉ, CLIENT 2, dora"},
-        Sorting{"emailSelection", SortColumn::emailSelection,
+        Sorting{"emailSelection", SortColumn(SortColumn::selection, Channel::email),
                 u"ALIX, BRUNO, CHLOÉ, CLIENT 2, CLIENT 10, dora",
                 u"dora, ALIX, BRUNO, CHLOÉ, CLIENT 2, CLIENT 10"},
-        Sorting{"emailSent", SortColumn::emailSent,
+        Sorting{"emailSent", SortColumn(SortColumn::sent, Channel::email),
                 u"BRUNO, CHLOÉ, CLIENT 2, CLIENT 10, dora, ALIX",
                 u"ALIX, BRUNO, CHLOÉ, CLIENT 2, CLIENT 10, dora"},
         Sorting{"stopped", SortColumn::stopped, u"ALIX, BRUNO, CHLOÉ, CLIENT 10, dora, CLIENT 2",
@@ -234,11 +234,12 @@ TEST_F(DisplayList, CountsTheMarkedContactsWhetherFoundOrNot)
     store().recordSentNow(chloe());
     store().recordEmailSentNow(chloe());
     store().setSent(false, alix());
-    EXPECT_EQ(model().contacts().smsSent(), 1);
-    EXPECT_EQ(model().contacts().emailsSent(), 1);
+    EXPECT_EQ(model().contacts().sentOn(Channel::sms), 1);
+    EXPECT_EQ(model().contacts().sentOn(Channel::email), 1);
     store().deleteProspects({chloe().id});
     settle();
-    EXPECT_EQ(model().contacts().smsSent() + model().contacts().emailsSent(), 0);
+    EXPECT_EQ(model().contacts().sentOn(Channel::sms) + model().contacts().sentOn(Channel::email),
+              0);
 }
 
 } // namespace

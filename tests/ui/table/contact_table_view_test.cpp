@@ -19,7 +19,7 @@ class TableView : public TableTest {
 protected:
     TableView() : view(model())
     {
-        view.resize(tableContentWidth + 200, 500);
+        view.resize(tableContentWidth() + 200, 500);
         view.show();
     }
 
@@ -37,7 +37,7 @@ protected:
 TEST_F(TableView, TheContactTakesTheRoomThatIsLeft)
 {
     const int column = columnOf(SortColumn::name);
-    const int spare = view.viewport()->width() - tableContentWidth;
+    const int spare = view.viewport()->width() - tableContentWidth();
     EXPECT_EQ(view.columnWidth(column), 680 + spare);
     view.resize(900, 500);
     EXPECT_EQ(view.columnWidth(column), 260);
@@ -46,7 +46,7 @@ TEST_F(TableView, TheContactTakesTheRoomThatIsLeft)
     EXPECT_EQ(view.columnViewportPosition(department) + view.columnWidth(department),
               view.viewport()->width());
     view.resize(2000, 500);
-    EXPECT_EQ(view.horizontalHeader()->length(), tableContentWidth);
+    EXPECT_EQ(view.horizontalHeader()->length(), tableContentWidth());
     view.setColumnWidth(0, 120);
     view.setColumnWidth(column, 300);
 
@@ -88,7 +88,7 @@ TEST_F(TableView, SpaceAndClicksUseTheCell)
     EXPECT_TRUE(store().isStopped(alix()));
     click(at(alix(), SortColumn::stopped));
     EXPECT_FALSE(store().isStopped(alix()));
-    click(at(chloe(), SortColumn::emailSelection));
+    click(at(chloe(), SortColumn(SortColumn::selection, Channel::email)));
     EXPECT_TRUE(store().emailSendSelection().empty());
 
     QSignalSpy actions(&view, &ContactTableView::actionRequested);
@@ -97,8 +97,8 @@ TEST_F(TableView, SpaceAndClicksUseTheCell)
     view.setCurrentIndex(at(chloe(), SortColumn::attachment));
     press(Qt::Key_Space);
     ASSERT_EQ(actions.size(), 3);
-    EXPECT_EQ(actions[0][0].value<RowAction>(), RowAction::sendSMS);
-    EXPECT_EQ(actions[1][0].value<RowAction>(), RowAction::sendEmail);
+    EXPECT_EQ(actions[0][0].value<RowAction>(), RowAction::send(Channel::sms));
+    EXPECT_EQ(actions[1][0].value<RowAction>(), RowAction::send(Channel::email));
     EXPECT_EQ(actions[2][0].value<RowAction>(), RowAction::chooseAttachment);
     EXPECT_EQ(actions[2][1].toString(), chloe().id);
 }

@@ -301,7 +301,7 @@ TEST_F(Window, WaitsForASendBeforeItCloses)
         messages.acquire();
         return ScriptDone{};
     };
-    Q_EMIT table().actionRequested(RowAction::sendSMS, chloe().id);
+    Q_EMIT table().actionRequested(RowAction::send(Channel::sms), chloe().id);
     EXPECT_FALSE(window().close());
     EXPECT_TRUE(shows(u"Un envoi est en cours."_s));
     messages.release();
@@ -320,7 +320,7 @@ TEST_F(Window, AnExitThatIsCalledOffLeavesTheRowsSending)
     EXPECT_FALSE(window().close());
     EXPECT_EQ(stayed.size(), 1);
     EXPECT_TRUE(QDir(path).removeRecursively());
-    Q_EMIT table().actionRequested(RowAction::sendEmail, alix().id);
+    Q_EMIT table().actionRequested(RowAction::send(Channel::email), alix().id);
     settle();
     EXPECT_EQ(store().emailHistory(alix()).size(), 1U);
 }
@@ -350,10 +350,10 @@ TEST_F(Window, ADoubtIsAskedAtTheStartWithAllThatIsKnown)
                            "digest": "", "known": []}])");
     EXPECT_TRUE(shows(u"Cet envoi a été interrompu. Le message est peut-être parti."_s));
     EXPECT_TRUE(shows(u"ALIX <b>&amp;</b>\n06 39 98 00 10\nSMS\n01/03/2026 à 00:30:00"_s));
-    Q_EMIT table().actionRequested(RowAction::sendSMS, alix().id);
+    Q_EMIT table().actionRequested(RowAction::send(Channel::sms), alix().id);
     EXPECT_TRUE(desktop.workspace.opened.isEmpty());
     press(u"Décider plus tard"_s);
-    Q_EMIT table().actionRequested(RowAction::sendSMS, alix().id);
+    Q_EMIT table().actionRequested(RowAction::send(Channel::sms), alix().id);
     press(u"Enregistrer l’envoi"_s);
     EXPECT_EQ(store().sendHistory(alix()).size(), 1U);
     EXPECT_TRUE(store().smsMonthlyRecipientsByMonth().find(u"2026-03"_s)->contains(alix().id))

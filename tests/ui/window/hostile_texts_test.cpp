@@ -80,7 +80,7 @@ TEST_F(HostileTexts, EverySheetShowsThemPlainAndKeepsItsSize)
         const QString text = QString::fromUtf16(command.text);
         if (text.startsWith(u"Quitter"_s) || text.contains(u"plein écran"_s))
             continue;
-        (window().*command.run)();
+        command.runIn(window());
         settle();
         expectCalm(text.toStdString());
         const auto open = window().findChildren<QDialog *>();
@@ -115,7 +115,7 @@ TEST_F(HostileTexts, AlertsTipsAndTheStatusLineShowThemPlain)
     delete table().findChild<QMenu *>();
 
     switches.setAutoValidateSMS(true);
-    Q_EMIT table().actionRequested(RowAction::sendSMS, alix().id);
+    Q_EMIT table().actionRequested(RowAction::send(Channel::sms), alix().id);
     EXPECT_LT(window().statusBar()->currentMessage().size(), 300);
     EXPECT_FALSE(window().statusBar()->currentMessage().contains(u'\u202E'));
 }

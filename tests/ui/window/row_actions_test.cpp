@@ -39,15 +39,15 @@ protected:
 
 TEST_F(RowButtons, PrepareAndRecordNothing)
 {
-    perform(RowAction::sendSMS, chloe());
-    perform(RowAction::sendEmail, alix());
+    perform(RowAction::send(Channel::sms), chloe());
+    perform(RowAction::send(Channel::email), alix());
     EXPECT_EQ(desktop.workspace.opened.size(), 2);
     EXPECT_EQ(store().status(chloe()), nullptr);
     EXPECT_EQ(failure, QString());
-    perform(RowAction::sendEmail, chloe());
+    perform(RowAction::send(Channel::email), chloe());
     EXPECT_TRUE(failure.startsWith(u"E-mail impossible | "_s));
     store().setStopped(true, chloe());
-    perform(RowAction::sendSMS, chloe());
+    perform(RowAction::send(Channel::sms), chloe());
     EXPECT_EQ(failure,
               u"SMS impossible | Cet abonné a demandé à ne plus être destinataire de SMS."_s);
 }
@@ -56,14 +56,14 @@ TEST_F(RowButtons, SendAndRecord)
 {
     switches.setAutoValidateSMS(true);
     switches.setAutoValidateEmail(true);
-    perform(RowAction::sendSMS, alix());
-    perform(RowAction::sendEmail, alix());
+    perform(RowAction::send(Channel::sms), alix());
+    perform(RowAction::send(Channel::email), alix());
     EXPECT_EQ(store().sendHistory(alix()).size(), 1U);
     ASSERT_NE(store().emailStatus(alix()), nullptr) << failure.toStdString();
     EXPECT_EQ(store().smsRecipientsSentThisMonth(), 1);
 
     desktop.scripts.answer = [](const QString &) { return ScriptError{{}, u"Réseau absent"_s}; };
-    perform(RowAction::sendEmail, alix());
+    perform(RowAction::send(Channel::email), alix());
     EXPECT_TRUE(failure.startsWith(u"Envoi automatique impossible | "_s));
     EXPECT_EQ(store().emailStatus(alix())->sendHistory->size(), 1U);
 }
@@ -77,7 +77,8 @@ TEST_F(RowButtons, ASecondClickOrdersNothing)
         gate.acquire();
         return ScriptDone{};
     };
-    for (const RowAction action : {RowAction::sendSMS, RowAction::sendEmail}) {
+    for (const RowAction action :
+         {RowAction::send(Channel::sms), RowAction::send(Channel::email)}) {
         actions->perform(action, alix().id);
         actions->perform(action, alix().id);
     }
@@ -91,7 +92,7 @@ TEST_F(RowButtons, ASecondClickOrdersNothing)
 TEST_F(RowButtons, AMessageThatLeftIsRecordedWithoutItsWindow)
 {
     switches.setAutoValidateSMS(true);
-    actions->perform(RowAction::sendSMS, chloe().id);
+    actions->perform(RowAction::send(Channel::sms), chloe().id);
     actions.reset();
     EXPECT_TRUE(QTest::qWaitFor(
         [this] { return !store().automaticSMSBusy() && !desktop.scripts.sources.isEmpty(); }));
@@ -101,8 +102,8 @@ TEST_F(RowButtons, AMessageThatLeftIsRecordedWithoutItsWindow)
 TEST_F(RowButtons, AnSMSThatStillWaitsItsTurnIsAbandonedSilently)
 {
     switches.setAutoValidateSMS(true);
-    perform(RowAction::sendSMS, alix());
-    actions->perform(RowAction::sendSMS, chloe().id);
+    perform(RowAction::send(Channel::sms), alix());
+    actions->perform(RowAction::send(Channel::sms), chloe().id);
     settle();
     EXPECT_TRUE(desk.isUnderWay(Channel::sms, chloe().id));
     QSignalSpy idle(&desk, &SendDesk::idle);

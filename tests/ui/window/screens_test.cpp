@@ -182,16 +182,20 @@ TEST_P(OnScreen, EverySheetCanBeSeenAndUsedWhole)
     store().setSelectedForEmailSending(true, alix());
     table().setCurrentIndex(model().index(model().contacts().rowOf(alix().id), 0));
     desktop.panels.answer = QStringLiteral(QUENORIA_TEST_DATA "/workbooks/openpyxl.xlsx");
-    using Command = void (ContentView::*)();
-    for (const Command command :
+    std::vector<std::function<void(ContentView &)>> commands;
+    for (const Channel channel : allChannels) {
+        for (const auto command : {&ContentView::manageTemplates, &ContentView::openQueue})
+            commands.emplace_back([=](ContentView &view) { (view.*command)(channel); });
+    }
+    for (const auto command :
          {&ContentView::addContact, &ContentView::editCurrentContact, &ContentView::showImportHelp,
-          &ContentView::manageDepartments, &ContentView::manageMessages,
-          &ContentView::manageEmailMessages, &ContentView::testMessage, &ContentView::showAbout,
+          &ContentView::manageDepartments, &ContentView::testMessage, &ContentView::showAbout,
           &ContentView::showCurrentHistory, &ContentView::showCurrentDossier,
-          &ContentView::showReport, &ContentView::openSMSQueue, &ContentView::openEmailQueue,
-          &ContentView::checkWorkbook, &ContentView::chooseCarriers, &ContentView::exportData,
-          &ContentView::restoreBackup}) {
-        (window().*command)();
+          &ContentView::showReport, &ContentView::checkWorkbook, &ContentView::chooseCarriers,
+          &ContentView::exportData, &ContentView::restoreBackup})
+        commands.emplace_back(command);
+    for (const auto &command : commands) {
+        command(window());
         QThreadPool::globalInstance()->waitForDone();
         settle();
         auto *sheet = qobject_cast<QDialog *>(QApplication::activeModalWidget());
