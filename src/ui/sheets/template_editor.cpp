@@ -1,5 +1,9 @@
 #include "ui/sheets/template_editor.h"
 
+#include "store/prospect_store.h"
+
+#include <algorithm>
+
 namespace quenoria {
 
 namespace {

@@ -1,5 +1,7 @@
 #include "ui/table/contact_table_model.h"
 
+#include "store/together.h"
+
 namespace quenoria {
 
 namespace {

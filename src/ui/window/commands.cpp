@@ -3,6 +3,7 @@
 #include "ui/window/content_view.h"
 
 #include <array>
+#include <vector>
 
 using namespace Qt::StringLiterals;
 
