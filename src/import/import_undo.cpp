@@ -236,7 +236,7 @@ void ProspectStore::undoImport(const ImportedChanges &changes)
             [&](const Prospect &contact) { return isAdded(contact.id); });
         m_state->publish(Collection::customProspects);
     }
-    for (const Channel channel : {Channel::sms, Channel::email}) {
+    for (const Channel channel : allChannels) {
         IdSet gone;
         std::ranges::copy_if(m_state->selection(channel), std::inserter(gone, gone.end()), isAdded);
         for (const QString &id : gone)

@@ -120,7 +120,7 @@ void StoreState::forget(const IdSet &ids)
         row->forget(*this, ids);
         publish(row->collection, ids);
     }
-    for (const Channel channel : {Channel::sms, Channel::email}) {
+    for (const Channel channel : allChannels) {
         for (const QString &id : ids)
             selection(channel).erase(id);
         announce(SelectionChanged{channel, ids});

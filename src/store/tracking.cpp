@@ -189,8 +189,8 @@ void StoreState::stopWithTwins(const QString &id)
         SendStatus status = existingOr(statuses.find(twin), platform.clock.now());
         status.stopped = true;
         statuses.set(twin, std::move(status));
-        select(Channel::sms, false, twin);
-        select(Channel::email, false, twin);
+        for (const Channel channel : allChannels)
+            select(channel, false, twin);
         ids.insert(twin);
     }
     publish(Collection::statuses, std::move(ids));
