@@ -3,6 +3,7 @@
 #include "model/json_decode.h"
 #include "model/json_text.h"
 #include "model/records.h"
+#include "model/text_set.h"
 
 #include <cstdlib>
 #include <set>
@@ -43,7 +44,7 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char *data, std::size_t siz
     decode<JsonMembers<SendStatus>>(file);
     decode<JsonMembers<EmailSendStatus>>(file);
     decode<JsonMembers<ContactOverride>>(file);
-    decode<JsonMembers<std::set<QString>>>(file);
+    decode<JsonMembers<TextSet>>(file);
     decode<std::set<QString>>(file);
     return 0;
 }
