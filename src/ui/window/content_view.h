@@ -22,6 +22,7 @@ class FilterBar;
 class GuideWindow;
 class ManyTicks;
 class OutcomeLine;
+class QueueSheet;
 class RowActions;
 class SendDesk;
 class TablePages;
@@ -141,6 +142,7 @@ private:
     void editContact(const QString &id);
     void showHistory(const QString &id);
     void showDossier(const QString &id);
+    QueueSheet *makeQueue(Channel channel);
     void fillContactMenu(QMenu &menu, const QString &id);
 
     SendDesk &m_desk;
