@@ -79,6 +79,18 @@ IdSet listedAsStopped(const ProspectImportAnalysis &analysis, const IdsByKey &kn
     return ids;
 }
 
+void addDepartments(const std::vector<DepartmentInfo> &departments, StoreState &state)
+{
+    for (const DepartmentInfo &department : departments) {
+        const auto sameCode = [&department](const DepartmentInfo &known) {
+            return known.code == department.code;
+        };
+        if (!state.departments.find(sameCode))
+            state.departments.append(department);
+    }
+    state.publish(Collection::departments);
+}
+
 ImportReport mergeWhole(ProspectImportAnalysis analysis, StoreState &state)
 {
     Q_EMIT state.store.aboutToSweep();
@@ -112,14 +124,7 @@ ImportReport mergeWhole(ProspectImportAnalysis analysis, StoreState &state)
     }
     for (auto &[collection, ids] : changed) // once each: a workbook may bring thousands
         state.publish(collection, std::move(ids));
-    for (const DepartmentInfo &department : analysis.departments) {
-        const auto sameCode = [&department](const DepartmentInfo &known) {
-            return known.code == department.code;
-        };
-        if (!state.departments.find(sameCode))
-            state.departments.append(department);
-    }
-    state.publish(Collection::departments);
+    addDepartments(analysis.departments, state);
     return report;
 }
 
