@@ -71,7 +71,9 @@ void openInFront(QDialog *dialog, QWidget *window)
         dialog->setParent(front, dialog->windowFlags());
         QObject::connect(front, &QDialog::finished, dialog, [dialog, window] {
             dialog->setParent(window, dialog->windowFlags());
-            openInFront(dialog, window);
+            // Once the other has left: what opens in its stead comes below this one.
+            const auto open = [dialog, window] { openInFront(dialog, window); };
+            QMetaObject::invokeMethod(dialog, open, Qt::QueuedConnection);
         });
     }
     dialog->open();
