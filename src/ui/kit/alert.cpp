@@ -8,7 +8,6 @@
 #include <QEvent>
 #include <QMessageBox>
 #include <QPushButton>
-#include <QTimer>
 
 using namespace Qt::StringLiterals;
 
@@ -63,18 +62,6 @@ QMessageBox *makeBox(QWidget *window, const QIcon &icon, const QString &title,
     return box;
 }
 
-/// Once a dialog that is leaving has left, since what opens in its stead comes below; not when this
-/// one was closed, too, by then.
-void openSoon(QDialog *dialog, QWidget *window)
-{
-    auto *soon = new QTimer(dialog);
-    soon->setSingleShot(true);
-    QObject::connect(soon, &QTimer::timeout, dialog,
-                     [dialog, window] { openInFront(dialog, window); });
-    QObject::connect(dialog, &QDialog::finished, soon, &QTimer::stop);
-    soon->start(0);
-}
-
 } // namespace
 
 void openInFront(QDialog *dialog, QWidget *window)
@@ -84,7 +71,7 @@ void openInFront(QDialog *dialog, QWidget *window)
         dialog->setParent(front, dialog->windowFlags());
         QObject::connect(front, &QDialog::finished, dialog, [dialog, window] {
             dialog->setParent(window, dialog->windowFlags());
-            openSoon(dialog, window);
+            openInFront(dialog, window);
         });
     }
     dialog->open();

@@ -1,5 +1,4 @@
 #include "support/fake_desktop.h"
-#include "ui/kit/alert.h"
 #include "ui/kit/form.h"
 #include "ui/kit/sheet.h"
 #include "ui/kit/symbol.h"
@@ -9,13 +8,11 @@
 #include <QFormLayout>
 #include <QLabel>
 #include <QLineEdit>
-#include <QMessageBox>
 #include <QPointer>
 #include <QPushButton>
 #include <QSignalSpy>
 #include <QTest>
 #include <QTextCursor>
-#include <QWindow>
 
 #include <gtest/gtest.h>
 
@@ -88,25 +85,6 @@ TEST(Sheet, EnterPressesTheConfirmationOnlyWhileItIsEnabled)
     QTest::keyClick(sheet.field, Qt::Key_Return);
     EXPECT_EQ(pressed.count(), 1);
     EXPECT_TRUE(sheet.isVisible());
-}
-
-TEST(Alert, StaysInSightWhenWhatItStoodOverGivesWayToAnother)
-{
-    QWidget window;
-    window.show();
-    auto *progress = new QDialog(&window);
-    progress->setWindowModality(Qt::WindowModal);
-    progress->open();
-    showAlert(&window, u"Premier"_s, u"Au-dessus."_s);
-    progress->accept();
-    showAlert(&window, u"Second"_s, u"À sa place."_s);
-    QCoreApplication::processEvents();
-    const auto alerts = window.findChildren<QMessageBox *>();
-    ASSERT_EQ(alerts.size(), 2);
-    for (const QMessageBox *alert : alerts)
-        EXPECT_TRUE(alert->isVisible() && alert->windowHandle()->isExposed())
-            << alert->windowTitle().toStdString();
-    EXPECT_EQ(QApplication::activeModalWidget()->windowTitle(), u"Premier");
 }
 
 TEST(TextBox, KeepsATextToTheCharacter)
