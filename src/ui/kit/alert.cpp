@@ -8,6 +8,7 @@
 #include <QEvent>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QWindow>
 
 using namespace Qt::StringLiterals;
 
@@ -71,6 +72,8 @@ void openInFront(QDialog *dialog, QWidget *window)
         dialog->setParent(front, dialog->windowFlags());
         QObject::connect(front, &QDialog::finished, dialog, [dialog, window] {
             dialog->setParent(window, dialog->windowFlags());
+            // A window manager may take the same window, hidden and shown at once, for hidden.
+            dialog->windowHandle()->destroy();
             openInFront(dialog, window);
         });
     }
