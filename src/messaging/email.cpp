@@ -47,10 +47,9 @@ SendOutcome mailOutcome(const ScriptOutcome &outcome, const QString &notCreated,
     return Refused{notAuthorised, error->message.value_or(QString()).trimmed()};
 }
 
-bool isAppleMailDefault(const Platform &platform)
+std::optional<QString> defaultMailApplicationBundleIdentifier(const Platform &platform)
 {
-    return platform.workspace.defaultApplication(QUrl(u"mailto:adresse@example.com"_s)) ==
-           appleMail;
+    return platform.workspace.defaultApplication(QUrl(u"mailto:adresse@example.com"_s));
 }
 
 Refusal unreachable(const ProspectStore &store, const Prospect &prospect)
@@ -66,19 +65,6 @@ Refusal unreachable(const ProspectStore &store, const Prospect &prospect)
     return {};
 }
 
-Refusal openMailProgram(const Platform &platform, const QString &address, const EmailTemplate &text)
-{
-    // Mail programs agree on one line end in a URL: CRLF.
-    const QString lines = linesOf(text.body).join(u"\r\n"_s);
-    const QueryItem items[] = {{u"subject"_s, text.subject}, {u"body"_s, lines}};
-    const QUrl url = composeUrl(u"mailto"_s, address, items);
-    if (!url.isValid())
-        return notPrepared;
-    if (!platform.workspace.openUrl(url))
-        return notOpened;
-    return {};
-}
-
 Refusal showDraft(const Platform &platform, const MailDraft &draft)
 {
     const ScriptOutcome outcome = platform.scripts.run(mailScript(draft, MailDelivery::Draft));
@@ -91,7 +77,7 @@ Refusal showDraft(const Platform &platform, const MailDraft &draft)
 Refusal composeWithFile(const Platform &platform, const QString &address, const EmailTemplate &text,
                         const QUrl &file)
 {
-    if (isAppleMailDefault(platform))
+    if (defaultMailApplicationBundleIdentifier(platform) == appleMail)
         return showDraft(platform, {address, text.subject, text.body, file.toLocalFile()});
     ComposeService *email = platform.sharing.composeEmail();
     if (!email)
@@ -103,7 +89,23 @@ Refusal composeWithFile(const Platform &platform, const QString &address, const 
     return {};
 }
 
-QCoro::Task<SendOutcome> sendThroughMail(const Platform &platform, MailDraft draft)
+Refusal openEmail(const Platform &platform, const QString &address, const EmailTemplate &text,
+                  const std::optional<QUrl> &attachment)
+{
+    if (attachment)
+        return composeWithFile(platform, address, text, *attachment);
+    // Mail programs agree on one line end in a URL: CRLF.
+    const QString lines = linesOf(text.body).join(u"\r\n"_s);
+    const QueryItem items[] = {{u"subject"_s, text.subject}, {u"body"_s, lines}};
+    const QUrl url = composeUrl(u"mailto"_s, address, items);
+    if (!url.isValid())
+        return notPrepared;
+    if (!platform.workspace.openUrl(url))
+        return notOpened;
+    return {};
+}
+
+QCoro::Task<SendOutcome> performAppleMail(const Platform &platform, MailDraft draft)
 {
     SystemLog &log = platform.log; // the services outlive whoever sends
     const QString source = mailScript(draft, MailDelivery::Immediate);
@@ -118,10 +120,8 @@ Refusal ProspectStore::prepareEmail(const Prospect &prospect)
 {
     if (Refusal refusal = unreachable(*this, prospect))
         return refusal;
-    const EmailTemplate message = assignedEmailTemplate(prospect);
-    if (const std::optional<QUrl> file = attachmentURL(prospect))
-        return composeWithFile(m_state->platform, *prospect.email, message, *file);
-    return openMailProgram(m_state->platform, *prospect.email, message);
+    return openEmail(m_state->platform, *prospect.email, assignedEmailTemplate(prospect),
+                     attachmentURL(prospect));
 }
 
 QCoro::Task<SendOutcome> ProspectStore::sendEmailAutomatically(Prospect prospect, HandOverGate gate)
@@ -132,7 +132,7 @@ QCoro::Task<SendOutcome> ProspectStore::sendEmailAutomatically(Prospect prospect
         co_return Refused{};
     if (Refusal refusal = unreachable(*this, prospect))
         co_return Refused{refusal};
-    if (!isAppleMailDefault(m_state->platform))
+    if (defaultMailApplicationBundleIdentifier(m_state->platform) != appleMail)
         co_return Refused{appleMailNeeded, QString()};
     const std::optional<QUrl> file = attachmentURL(prospect);
     const EmailTemplate assigned = assignedEmailTemplate(prospect);
@@ -144,7 +144,7 @@ QCoro::Task<SendOutcome> ProspectStore::sendEmailAutomatically(Prospect prospect
     if (file)
         draft.attachmentPath = message.attachmentPath;
     const TaskScope::Lease lease = m_state->tasks.lease();
-    const QCoro::Task<SendOutcome> sending = sendThroughMail(m_state->platform, draft);
+    const QCoro::Task<SendOutcome> sending = performAppleMail(m_state->platform, draft);
     const SendOutcome outcome = co_await sending;
     if (lease.isAbandoned())
         co_return Abandoned{};

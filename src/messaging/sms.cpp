@@ -61,8 +61,8 @@ Refusal unreachable(const ProspectStore &store, const Prospect &prospect)
     return {};
 }
 
-Refusal openMessages(const Platform &platform, const QString &phone, const QString &body,
-                     const std::optional<QUrl> &attachment)
+Refusal openSMS(const Platform &platform, const QString &phone, const QString &body,
+                const std::optional<QUrl> &attachment)
 {
     platform.pasteboard.setText(body);
     const QString handle = messagingHandle(phone);
@@ -85,8 +85,8 @@ Refusal openMessages(const Platform &platform, const QString &phone, const QStri
     return {};
 }
 
-QCoro::Task<> waitForInterval(std::chrono::nanoseconds remainder, Clock &clock,
-                              std::stop_token stop)
+QCoro::Task<> waitForAutomaticSMSInterval(std::chrono::nanoseconds remainder, Clock &clock,
+                                          std::stop_token stop)
 {
     if (remainder == std::chrono::nanoseconds::zero())
         co_return;
@@ -94,8 +94,9 @@ QCoro::Task<> waitForInterval(std::chrono::nanoseconds remainder, Clock &clock,
     co_await sleep;
 }
 
-QCoro::Task<SendOutcome> sendThroughMessages(const Platform &platform, QString phone, QString body,
-                                             std::optional<QUrl> attachment)
+QCoro::Task<SendOutcome> sendSMSDirectlyThroughMessages(const Platform &platform, QString phone,
+                                                        QString body,
+                                                        std::optional<QUrl> attachment)
 {
     const std::optional<QString> path =
         attachment ? std::optional(attachment->toLocalFile()) : std::nullopt;
@@ -125,11 +126,11 @@ QCoro::Task<SendOutcome> handOver(const StoreState &state, Prospect contact, boo
     if (Refusal refusal = gate ? gate(message) : std::nullopt)
         co_return Refused{refusal};
     const QCoro::Task<SendOutcome> sending =
-        sendThroughMessages(state.platform, message.recipient, message.body, file);
+        sendSMSDirectlyThroughMessages(state.platform, message.recipient, message.body, file);
     co_return co_await sending;
 }
 
-void putWindowsAway(Workspace &workspace)
+void finishAutomaticSMSWindowCleanup(Workspace &workspace)
 {
     for (const QString &identifier : {u"com.apple.MobileSMS"_s, u"com.apple.iChat"_s})
         workspace.hideApplications(identifier);
@@ -144,8 +145,8 @@ Refusal ProspectStore::prepareSMS(const Prospect &prospect, bool freeProEnabled)
         return refusal;
     if (Refusal refusal = smsQuotaError(prospect, freeProEnabled))
         return refusal;
-    return openMessages(m_state->platform, prospect.phone, assignedMessage(prospect).body,
-                        attachmentURL(prospect));
+    return openSMS(m_state->platform, prospect.phone, assignedMessage(prospect).body,
+                   attachmentURL(prospect));
 }
 
 Refusal ProspectStore::prepareTestSMS(const QString &phone, const QString &messageID)
@@ -158,7 +159,7 @@ Refusal ProspectStore::prepareTestSMS(const QString &phone, const QString &messa
         return noTemplate;
     const QString body = found->body;
     setTestNumber(phone);
-    return openMessages(m_state->platform, phone, body, {});
+    return openSMS(m_state->platform, phone, body, {});
 }
 
 QCoro::Task<SendOutcome> ProspectStore::sendSMSAutomatically(Prospect prospect, bool freeProEnabled,
@@ -172,7 +173,7 @@ QCoro::Task<SendOutcome> ProspectStore::sendSMSAutomatically(Prospect prospect, 
     m_state->automaticSMSBusy = true;
     const TaskScope::Lease lease = m_state->tasks.lease();
     const QCoro::Task<> interval =
-        waitForInterval(automaticSMSWait(), m_state->platform.clock, stop);
+        waitForAutomaticSMSInterval(automaticSMSWait(), m_state->platform.clock, stop);
     co_await interval;
     if (lease.isAbandoned())
         co_return Abandoned{};
@@ -186,7 +187,7 @@ QCoro::Task<SendOutcome> ProspectStore::sendSMSAutomatically(Prospect prospect, 
     if (lease.isAbandoned())
         co_return Abandoned{};
     if (std::holds_alternative<Sent>(outcome)) {
-        putWindowsAway(m_state->platform.workspace);
+        finishAutomaticSMSWindowCleanup(m_state->platform.workspace);
         m_state->lastAutomaticSMSSentAt = m_state->platform.clock.now();
     }
     m_state->automaticSMSBusy = false;

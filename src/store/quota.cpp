@@ -70,7 +70,7 @@ void ProspectStore::recordSMSRecipientUsage(const Prospect &prospect, Instant da
     m_state->publish(Collection::smsMonthlyRecipientsByMonth);
 }
 
-void StoreState::countHistoryInMonths()
+void StoreState::mergeExistingSMSHistoryIntoMonthlyRecipients()
 {
     std::map<QString, std::vector<QString>> months;
     for (const Prospect &prospect : mergedList()) {

@@ -53,7 +53,7 @@ ProspectStore::ProspectStore(const Platform &platform, QObject *parent)
     m_state->completeDepartments();
     m_state->seedStatus();
     if (m_state->smsMonthlyRecipientsByMonth.empty())
-        m_state->countHistoryInMonths();
+        m_state->mergeExistingSMSHistoryIntoMonthlyRecipients();
     const auto differing = *std::exchange(m_state->gathered, std::nullopt);
     m_state->isReady = true;
     for (const auto &[collection, ids] : differing.collections) {

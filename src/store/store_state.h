@@ -54,7 +54,7 @@ struct StoreState {
     void setEmailStatus(const QString &id, std::optional<EmailSendStatus> status);
     void stopWithTwins(const QString &id);
     [[nodiscard]] QString monthKey(Instant date) const;
-    void countHistoryInMonths();
+    void mergeExistingSMSHistoryIntoMonthlyRecipients();
 
     // The selections.
     IdSet &selection(Channel channel);

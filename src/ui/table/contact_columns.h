@@ -39,7 +39,13 @@ struct SortColumn {
 
     constexpr SortColumn(Kind which, Channel on = {}) : kind(which), channel(on) {}
     bool operator==(const SortColumn &) const = default;
+
+    static const SortColumn emailSelection, emailSent, emailMessage;
 };
+
+inline constexpr SortColumn SortColumn::emailSelection{selection, Channel::email};
+inline constexpr SortColumn SortColumn::emailSent{sent, Channel::email};
+inline constexpr SortColumn SortColumn::emailMessage{message, Channel::email};
 
 /// What two contacts are compared by in one column: false before true, texts in dictionary order,
 /// earlier before later.

@@ -88,7 +88,7 @@ TEST_F(TableView, SpaceAndClicksUseTheCell)
     EXPECT_TRUE(store().isStopped(alix()));
     click(at(alix(), SortColumn::stopped));
     EXPECT_FALSE(store().isStopped(alix()));
-    click(at(chloe(), SortColumn(SortColumn::selection, Channel::email)));
+    click(at(chloe(), SortColumn::emailSelection));
     EXPECT_TRUE(store().emailSendSelection().empty());
 
     QSignalSpy actions(&view, &ContactTableView::actionRequested);
