@@ -244,6 +244,7 @@ class Journey(unittest.TestCase):
         program.press("Fermer")
         program.until_front("Quenoria")
         key("ctrl+t")
+        program.until_front("Tester un message")  # the window beside it has such a picker, too
         click(program.find("1er envoi"))
         key("End", "Return")
         program.find("Portes ouvertes")
