@@ -1,7 +1,12 @@
 #pragma once
 
-#include <QCollator>
+#include <QLocale>
 #include <QString>
+
+#include <memory>
+#include <string>
+
+struct UCollator;
 
 namespace quenoria {
 
@@ -9,11 +14,31 @@ namespace quenoria {
 /// since the C locale knows neither accents nor numbers inside names.
 [[nodiscard]] QLocale displayLocale();
 
-/// The order of a file browser: letters without regard to case, digits compared by their value,
-/// so that "CLIENT 2" comes before "CLIENT 10".
-[[nodiscard]] const QCollator &finderOrder();
+/// An order of texts without regard to case, as a locale has it. Any number of threads may use it.
+class TextOrder {
+public:
+    enum class Digits { asCharacters, byValue };
 
-/// Dictionary order of the locale without regard to case; digits are ordinary characters.
-[[nodiscard]] const QCollator &dictionaryOrder();
+    TextOrder(const QLocale &locale, Digits digits);
+
+    int compare(QStringView a, QStringView b) const; ///< below, above or 0
+    bool operator()(QStringView a, QStringView b) const { return compare(a, b) < 0; }
+
+    /// Appends bytes that compare as the text does; none of them is 0.
+    void appendKey(std::string &out, QStringView text) const;
+
+private:
+    struct Close {
+        void operator()(UCollator *collator) const;
+    };
+    std::unique_ptr<UCollator, Close> m_collator;
+};
+
+/// The order of a file browser: digits compared by their value, so that "CLIENT 2" comes before
+/// "CLIENT 10".
+[[nodiscard]] const TextOrder &finderOrder();
+
+/// Dictionary order; digits are ordinary characters.
+[[nodiscard]] const TextOrder &dictionaryOrder();
 
 } // namespace quenoria

@@ -56,4 +56,22 @@ TEST(TextOrder, ReadsNumbersInNamesOnlyLikeAFileBrowser)
     EXPECT_EQ(dictionaryOrder().compare(u"ÉCOLE"_s, u"école"_s), 0);
 }
 
+TEST(TextOrder, HasKeysThatCompareAsTheTexts)
+{
+    const QStringList texts{{},        u"école"_s,        u"ÉCOLE"_s, u"e"_s,
+                            u"é"_s,    u"client 2"_s,     u"Œuf"_s,   u"CLIENT 10"_s,
+                            u"日本"_s, QString(500, u'é')};
+    for (const TextOrder *order : {&finderOrder(), &dictionaryOrder()}) {
+        for (const QString &a : texts) {
+            for (const QString &b : texts) {
+                std::string keys;
+                order->appendKey(keys, a);
+                const std::string key = std::exchange(keys, {});
+                order->appendKey(keys, b);
+                EXPECT_EQ(key < keys, order->compare(a, b) < 0) << qPrintable(a + u" / "_s + b);
+            }
+        }
+    }
+}
+
 } // namespace

@@ -7,6 +7,7 @@
 #include <QCoroFuture>
 
 #include <algorithm>
+#include <functional>
 
 using namespace Qt::StringLiterals;
 
@@ -95,7 +96,7 @@ QStringList BatchQueue::selectedIDs() const
             !m_desk.isUnderWay(m_channel.channel, prospect.id))
             selected.push_back(&prospect);
     }
-    std::ranges::stable_sort(selected, finderOrder(), &Prospect::label);
+    std::ranges::stable_sort(selected, std::ref(finderOrder()), &Prospect::label);
     QStringList ids;
     for (const Prospect *prospect : selected)
         ids << prospect->id;

@@ -1,6 +1,7 @@
 #include "ui/table/contact_list.h"
 
 #include "model/text_order.h"
+#include "ui/table/search_texts.h"
 
 #include <algorithm>
 #include <numeric>
@@ -15,13 +16,14 @@ constexpr std::size_t nowhere = std::size_t(-1);
 
 ContactList::ContactList(ProspectStore &store, TableState &state) : m_store(store), m_state(state)
 {
-    rebuild();
+    takeAll();
+    orderAnew();
 }
 
 int ContactList::rowOf(const QString &id) const
 {
-    const auto found = m_entriesById.constFind(id);
-    return found == m_entriesById.cend() ? none : rowOfEntry(*found);
+    const QList<std::uint32_t> entries = entriesOf(id);
+    return entries.isEmpty() ? none : rowOfEntry(entries.first());
 }
 
 int ContactList::rowOfEntry(std::uint32_t entry) const
@@ -42,10 +44,6 @@ void ContactList::setSearchText(const QString &text)
 {
     m_searchText = text;
     m_needle = text.trimmed().isEmpty() ? std::nullopt : std::optional(foldedForSearch(text));
-    if (m_needle) {
-        for (std::size_t entry = 0; entry < m_entries.size(); ++entry) // as their records lie
-            readTexts(entry);
-    }
     settle();
     find();
 }
@@ -65,41 +63,37 @@ void ContactList::sort(SortColumn column, Qt::SortOrder order)
     const bool sameKeys = column == m_sortColumn;
     m_sortColumn = column;
     m_sortOrder = order;
-    if (!sameKeys) {
-        for (Entry &entry : m_entries)
-            entry.key = orderKey(entry.contact);
-    }
+    if (!sameKeys)
+        m_keys.setAll(m_entries.size(), sortValueOf());
     arrange();
 }
 
 QSet<QString> ContactList::rebuild()
 {
     std::vector<QString> idsBefore;
+    idsBefore.reserve(m_entries.size());
     for (const Entry &entry : m_entries)
         idsBefore.push_back(entry.contact.id);
-    m_entries.clear();
-    m_texts.reset(m_store.allProspects().size());
-    const auto before = std::exchange(m_entriesById, {});
-    m_sent.fill(0);
-    m_entries.reserve(m_store.allProspects().size());
-    for (const Prospect &contact : m_store.allProspects()) {
-        m_entriesById.insert(contact.id, std::uint32_t(m_entries.size()));
-        tally(m_entries.emplace_back(fresh(contact)), 1);
-    }
-    filterAnew();
+    takeAll();
     if (keepOrder(idsBefore)) {
         m_isDisplaced = true;
         return {};
     }
-    m_order.resize(m_entries.size());
-    std::iota(m_order.begin(), m_order.end(), 0U);
-    arrange();
+    orderAnew();
+    const QSet<QString> before(idsBefore.begin(), idsBefore.end());
     QSet<QString> came;
     for (const Entry &entry : m_entries) {
         if (!before.contains(entry.contact.id))
             came.insert(entry.contact.id);
     }
     return came;
+}
+
+void ContactList::orderAnew()
+{
+    m_order.resize(m_entries.size());
+    std::iota(m_order.begin(), m_order.end(), 0U);
+    arrange();
 }
 
 /// Leaves the rows as they were but for those of contacts that went; false when others came.
@@ -122,94 +116,23 @@ bool ContactList::keepOrder(const std::vector<QString> &idsBefore)
     return true;
 }
 
-int ContactList::reload(std::uint32_t entry)
-{
-    take(entry);
-    return rowOfEntry(entry);
-}
-
-void ContactList::reloadEach(const IdSet &ids)
-{
-    for (const QString &id : ids) {
-        for (const std::uint32_t entry : entriesOf(id))
-            take(entry);
-    }
-    if (ids.size() > m_entries.size() / 4) // texts set anew leave their old ones behind
-        m_texts.reset(m_entries.size());
-}
-
-void ContactList::take(std::uint32_t entry)
-{
-    Entry &kept = m_entries[entry];
-    const std::vector<Prospect> &all = m_store.allProspects();
-    const bool isThere = entry < all.size() && all[entry].id == kept.contact.id;
-    tally(kept, -1);
-    kept = fresh(Prospect(isThere ? all[entry] : kept.contact));
-    m_texts.forget(entry);
-    m_accepted[entry] = Accepted::unknown;
-    tally(kept, 1);
-    m_displaced.insert(entry);
-}
-
-ContactList::Entry ContactList::fresh(const Prospect &contact) const
-{
-    std::array<bool, allChannels.size()> sent{};
-    for (const Channel channel : allChannels)
-        sent[std::size_t(channel)] = m_store.isMarkedSent(channel, contact);
-    return {.contact = contact,
-            .key = orderKey(contact),
-            .sent = sent,
-            .filteredBy = FilteredBy::of({m_store, m_state, contact})};
-}
-
-void ContactList::tally(const Entry &entry, int by)
-{
-    for (std::size_t channel = 0; channel < m_sent.size(); ++channel)
-        m_sent[channel] += entry.sent[channel] ? by : 0;
-}
-
-ContactList::OrderKey ContactList::orderKey(const Prospect &contact) const
-{
-    const auto &column = contactColumns()[std::size_t(columnOf(m_sortColumn))];
-    const SortValue value = sortValue(column, {m_store, m_state, contact});
-    if (const auto *text = std::get_if<QString>(&value))
-        return dictionaryOrder().sortKey(*text);
-    if (const auto *flag = std::get_if<bool>(&value))
-        return *flag;
-    return std::get<Instant>(value);
-}
-
-void ContactList::readTexts(std::size_t entry) const
-{
-    if (m_texts.has(entry))
-        return;
-    const Cell cell{m_store, m_state, m_entries[entry].contact};
-    m_read.resize(0);
-    for (const ContactColumn &column : contactColumns()) {
-        if (column.searched)
-            m_read += column.searched(cell) + textSeparator;
-    }
-    m_texts.set(entry, m_read);
-}
-
 /// A total order: what is equal in every respect stays in the store's order.
 bool ContactList::precedes(std::uint32_t a, std::uint32_t b) const
 {
-    const Entry &left = m_entries[a];
-    const Entry &right = m_entries[b];
-    if (left.key < right.key)
-        return m_sortOrder == Qt::AscendingOrder;
-    if (right.key < left.key)
-        return m_sortOrder == Qt::DescendingOrder;
-    const int byLabel = labelKey(left).compare(labelKey(right));
+    if (const int byKey = m_keys.compare(a, b); byKey != 0)
+        return (byKey < 0) == (m_sortOrder == Qt::AscendingOrder);
+    needLabel(a);
+    needLabel(b);
+    const int byLabel = m_labels.at(a).compare(m_labels.at(b));
     return byLabel == 0 ? a < b : byLabel < 0;
 }
 
-const QCollatorSortKey &ContactList::labelKey(const Entry &entry)
+void ContactList::needLabel(std::uint32_t entry) const
 {
-    if (!entry.label)
-        entry.label = finderOrder().sortKey(entry.contact.label);
-    return *entry.label;
+    if (!m_labels.has(entry))
+        m_labels.set(entry, [this](std::string &out, std::size_t of) {
+            finderOrder().appendKey(out, m_entries[of].contact.label);
+        });
 }
 
 bool ContactList::isAccepted(std::size_t entry) const
@@ -229,8 +152,7 @@ bool ContactList::matches(std::size_t entry) const
         return false;
     if (!m_needle)
         return true;
-    readTexts(entry);
-    return m_texts.contains(entry, *m_needle);
+    return m_texts.at(entry).find(*m_needle) != std::string_view::npos;
 }
 
 std::size_t ContactList::placeOf(const Order &order, std::uint32_t entry)
@@ -254,7 +176,19 @@ void ContactList::settle()
 
 void ContactList::arrange()
 {
-    std::ranges::sort(m_order, [this](std::uint32_t a, std::uint32_t b) { return precedes(a, b); });
+    struct Place {
+        quint64 head;
+        std::uint32_t entry;
+    };
+    std::vector<Place> places; // the heads beside each other, which nearly always decide
+    places.reserve(m_order.size());
+    for (const std::uint32_t entry : m_order)
+        places.push_back({m_keys.head(entry), entry});
+    const bool ascends = m_sortOrder == Qt::AscendingOrder;
+    std::ranges::sort(places, [this, ascends](const Place &a, const Place &b) {
+        return a.head == b.head ? precedes(a.entry, b.entry) : (a.head < b.head) == ascends;
+    });
+    std::ranges::transform(places, m_order.begin(), &Place::entry);
     m_displaced.clear();
     m_isDisplaced = false;
     find();
@@ -262,6 +196,8 @@ void ContactList::arrange()
 
 void ContactList::find()
 {
+    if (m_needle)
+        m_texts.complete(searchedTextOf());
     m_shown.clear();
     std::ranges::copy_if(m_order, std::back_inserter(m_shown),
                          [this](std::uint32_t entry) { return matches(entry); });

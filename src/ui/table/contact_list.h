@@ -1,9 +1,9 @@
 #pragma once
 
+#include "model/key_index.h"
 #include "ui/table/contact_filter.h"
-#include "ui/table/search_texts.h"
+#include "ui/table/sort_keys.h"
 
-#include <QCollator>
 #include <QHash>
 #include <QSet>
 
@@ -64,26 +64,26 @@ public:
     /// that shows it, or none.
     int reload(std::uint32_t entry);
     void reloadEach(const IdSet &ids); ///< of many contacts
-    QList<std::uint32_t> entriesOf(const QString &id) const { return m_entriesById.values(id); }
+    QList<std::uint32_t> entriesOf(const QString &id) const;
 
 private:
-    using OrderKey = std::variant<bool, Instant, QCollatorSortKey>;
     using Order = std::vector<std::uint32_t>;
 
     struct Entry {
         Prospect contact;
-        OrderKey key;
         std::array<bool, allChannels.size()> sent; ///< by channel
         FilteredBy filteredBy;
-        mutable std::optional<QCollatorSortKey> label = {}; ///< made once a comparison needs it
     };
 
+    void takeAll();
+    void indexIds();
+    void orderAnew();
     void take(std::uint32_t entry);
-    Entry fresh(const Prospect &contact) const;
+    void readRecords(Entry &entry) const;
     void tally(const Entry &entry, int by);
-    OrderKey orderKey(const Prospect &contact) const;
-    static const QCollatorSortKey &labelKey(const Entry &entry);
-    void readTexts(std::size_t entry) const;
+    SortKeys::ValueOf sortValueOf() const;
+    TextBuffer::Append searchedTextOf() const;
+    void needLabel(std::uint32_t entry) const;
     bool precedes(std::uint32_t a, std::uint32_t b) const;
     bool isAccepted(std::size_t entry) const;
     bool matches(std::size_t entry) const;
@@ -95,19 +95,21 @@ private:
 
     ProspectStore &m_store;
     TableState &m_state;
-    std::vector<Entry> m_entries; ///< in the store's order
-    QMultiHash<QString, std::uint32_t> m_entriesById;
-    Order m_order;                       ///< every entry, sorted
-    Order m_shown;                       ///< those that the search found, in that order
-    std::set<std::uint32_t> m_displaced; ///< entries that would sort elsewhere by now
-    bool m_isDisplaced = false;          ///< any entry might
+    std::vector<Entry> m_entries;                    ///< in the store's order
+    KeyIndex m_firstById;                            ///< of these entries
+    QMultiHash<QString, std::uint32_t> m_othersById; ///< of an older folder, which shares ids
+    Order m_order;                                   ///< every entry, sorted
+    Order m_shown;                                   ///< those that the search found, in that order
+    std::set<std::uint32_t> m_displaced;             ///< entries that would sort elsewhere by now
+    bool m_isDisplaced = false;                      ///< any entry might
     QString m_searchText;
     std::optional<std::string> m_needle; ///< folded; none when nothing is looked for
     ContactFilter m_filter;
     enum class Accepted : char { unknown, no, yes };
     mutable std::vector<Accepted> m_accepted; ///< by the filter, asked once of each entry
-    mutable SearchTexts m_texts;              ///< read once a search looks for them
-    mutable QString m_read;                   ///< the text being read, which keeps its room
+    mutable TextBuffer m_texts;               ///< folded, read once a search looks for them
+    SortKeys m_keys;
+    mutable TextBuffer m_labels; ///< keys of the names, each made once a comparison needs it
     SortColumn m_sortColumn = SortColumn::name;
     Qt::SortOrder m_sortOrder = Qt::AscendingOrder;
     std::array<int, allChannels.size()> m_sent{}; ///< contacts, by channel

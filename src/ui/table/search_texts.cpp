@@ -9,7 +9,6 @@ namespace quenoria {
 
 namespace {
 
-constexpr std::size_t usualTextLength = 128;
 constexpr char separatorByte = '\xFF'; // in no UTF-8
 
 /// Whether the locale lowers every letter of Latin-1 as Unicode's own table does.
@@ -61,7 +60,9 @@ std::string foldedByLocale(const QString &text, const QLocale &locale)
     return folded;
 }
 
-/// Appends the folded text; a general way would take most of the time of the first letter.
+} // namespace
+
+/// A general way would take most of the time of the first letter.
 void appendFolded(std::string &out, const QString &text)
 {
     static const QLocale locale = displayLocale();
@@ -76,34 +77,11 @@ void appendFolded(std::string &out, const QString &text)
     }
 }
 
-} // namespace
-
 std::string foldedForSearch(const QString &text)
 {
     std::string folded;
     appendFolded(folded, text);
     return folded;
-}
-
-void SearchTexts::reset(std::size_t contacts)
-{
-    m_parts.assign(contacts, {});
-    m_buffer.clear();
-}
-
-void SearchTexts::set(std::size_t contact, const QString &text)
-{
-    if (m_buffer.empty())
-        m_buffer.reserve(m_parts.size() * usualTextLength);
-    const std::size_t start = m_buffer.size();
-    appendFolded(m_buffer, text);
-    m_parts[contact] = {start, quint32(m_buffer.size() - start)};
-}
-
-bool SearchTexts::contains(std::size_t contact, std::string_view folded) const
-{
-    const auto &[start, size] = m_parts[contact];
-    return std::string_view(m_buffer).substr(start, size).find(folded) != std::string_view::npos;
 }
 
 } // namespace quenoria

@@ -242,4 +242,42 @@ TEST_F(DisplayList, CountsTheMarkedContactsWhetherFoundOrNot)
               0);
 }
 
+/// So many are shared among the cores.
+TEST_F(DisplayList, OrdersAndSearchesManyAsItDoesAFew)
+{
+    constexpr int many = 9'000;
+    QStringList names;
+    std::vector<Prospect> contacts;
+    for (int each = 0; each < many; ++each) {
+        names << u"NOM %1"_s.arg((each * 7919) % many, 5, 10, QChar(u'0'));
+        contacts.push_back({QString::number(each),
+                            names.back(),
+                            u"063998%1"_s.arg(each, 4, 10, QChar(u'0')),
+                            {},
+                            {},
+                            true,
+                            {}});
+    }
+    std::string file;
+    appendJson(file, contacts, 0);
+    desktop.writeFile(u"nouveaux-numeros.json"_s, QByteArray::fromStdString(file));
+    const auto all = [this] {
+        QStringList labels;
+        for (int row = 0; row < model().rowCount(); ++row)
+            labels << model().contacts().at(row).label;
+        return labels;
+    };
+    model().setSearchText(u"nom 0"_s);
+    names.sort();
+    EXPECT_EQ(all(), names);
+    model().sort(columnOf(SortColumn::name), Qt::DescendingOrder);
+    std::ranges::reverse(names);
+    EXPECT_EQ(all(), names);
+    const Prospect last = model().contacts().at(many - 1);
+    ASSERT_FALSE(store().update(last, {u"zoé"_s, {}, last.phone, {}, u"29"_s, {}}));
+    settle();
+    model().setSearchText({});
+    EXPECT_TRUE(all().first().startsWith(u"ZOÉ"_s)) << "whose key begins as no other";
+}
+
 } // namespace
