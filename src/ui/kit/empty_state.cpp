@@ -5,18 +5,20 @@
 
 #include <QVBoxLayout>
 
+#include <utility>
+
 namespace quenoria {
 
 namespace {
 
-constexpr int columns = 2; ///< of buttons
+constexpr int mostInLine = 2; ///< of the buttons
 
 } // namespace
 
 EmptyState::EmptyState(const QString &symbolName, const QString &title, const QString &description,
                        QWidget *parent)
     : QWidget(parent), m_description(makeLabel(description, TextStyle::body, Tint::secondary)),
-      m_buttons(new QGridLayout)
+      m_buttonGrid(new QGridLayout)
 {
     auto *column = new QVBoxLayout(this);
     column->setSpacing(8);
@@ -28,7 +30,7 @@ EmptyState::EmptyState(const QString &symbolName, const QString &title, const QS
     }
     auto *row = new QHBoxLayout;
     row->addStretch();
-    row->addLayout(m_buttons);
+    row->addLayout(m_buttonGrid);
     row->addStretch();
     column->addLayout(row);
     column->addStretch();
@@ -38,8 +40,40 @@ void EmptyState::setDescription(const QString &description) { m_description->set
 
 void EmptyState::addButton(QWidget *button)
 {
-    const int others = m_buttons->count();
-    m_buttons->addWidget(button, others / columns, others % columns);
+    m_buttons << button;
+    m_columns = 0;
+    placeButtons();
+}
+
+QSize EmptyState::minimumSizeHint() const
+{
+    const QMargins margins = layout()->contentsMargins();
+    return {widestButton() + margins.left() + margins.right(), layout()->minimumSize().height()};
+}
+
+void EmptyState::resizeEvent(QResizeEvent *event)
+{
+    placeButtons();
+    QWidget::resizeEvent(event);
+}
+
+int EmptyState::widestButton() const
+{
+    int widest = 0;
+    for (const QWidget *button : m_buttons)
+        widest = qMax(widest, button->sizeHint().width());
+    return widest;
+}
+
+void EmptyState::placeButtons()
+{
+    const int room = layout()->contentsRect().width() + m_buttonGrid->horizontalSpacing();
+    const int each = widestButton() + m_buttonGrid->horizontalSpacing();
+    const int columns = qBound(1, room / each, mostInLine);
+    if (std::exchange(m_columns, columns) == columns)
+        return;
+    for (int place = 0; place < m_buttons.size(); ++place)
+        m_buttonGrid->addWidget(m_buttons[place], place / columns, place % columns);
 }
 
 } // namespace quenoria

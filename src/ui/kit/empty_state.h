@@ -18,11 +18,21 @@ public:
                QWidget *parent = nullptr);
 
     void setDescription(const QString &description);
-    void addButton(QWidget *button); ///< under the texts, two in a line
+    void addButton(QWidget *button); ///< under the texts, two in a line if there is room
+
+    QSize minimumSizeHint() const override;
+
+protected:
+    void resizeEvent(QResizeEvent *event) override;
 
 private:
+    void placeButtons();
+    int widestButton() const;
+
     TextLabel *m_description;
-    QGridLayout *m_buttons;
+    QGridLayout *m_buttonGrid;
+    QList<QWidget *> m_buttons;
+    int m_columns = 0; ///< in which they stand
 };
 
 } // namespace quenoria

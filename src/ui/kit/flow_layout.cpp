@@ -4,8 +4,20 @@
 #include <QWidget>
 
 #include <algorithm>
+#include <utility>
 
 namespace quenoria {
+
+namespace {
+
+/// Also of a widget that is hidden, for which an item asks for nothing.
+QSize wanted(QLayoutItem &item)
+{
+    const QWidget *widget = item.isEmpty() ? item.widget() : nullptr;
+    return widget ? widget->sizeHint().expandedTo(widget->minimumSize()) : item.sizeHint();
+}
+
+} // namespace
 
 FlowLayout::FlowLayout(int gap, QWidget *parent) : QLayout(parent)
 {
@@ -31,22 +43,35 @@ QLayoutItem *FlowLayout::takeAt(int index)
     return taken;
 }
 
-int FlowLayout::tallest() const
+void FlowLayout::fold(bool folded)
+{
+    if (std::exchange(m_isFolded, folded) == folded)
+        return;
+    for (QWidget *widget : m_foldable)
+        widget->setHidden(folded);
+}
+
+int FlowLayout::tallest(bool folded) const
 {
     int height = 0;
     for (const auto &item : m_items)
-        height = qMax(height, item->sizeHint().height());
+        height = qMax(height, takesRoom(*item, folded) ? wanted(*item).height() : 0);
     return height;
 }
 
-QList<FlowLayout::Line> FlowLayout::linesWithin(int width) const
+bool FlowLayout::takesRoom(QLayoutItem &item, bool folded) const
+{
+    return m_foldable.contains(item.widget()) ? !folded : !item.isEmpty();
+}
+
+QList<FlowLayout::Line> FlowLayout::linesWithin(int width, bool folded) const
 {
     QList<Line> lines;
     int end = width;
     for (const auto &item : m_items) {
-        if (item->isEmpty())
+        if (!takesRoom(*item, folded))
             continue;
-        const int itemWidth = item->sizeHint().width();
+        const int itemWidth = wanted(*item).width();
         if (lines.isEmpty() || end + spacing() + itemWidth > width) {
             lines << Line();
             end = -spacing();
@@ -58,10 +83,10 @@ QList<FlowLayout::Line> FlowLayout::linesWithin(int width) const
 }
 
 // One height for all, so that buttons and checkboxes stand on one line.
-int FlowLayout::heightForWidth(int width) const
+int FlowLayout::heightForWidth(int width, bool folded) const
 {
-    const int lines = int(linesWithin(width).size());
-    return lines * (tallest() + lineGap) - lineGap;
+    const int lines = int(linesWithin(width, folded).size());
+    return lines * (tallest(folded) + lineGap) - lineGap;
 }
 
 QSize FlowLayout::minimumSize() const
@@ -75,10 +100,11 @@ QSize FlowLayout::minimumSize() const
 void FlowLayout::setGeometry(const QRect &rect)
 {
     QLayout::setGeometry(rect);
-    QRect line(rect.left(), rect.top(), rect.width(), tallest());
-    for (const Line &items : linesWithin(rect.width())) {
+    const int height = tallest(m_isFolded);
+    QRect line(rect.left(), rect.top(), rect.width(), height);
+    for (const Line &items : linesWithin(rect.width(), m_isFolded)) {
         placeLine(items, line);
-        line.translate(0, tallest() + lineGap);
+        line.translate(0, height + lineGap);
     }
 }
 

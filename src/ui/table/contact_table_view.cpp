@@ -3,6 +3,8 @@
 #include "ui/table/contact_header.h"
 #include "ui/table/contact_table_model.h"
 
+#include <QScrollBar>
+
 using namespace Qt::StringLiterals;
 
 namespace quenoria {
@@ -145,6 +147,13 @@ void ContactTableView::resetColumnWidths()
                        qMax(documentedWidth(column), horizontalHeader()->sectionSizeHint(column)));
     m_contactWidth.reset();
     fitContactColumn();
+}
+
+QSize ContactTableView::minimumSizeHint() const
+{
+    return {QTableView::minimumSizeHint().width(), horizontalHeader()->sizeHint().height() +
+                                                       verticalHeader()->defaultSectionSize() +
+                                                       horizontalScrollBar()->sizeHint().height()};
 }
 
 void ContactTableView::resizeEvent(QResizeEvent *event)

@@ -41,6 +41,7 @@ public:
     void setColumnWidths(const QString &widths);
     void resetColumnWidths();
 
+    QSize minimumSizeHint() const override; ///< that shows one row
     QModelIndex indexAt(const QPoint &point) const override;
     QRect visualRect(const QModelIndex &index) const override;
     void scrollTo(const QModelIndex &index, ScrollHint hint = EnsureVisible) override;

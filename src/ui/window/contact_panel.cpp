@@ -18,6 +18,7 @@ namespace {
 
 constexpr int leastWidth = 320;
 constexpr int widthInCharacters = 36;
+constexpr int leastLines = 2; ///< in sight under the title
 constexpr double mostOfScreen = 0.4;
 constexpr int margin = 16;
 constexpr int gap = 10;
@@ -91,6 +92,12 @@ void ContactPanel::showEvent(QShowEvent *event)
     const int usual = qMax(leastWidth, widthInCharacters * fontMetrics().averageCharWidth());
     setFixedWidth(qMin(usual, int(screenRoom(*this).width() * mostOfScreen)));
     QWidget::showEvent(event);
+}
+
+QSize ContactPanel::minimumSizeHint() const
+{
+    return {minimumWidth(),
+            m_title->heightForWidth(width()) + leastLines * fontMetrics().lineSpacing()};
 }
 
 void ContactPanel::follow(const QModelIndex &current)

@@ -33,6 +33,11 @@ public:
     /// Gives the keyboard to the first thing that can be used.
     void enter();
 
+    // With a height for its width, it would be given no less than it would like: the header, which
+    // cannot shrink, would lose what it lacks.
+    bool hasHeightForWidth() const override { return false; }
+    QSize minimumSizeHint() const override;
+
 Q_SIGNALS:
     void actionRequested(quenoria::RowAction action, const QString &contactId);
 

@@ -17,6 +17,7 @@
 #include "ui/window/row_actions.h"
 #include "ui/window/run_watch.h"
 #include "ui/window/table_pages.h"
+#include "ui/window/window_column.h"
 #include "ui/window/window_header.h"
 #include "ui/window/workbook_import.h"
 
@@ -55,7 +56,8 @@ ContentView::ContentView(SendDesk &desk, Switches &switches, const Platform &pla
       m_filters(new FilterBar(m_model, m_store, platform.clock)),
       m_ticks(new ManyTicks(m_model, this)), m_outcome(new OutcomeLine),
       m_panel(new ContactPanel(m_model)),
-      m_drop(new FileDrop(*m_table, m_store, m_model.undoList(), this)), m_column(new QVBoxLayout)
+      m_drop(new FileDrop(*m_table, m_store, m_model.undoList(), this)),
+      m_column(new WindowColumn(m_header))
 {
     build();
     m_commands.fillMenuBar(*menuBar());
@@ -75,18 +77,13 @@ void ContentView::build()
     setAcceptDrops(true);
     m_filters->hide();
     m_header->addFilters(m_filters);
-    m_column->setContentsMargins({});
-    m_column->setSpacing(0);
-    m_column->addWidget(m_header);
     auto *middle = new QHBoxLayout;
     middle->setSpacing(0);
     middle->addWidget(m_pages, 1);
     middle->addWidget(m_panel);
-    m_column->addLayout(middle, 1);
-    m_column->addWidget(m_outcome);
-    auto *centre = new QWidget;
-    centre->setLayout(m_column);
-    setCentralWidget(centre);
+    m_column->parts()->addLayout(middle, 1);
+    m_column->parts()->addWidget(m_outcome);
+    setCentralWidget(m_column);
     statusBar()->setSizeGripEnabled(false);
     statusBar()->hide();
 }
@@ -157,7 +154,7 @@ void ContentView::showBanner(const QString &text)
     banner->setAutoFillBackground(true);
     banner->setAlignment(Qt::AlignCenter);
     banner->setMargin(6);
-    m_column->insertWidget(0, banner);
+    m_column->parts()->insertWidget(0, banner);
 }
 
 void ContentView::changeEvent(QEvent *event)

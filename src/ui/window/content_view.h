@@ -7,8 +7,6 @@
 #include <QMainWindow>
 #include <QPointer>
 
-class QVBoxLayout;
-
 namespace quenoria {
 
 class BackupCommands;
@@ -26,6 +24,7 @@ class QueueSheet;
 class RowActions;
 class SendDesk;
 class TablePages;
+class WindowColumn;
 class WindowHeader;
 class WorkbookImport;
 
@@ -166,7 +165,7 @@ private:
     ContactPanel *m_panel;
     FileDrop *m_drop;
     QPointer<GuideWindow> m_guide;
-    QVBoxLayout *m_column;
+    WindowColumn *m_column;
     std::function<bool()> m_startDemonstration;
     int m_lastAct = 0; ///< on the table, that can be undone
 };

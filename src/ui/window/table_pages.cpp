@@ -2,18 +2,22 @@
 
 #include "ui/kit/button_role.h"
 #include "ui/kit/empty_state.h"
+#include "ui/kit/middle_area.h"
 #include "ui/kit/plain_text.h"
 #include "ui/table/contact_list.h"
 #include "ui/table/contact_table_view.h"
 #include "ui/window/action_button.h"
 
 #include <QPushButton>
+#include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
 
 namespace quenoria {
 
 namespace {
+
+enum Page { table, noContact, nothingFound }; ///< in the order in which they are added
 
 /// What hides the contacts, and what to do about it.
 QString whatHides(const QString &search, const QStringList &filter)
@@ -32,10 +36,21 @@ QString whatHides(const QString &search, const QStringList &filter)
                                                                       quoted.join(u", "_s));
 }
 
+/// Unseen, it asks for no room; seen with less than it needs, it scrolls.
+MiddleArea *withBars(EmptyState *state)
+{
+    auto *area = new MiddleArea;
+    area->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Ignored);
+    auto *only = new QVBoxLayout(area->widget());
+    only->setContentsMargins({});
+    only->addWidget(state);
+    return area;
+}
+
 } // namespace
 
-TablePages::TablePages(ContactTableView *table, const QList<QAction *> &firstSteps, QWidget *parent)
-    : QStackedWidget(parent), m_table(table),
+TablePages::TablePages(ContactTableView *view, const QList<QAction *> &firstSteps, QWidget *parent)
+    : QStackedWidget(parent),
       m_noContact(new EmptyState(
           u"tablecells.badge.ellipsis"_s, u"Aucun contact pour le moment"_s,
           u"Importez un classeur Excel (Ctrl+O), déposez-le dans cette fenêtre, ou ajoutez un "
@@ -53,21 +68,18 @@ TablePages::TablePages(ContactTableView *table, const QList<QAction *> &firstSte
     auto *all = new QPushButton(u"Tout afficher"_s);
     connect(all, &QPushButton::clicked, this, &TablePages::showAllRequested);
     m_nothingFound->addButton(all);
-    for (QWidget *empty : {m_noContact, m_nothingFound})
-        empty->setSizePolicy(QSizePolicy::Expanding,
-                             QSizePolicy::Ignored); // unseen, they take none
-    addWidget(m_table);
-    addWidget(m_noContact);
-    addWidget(m_nothingFound);
+    addWidget(view);
+    addWidget(withBars(m_noContact));
+    addWidget(withBars(m_nothingFound));
 }
 
 void TablePages::follow(const ContactList &contacts, const QStringList &filter)
 {
     m_nothingFound->setDescription(whatHides(contacts.searchText().trimmed(), filter));
     if (contacts.size() > 0)
-        setCurrentWidget(m_table);
+        setCurrentIndex(table);
     else
-        setCurrentWidget(contacts.total() == 0 ? m_noContact : m_nothingFound);
+        setCurrentIndex(contacts.total() == 0 ? noContact : nothingFound);
 }
 
 } // namespace quenoria

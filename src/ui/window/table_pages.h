@@ -16,7 +16,7 @@ class TablePages : public QStackedWidget {
 
 public:
     /// The first steps are what a window without contacts offers, the most likely one first.
-    TablePages(ContactTableView *table, const QList<QAction *> &firstSteps,
+    TablePages(ContactTableView *view, const QList<QAction *> &firstSteps,
                QWidget *parent = nullptr);
 
     /// The filter is given in words.
@@ -27,7 +27,6 @@ Q_SIGNALS:
     void showAllRequested();
 
 private:
-    QWidget *m_table;
     EmptyState *m_noContact;
     EmptyState *m_nothingFound;
 };

@@ -67,9 +67,11 @@ ActionButton *makeBadge(QAction *action)
     return badge;
 }
 
-QLayout *makeCommandRow(const CommandActions &actions)
+QWidget *makeCommandRow(const CommandActions &actions)
 {
-    auto *row = new QHBoxLayout;
+    auto *line = new QWidget;
+    auto *row = new QHBoxLayout(line);
+    row->setContentsMargins({});
     row->setSpacing(buttonGap);
     row->addWidget(new CommandBar(actions.buttons(ButtonPlace::commands)), 1);
     for (QAction *queue : actions.buttons(ButtonPlace::queues)) {
@@ -77,7 +79,7 @@ QLayout *makeCommandRow(const CommandActions &actions)
         makeProminent(button);
         row->addWidget(button);
     }
-    return row;
+    return line;
 }
 
 } // namespace
@@ -85,14 +87,35 @@ QLayout *makeCommandRow(const CommandActions &actions)
 WindowHeader::WindowHeader(const CommandActions &actions, QWidget *parent)
     : QWidget(parent), m_counts(makeLine({}, TextStyle::headline)),
       m_quota(makeLine({}, TextStyle::footnote)), m_search(new QLineEdit),
+      m_title(makeTitleLine(actions)), m_commands(makeCommandRow(actions)),
       m_searchRow(makeSwitchRow(actions))
 {
     auto *rows = new QVBoxLayout(this);
     rows->setContentsMargins(margin, outerGap, margin, outerGap);
     rows->setSpacing(rowGap);
-    rows->addWidget(makeTitleLine(actions));
-    rows->addLayout(makeCommandRow(actions));
+    rows->addWidget(m_title);
+    rows->addWidget(m_commands);
     rows->addLayout(m_searchRow);
+}
+
+int WindowHeader::need(int width, Fold fold) const
+{
+    const int title = fold < Fold::title ? m_title->sizeHint().height() + rowGap : 0;
+    const int commands = fold < Fold::commands ? m_commands->sizeHint().height() + rowGap : 0;
+    const int search = m_searchRow->heightForWidth(width - 2 * margin, fold >= Fold::switches);
+    return outerGap + title + commands + search + outerGap;
+}
+
+int WindowHeader::leastHeight() const { return need(width(), Fold::commands); }
+
+void WindowHeader::fitInto(QSize room)
+{
+    Fold fold = Fold::nothing;
+    for (const Fold next : {Fold::switches, Fold::title, Fold::commands})
+        fold = need(room.width(), fold) > room.height() ? next : fold;
+    m_searchRow->fold(fold >= Fold::switches);
+    m_title->setHidden(fold >= Fold::title);
+    m_commands->setHidden(fold == Fold::commands);
 }
 
 QWidget *WindowHeader::makeTitleLine(const CommandActions &actions)
@@ -123,13 +146,17 @@ QWidget *WindowHeader::makeTitleLine(const CommandActions &actions)
 FlowLayout *WindowHeader::makeSwitchRow(const CommandActions &actions)
 {
     auto *row = new FlowLayout(switchGap);
+    QList<QWidget *> foldable;
     for (QAction *entry : actions.switches())
-        row->addWidget(new ActionSwitch(entry));
+        foldable << new ActionSwitch(entry);
     for (QAction *deletion : actions.buttons(ButtonPlace::deletion)) {
         auto *button = new ActionButton(deletion, ActionButton::Look::boxed);
         makeDestructive(button);
-        row->addWidget(button);
+        foldable << button;
     }
+    for (QWidget *each : foldable)
+        row->addWidget(each);
+    row->setFoldable(foldable);
     furnishSearch();
     row->addWidget(m_search);
     return row;

@@ -4,6 +4,8 @@
 #include "ui/kit/widget_style.h"
 #include "ui/queue/queue_sheet.h"
 #include "ui/window/contact_panel.h"
+#include "ui/window/filter_bar.h"
+#include "ui/window/outcome_line.h"
 
 #include <QComboBox>
 #include <QDialog>
@@ -51,6 +53,8 @@ protected:
         window().resize(QSize(1280, 800).boundedTo(screenRoom(window())));
         settle();
     }
+
+    void expectEachStateWhole();
 
 private:
     QFont m_font = QApplication::font();
@@ -214,6 +218,24 @@ TEST_P(OnScreen, EverySheetCanBeSeenAndUsedWhole)
     }
 }
 
+/// With and without what can be shown and hidden around the table.
+void OnScreen::expectEachStateWhole()
+{
+    auto *panel = window().findChild<ContactPanel *>();
+    auto *filters = window().findChild<FilterBar *>();
+    for (const int state : {0, 1, 2, 3, 4, 5, 6, 7}) {
+        if (panel->isHidden() != bool(state & 1))
+            window().togglePanel();
+        if (filters->isHidden() != bool(state & 2))
+            window().toggleFilters();
+        window().findChild<OutcomeLine *>()->tell(
+            state & 4 ? QString() : u"12 contact(s) coché(s)"_s, u"Annuler"_s, [] {});
+        settle();
+        EXPECT_EQ(faultsOf(window()), QStringList()) << state;
+        EXPECT_GE(table().viewport()->height(), table().rowHeight(0)) << state;
+    }
+}
+
 TEST_P(OnScreen, TheWindowCanBeSeenAndUsedWhole)
 {
     openWindow();
@@ -232,21 +254,28 @@ TEST_P(OnScreen, TheWindowCanBeSeenAndUsedWhole)
     EXPECT_TRUE(GetParam().fontScale > 1 ||
                 table().columnViewportPosition(department) + table().columnWidth(department) <=
                     table().viewport()->width());
-    if (window().findChild<ContactPanel *>()->isHidden())
-        window().togglePanel();
+    expectEachStateWhole();
+    window().findChild<QLineEdit *>()->setText(u"qui n’est pas là"_s);
+    expectEachStateWhole();
+    store().deleteProspects(model().shownContacts());
+    window().showAll();
+    store().deleteProspects(model().shownContacts());
     settle();
-    EXPECT_LE(window().width(), screenRoom(window()).width()) << "with the panel";
-    EXPECT_TRUE(GetParam().fontScale >= 2 || faultsOf(window()).isEmpty()) << "with the panel";
+    ASSERT_EQ(model().contacts().total(), 0);
+    expectEachStateWhole();
 }
 
-INSTANTIATE_TEST_SUITE_P(Window, OnScreen,
-                         testing::Values(Setting{"Laptop", u"1280x800", 1, 14},
-                                         Setting{"LaptopLargeFont", u"1280x800", 1.5, 7},
-                                         Setting{"Small", u"1366x768 at 125 %", 1, 7},
-                                         Setting{"SmallLargeFont", u"1366x768 at 125 %", 1.5, 3},
-                                         Setting{"Smallest", u"1920x1080 at 200 %", 1, 5},
-                                         Setting{"SmallestLargestFont", u"1920x1080 at 200 %", 2,
-                                                 1}),
-                         [](const auto &test) { return std::string(test.param.name); });
+INSTANTIATE_TEST_SUITE_P(
+    Window, OnScreen,
+    testing::Values(Setting{"Laptop", u"1280x800", 1, 14},
+                    Setting{"LaptopLargeFont", u"1280x800", 1.5, 7},
+                    Setting{"LaptopLargestFont", u"1280x800", 2, 4},
+                    Setting{"Small", u"1366x768 at 125 %", 1, 7},
+                    Setting{"SmallLargeFont", u"1366x768 at 125 %", 1.5, 3},
+                    Setting{"SmallLargestFont", u"1366x768 at 125 %", 2, 1},
+                    Setting{"Smallest", u"1920x1080 at 200 %", 1, 5},
+                    Setting{"SmallestLargeFont", u"1920x1080 at 200 %", 1.5, 2},
+                    Setting{"SmallestLargestFont", u"1920x1080 at 200 %", 2, 1}),
+    [](const auto &test) { return std::string(test.param.name); });
 
 } // namespace
