@@ -80,17 +80,18 @@ void openInFront(QDialog *dialog, QWidget *window)
     dialog->open();
 }
 
-void showAlert(QWidget *window, const QString &title, const QString &message)
+QWidget *showAlert(QWidget *window, const QString &title, const QString &message)
 {
     QMessageBox *box = makeBox(window, symbol(u"info.circle"_s, Tint::accent), title, message);
     QPushButton *leave = box->addButton(u"OK"_s, QMessageBox::AcceptRole);
     makeProminent(leave);
     box->setDefaultButton(leave);
     openInFront(box, window);
+    return box;
 }
 
-void showAlert(QWidget *window, const QString &title, const QString &message,
-               const AlertChoice &other)
+QWidget *showAlert(QWidget *window, const QString &title, const QString &message,
+                   const AlertChoice &other)
 {
     QMessageBox *box = makeBox(window, symbol(u"info.circle"_s, Tint::accent), title, message);
     QPushButton *action = box->addButton(other.text, QMessageBox::ActionRole);
@@ -100,6 +101,7 @@ void showAlert(QWidget *window, const QString &title, const QString &message,
     box->setEscapeButton(leave);
     QObject::connect(action, &QPushButton::clicked, window, other.act);
     openInFront(box, window);
+    return box;
 }
 
 QWidget *offerToRetry(QWidget *window, const QString &title, const QString &message,

@@ -10,11 +10,11 @@ class QWidget;
 
 namespace quenoria {
 
-/// Tells the user something over the window: a title, a message and "OK".
-void showAlert(QWidget *window, const QString &title, const QString &message);
+/// Tells the user something over the window: a title, a message and "OK". Gives the alert, which
+/// deletes itself once it is left.
+QWidget *showAlert(QWidget *window, const QString &title, const QString &message);
 
-/// Tells of a failure and offers to try again ("Réessayer") or not ("Plus tard"). Gives the alert,
-/// which deletes itself once it is left.
+/// Tells of a failure and offers to try again ("Réessayer") or not ("Plus tard").
 QWidget *offerToRetry(QWidget *window, const QString &title, const QString &message,
                       const std::function<void()> &retry);
 
@@ -26,8 +26,8 @@ struct AlertChoice {
 
 /// showAlert() with something else that can be done about it. "OK" stays the default, and what
 /// Escape means.
-void showAlert(QWidget *window, const QString &title, const QString &message,
-               const AlertChoice &other);
+QWidget *showAlert(QWidget *window, const QString &title, const QString &message,
+                   const AlertChoice &other);
 
 /// Asks the user over the window to decide. The last choice is the one that changes nothing: it is
 /// the default, and what Escape means.

@@ -74,8 +74,10 @@ Refusal BackupCommands::hindrance() const
 
 void BackupCommands::restore()
 {
-    if (const Refusal refusal = hindrance())
-        return showAlert(m_window, u"Restauration impossible"_s, *refusal);
+    if (const Refusal refusal = hindrance()) {
+        showAlert(m_window, u"Restauration impossible"_s, *refusal);
+        return;
+    }
     auto *list = new RestoreListView(m_platform, m_window);
     connect(list, &RestoreListView::chosen, this, &BackupCommands::preview);
     list->present();

@@ -1,6 +1,7 @@
 #include "ui/window/content_view.h"
 
 #include "ui/kit/labels.h"
+#include "ui/kit/plain_text.h"
 #include "ui/kit/screen_room.h"
 #include "ui/kit/switches.h"
 #include "ui/table/contact_table_view.h"
@@ -23,6 +24,7 @@
 
 #include <QCloseEvent>
 #include <QDragEnterEvent>
+#include <QFileInfo>
 #include <QLineEdit>
 #include <QMenuBar>
 #include <QStatusBar>
@@ -56,7 +58,7 @@ ContentView::ContentView(SendDesk &desk, Switches &switches, const Platform &pla
       m_filters(new FilterBar(m_model, m_store, platform.clock)),
       m_ticks(new ManyTicks(m_model, this)), m_outcome(new OutcomeLine),
       m_panel(new ContactPanel(m_model)),
-      m_drop(new FileDrop(*m_table, m_store, m_model.undoList(), this)),
+      m_drop(new FileDrop(*m_table, m_store, m_model.undoList(), *m_import, this)),
       m_column(new WindowColumn(m_header))
 {
     build();
@@ -120,6 +122,9 @@ void ContentView::followModel()
     connect(&m_desk, &SendDesk::prepared, m_import,
             [this](Channel, const QString &id) { m_import->noteSend(id); });
     connect(m_import, &WorkbookImport::undoOffered, this, &ContentView::refresh);
+    connect(m_import, &WorkbookImport::postponed, this, [this](const QString &path) {
+        m_outcome->tell(u"« %1 » sera importé ensuite."_s.arg(oneLine(QFileInfo(path).fileName())));
+    });
     connect(&m_store, &ProspectStore::published, this, [this](const Change &change) {
         std::visit(
             Following{[this](const QuotaChanged &) { refresh(); },

@@ -41,7 +41,8 @@ public:
     void showBanner(const QString &text);
 
     void importWorkbook(const QString &path);
-    /// The same from outside of the window, which may be busy with something else: it says so then.
+    /// The same from outside of the window, which may be busy with something else: after another
+    /// import it follows, else the window says that it was not imported.
     void openWorkbook(const QString &path);
 
     /// How the demonstration is opened: in a process of its own, which touches no file of this one.

@@ -4,6 +4,7 @@
 #include "ui/kit/plain_text.h"
 #include "ui/table/contact_table_view.h"
 #include "ui/table/undo_list.h"
+#include "ui/window/workbook_import.h"
 
 #include <QApplication>
 #include <QDropEvent>
@@ -38,14 +39,17 @@ QString quotedName(const QString &path)
 
 } // namespace
 
-FileDrop::FileDrop(ContactTableView &table, ProspectStore &store, UndoList &undo, QWidget *window)
-    : QObject(window), m_table(table), m_store(store), m_undo(undo), m_window(window)
+FileDrop::FileDrop(ContactTableView &table, ProspectStore &store, UndoList &undo,
+                   const WorkbookImport &import, QWidget *window)
+    : QObject(window), m_table(table), m_store(store), m_undo(undo), m_import(import),
+      m_window(window)
 {
 }
 
 bool FileDrop::mayTake(const QDropEvent &event) const
 {
-    return !QApplication::activeModalWidget() && fileIn(event);
+    const auto path = fileIn(event);
+    return path && (!QApplication::activeModalWidget() || (m_import.isBusy() && isWorkbook(*path)));
 }
 
 bool FileDrop::takes(const QDropEvent &event) const

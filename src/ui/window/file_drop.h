@@ -10,16 +10,19 @@ namespace quenoria {
 class ContactTableView;
 class ProspectStore;
 class UndoList;
+class WorkbookImport;
 struct Prospect;
 
 /// What becomes of a file that is dropped on the window. On a contact's row it is attached to the
 /// contact, after a question where it replaces another file; a workbook may be meant for the list
 /// there as well, which is asked. Elsewhere a workbook is imported, and nothing else is taken.
+/// While the window is busy with an import, workbooks are taken to follow it.
 class FileDrop : public QObject {
     Q_OBJECT
 
 public:
-    FileDrop(ContactTableView &table, ProspectStore &store, UndoList &undo, QWidget *window);
+    FileDrop(ContactTableView &table, ProspectStore &store, UndoList &undo,
+             const WorkbookImport &import, QWidget *window);
 
     bool mayTake(const QDropEvent &event) const; ///< somewhere in the window
     bool takes(const QDropEvent &event) const;   ///< where it is
@@ -37,6 +40,7 @@ private:
     ContactTableView &m_table;
     ProspectStore &m_store;
     UndoList &m_undo;
+    const WorkbookImport &m_import;
     QWidget *m_window;
 };
 

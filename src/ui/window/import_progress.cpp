@@ -24,6 +24,7 @@ ImportProgress::ImportProgress(const QString &fileName, QWidget *parent)
     m_bar->setTextVisible(false);
     m_bar->setAccessibleName(u"Lecture du classeur"_s);
     auto *stop = new QPushButton(u"Arrêter"_s);
+    stop->setAutoDefault(false); // Enter closes the report of the import before
     connect(stop, &QPushButton::clicked, this, &Sheet::reject);
     column()->addWidget(makeLabel(u"Lecture de « %1 »…"_s.arg(oneLine(fileName, longestName)),
                                   TextStyle::headline));

@@ -218,7 +218,7 @@ void ContentView::importWorkbook(const QString &path) { m_import->run(path); }
 
 void ContentView::openWorkbook(const QString &path)
 {
-    if (QApplication::activeModalWidget())
+    if (QApplication::activeModalWidget() && !m_import->isBusy())
         showAlert(this, u"Classeur non importé"_s,
                   u"Fermez d’abord la fenêtre ouverte dans Quenoria, puis ouvrez de nouveau "
                   "« %1 »."_s.arg(QFileInfo(path).fileName()));

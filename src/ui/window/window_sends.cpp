@@ -61,8 +61,10 @@ void ContentView::followRowActions()
 void ContentView::tellOfFailure(const QString &title, const QString &message,
                                 const std::optional<QString> &carrierWords)
 {
-    if (!carrierWords)
-        return showAlert(this, title, message);
+    if (!carrierWords) {
+        showAlert(this, title, message);
+        return;
+    }
     const QString text = carrierWords->isEmpty() ? message : message + u"\n\n"_s + *carrierWords;
     offerChoices(
         this, title, text,

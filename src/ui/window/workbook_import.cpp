@@ -60,33 +60,68 @@ void WorkbookImport::choose()
 
 void WorkbookImport::run(const QString &workbookPath)
 {
-    if (isRunning())
+    const QFileInfo file(workbookPath);
+    const Workbook workbook{file.absoluteFilePath(), file.lastModified()};
+    if (!isBusy())
+        return read(workbook);
+    if (m_current == workbook || m_waiting.contains(workbook))
         return;
-    showProgress(QFileInfo(workbookPath).fileName());
+    m_waiting << workbook;
+    Q_EMIT postponed(workbook.path);
+}
+
+void WorkbookImport::read(const Workbook &workbook)
+{
+    m_current = workbook;
+    m_isReading = true;
+    showProgress(QFileInfo(workbook.path).fileName());
     try {
-        m_reading->start(workbookPath, m_store.duplicateKeys());
+        m_reading->start(workbook.path, m_store.duplicateKeys());
     } catch (const std::bad_alloc &) {
+        m_isReading = false;
         m_progress->accept();
-        showAlert(m_window, impossible, OutOfMemory().message());
+        say(showAlert(m_window, impossible, OutOfMemory().message()));
     }
 }
 
 void WorkbookImport::showProgress(const QString &fileName)
 {
     m_progress = new ImportProgress(fileName, m_window);
+    m_progress->setAttribute(Qt::WA_DeleteOnClose);
     connect(m_progress, &QDialog::rejected, m_reading, &WorkbookReading::stop);
     connect(m_reading, &WorkbookReading::progressed, m_progress, &ImportProgress::setStep);
-    m_progress->present();
+    openInFront(m_progress, m_window);
 }
 
 void WorkbookImport::conclude(ReadWorkbook &outcome)
 {
+    m_isReading = false;
     if (m_progress)
         m_progress->accept(); // and not deleted: an alert may stand over it
     if (outcome.failure)
-        showAlert(m_window, impossible, *outcome.failure);
+        say(showAlert(m_window, impossible, *outcome.failure));
     else if (outcome.analysis)
         merge(std::move(*outcome.analysis));
+    startNext();
+}
+
+/// An alert that another one follows, as after "Annuler cet import", is gone only after that came.
+void WorkbookImport::say(QWidget *alert)
+{
+    ++m_toBeRead;
+    connect(alert, &QObject::destroyed, this, [this] {
+        --m_toBeRead;
+        startNext();
+    });
+}
+
+void WorkbookImport::startNext()
+{
+    if (isBusy())
+        return;
+    m_current = {};
+    if (!m_waiting.isEmpty())
+        read(m_waiting.takeFirst());
 }
 
 void WorkbookImport::merge(ProspectImportAnalysis analysis)
@@ -94,9 +129,9 @@ void WorkbookImport::merge(ProspectImportAnalysis analysis)
     try {
         tell(m_undo->merge(std::move(analysis)));
     } catch (const ImportFailure &failure) {
-        showAlert(m_window, impossible, failure.message());
+        say(showAlert(m_window, impossible, failure.message()));
     } catch (const std::bad_alloc &) {
-        showAlert(m_window, impossible, OutOfMemory().message());
+        say(showAlert(m_window, impossible, OutOfMemory().message()));
     }
 }
 
@@ -104,9 +139,9 @@ void WorkbookImport::tell(const ImportReport &report)
 {
     Q_EMIT merged();
     if (m_undo->isOffered())
-        showAlert(m_window, report.title, report.message, {undoText, [this] { undo(); }});
+        say(showAlert(m_window, report.title, report.message, {undoText, [this] { undo(); }}));
     else
-        showAlert(m_window, report.title, report.message);
+        say(showAlert(m_window, report.title, report.message));
 }
 
 bool WorkbookImport::canBeUndone() const { return m_undo->isOffered(); }
@@ -117,21 +152,21 @@ void WorkbookImport::askToUndo()
 {
     if (!m_undo->isOffered())
         return;
-    offerChoices(m_window, undoText + u" ?"_s,
-                 inWords(m_undo->changes(), u"ajouté(s) par cet import : à retirer."_s,
-                         u"à remettre comme avant."_s),
-                 {{undoText, [this] { undo(); }}, {u"Garder l’import"_s, [] {}}});
+    say(offerChoices(m_window, undoText + u" ?"_s,
+                     inWords(m_undo->changes(), u"ajouté(s) par cet import : à retirer."_s,
+                             u"à remettre comme avant."_s),
+                     {{undoText, [this] { undo(); }}, {u"Garder l’import"_s, [] {}}}));
 }
 
 void WorkbookImport::undo()
 {
     const QString done = inWords(m_undo->changes(), u"retiré(s)."_s, u"remise(s) comme avant."_s);
     if (m_undo->undo())
-        showAlert(m_window, u"Import annulé"_s, done);
+        say(showAlert(m_window, u"Import annulé"_s, done));
     else
-        showAlert(m_window, u"Annulation impossible"_s,
-                  u"Un contact de cet import a été modifié ou a pu recevoir un message depuis. "
-                  "Rien n’a été retiré."_s);
+        say(showAlert(m_window, u"Annulation impossible"_s,
+                      u"Un contact de cet import a été modifié ou a pu recevoir un message depuis. "
+                      "Rien n’a été retiré."_s));
 }
 
 } // namespace quenoria

@@ -4,6 +4,7 @@
 
 #include <QDropEvent>
 #include <QMimeData>
+#include <QTemporaryDir>
 
 using namespace quenoria;
 using namespace quenoria::test;
@@ -58,6 +59,8 @@ TEST_F(Import, TheWindowTakesNoOtherOrderMeanwhileAndCanStopIt)
     auto *progress = window().findChild<ImportProgress *>();
     ASSERT_NE(progress, nullptr);
     EXPECT_EQ(progress->windowModality(), Qt::WindowModal);
+    QTest::keyClick(progress, Qt::Key_Return);
+    EXPECT_TRUE(progress->isVisible()) << "the key was meant for the report before it";
     progress->reject();
     QThreadPool::globalInstance()->waitForDone();
     settle();
@@ -80,6 +83,41 @@ TEST_F(Import, CanBeTakenBackUntilAMessageStandsBeforeTheUser)
     EXPECT_TRUE(entry(undo)->isEnabled());
     ASSERT_FALSE(desk().prepare(Channel::sms, *store().prospect(u"0639980101"_s), true));
     EXPECT_FALSE(entry(undo)->isEnabled());
+}
+
+TEST_F(Import, OneThatComesMeanwhileFollowsInItsTurnAndOnlyOnce)
+{
+    QTemporaryDir folder;
+    const auto copy = [&](const QString &name) {
+        const QString path = folder.filePath(name);
+        QFile::copy(workbook, path);
+        return path;
+    };
+    const QString absent = folder.filePath(u"absent.xlsx"_s);
+    const QString second = copy(u"second.xlsx"_s);
+    const auto isReading = [this] { return window().findChild<ImportProgress *>() != nullptr; };
+    window().importWorkbook(workbook);
+    for (const QString &path : {absent, workbook, second, absent})
+        window().openWorkbook(path);
+    window().findChild<ImportProgress *>()->reject();
+    EXPECT_TRUE(report().startsWith(u"Import impossible | "_s))
+        << "what was stopped loses no other";
+    EXPECT_TRUE(store().customProspects().empty());
+    ASSERT_TRUE(QTest::qWaitFor([&] { return button(u"Annuler cet import"_s) != nullptr; }));
+    window().openWorkbook(second);
+    window().openWorkbook(copy(u"third.xlsx"_s));
+    button(u"Annuler cet import"_s)->click();
+    settle();
+    EXPECT_FALSE(isReading()) << "before the last word on the former was read";
+    EXPECT_EQ(alert(), u"Import annulé | 13 contact(s) retiré(s)."_s);
+    EXPECT_TRUE(isReading());
+    EXPECT_TRUE(report().startsWith(u"Import terminé | "_s)) << "the third";
+    settle();
+    EXPECT_FALSE(isReading());
+
+    window().showAbout();
+    window().openWorkbook(second);
+    EXPECT_TRUE(alert().startsWith(u"Classeur non importé | "_s)) << "a sheet may hold anything";
 }
 
 TEST_F(Import, AWorkbookCanBeDroppedOnTheWindow)
