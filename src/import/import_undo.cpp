@@ -96,21 +96,21 @@ bool isAsLeft(const std::map<QString, Replaced<Record>> &records, const Dictiona
     });
 }
 
-template <typename Record>
-bool isFree(const std::map<QString, Replaced<Record>> &changed, const Dictionary<Record> &stored,
-            const QString &id)
+/// Whether the contact's entry there is the import's own.
+bool hasBrought(const ImportedChanges &changes, Collection collection, const QString &id)
 {
-    return changed.contains(id) || !stored.contains(id);
+    return (collection == Collection::statuses && changes.statuses.contains(id)) ||
+           (collection == Collection::emailOverrides && changes.emailOverrides.contains(id)) ||
+           (collection == Collection::contactOverrides && changes.contactOverrides.contains(id));
 }
 
 /// Whether nothing is known of a new contact but what the import brought.
 bool isNew(const QString &id, const ImportedChanges &changes, const ProspectStore &store)
 {
-    return store.prospect(id) && isFree(changes.statuses, store.statuses(), id) &&
-           isFree(changes.emailOverrides, store.emailOverrides(), id) &&
-           isFree(changes.contactOverrides, store.contactOverrides(), id) &&
-           !store.emailStatuses().contains(id) && !store.messageAssignments().contains(id) &&
-           !store.emailAssignments().contains(id) && !store.attachmentPaths().contains(id);
+    return store.prospect(id) &&
+           std::ranges::all_of(collections(), [&](const CollectionDescriptor &row) {
+               return !store.holds(row.collection, id) || hasBrought(changes, row.collection, id);
+           });
 }
 
 /// The truth, whatever was announced.
@@ -246,7 +246,8 @@ void ProspectStore::undoImport(const ImportedChanges &changes)
         if (!ids.empty())
             m_state->publish(collection, std::move(ids));
     };
-    announced(Collection::statuses, putBack(m_state->statuses, changes.statuses));
+    announced(Collection::statuses,
+              putBack(m_state->channels.of<Channel::sms>().statuses, changes.statuses));
     announced(Collection::emailOverrides, putBack(m_state->emailOverrides, changes.emailOverrides));
     announced(Collection::contactOverrides,
               putBack(m_state->contactOverrides, changes.contactOverrides));

@@ -153,7 +153,7 @@ Refusal ProspectStore::prepareTestSMS(const QString &phone, const QString &messa
 {
     if (characterCount(normalizePhone(phone)) < shortestTestNumber)
         return invalidTestNumber;
-    const MessageTemplate *found = m_state->messageTemplates.find(
+    const MessageTemplate *found = m_state->channels.of<Channel::sms>().templates.find(
         [&messageID](const MessageTemplate &message) { return message.id == messageID; });
     if (!found)
         return noTemplate;

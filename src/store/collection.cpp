@@ -44,6 +44,27 @@ Change templatesChanged(Collection, const IdSet &)
     return TemplatesChanged{channel};
 }
 
+template <typename State, typename Shape>
+auto &memberOf(State &state, Shape StoreState::*member)
+{
+    return state.*member;
+}
+
+template <typename State, typename Shape, Channel channel>
+auto &memberOf(State &state, Shape ChannelData<channel>::*member)
+{
+    return state.channels.template of<channel>().*member;
+}
+
+template <auto member, typename State>
+auto &at(State &state)
+{
+    return memberOf(state, member);
+}
+
+using OfSMS = ChannelData<Channel::sms>;
+using OfEmail = ChannelData<Channel::email>;
+
 } // namespace
 
 /// The rows.
@@ -52,12 +73,13 @@ struct CollectionTable {
     static constexpr CollectionDescriptor row(CollectionDescriptor described)
     {
         described.write = [](const StoreState &state, const TakePiece &take) {
-            writeJson(state.*member, take);
+            writeJson(at<member>(state), take);
         };
         described.decode = decode<member>;
         if (described.deletionTurn > 0) {
             described.forget = forget<member>;
             described.copy = copy<member>;
+            described.holds = holds<member>;
         }
         return described;
     }
@@ -65,31 +87,40 @@ struct CollectionTable {
     template <auto member>
     static std::optional<DecodedFile> decode(const QByteArray &bytes)
     {
-        using Shape = std::remove_cvref_t<decltype(std::declval<StoreState &>().*member)>;
+        using Shape = std::remove_cvref_t<decltype(at<member>(std::declval<StoreState &>()))>;
         auto decoded = decodeCollection<Shape>(bytes);
         if (!decoded)
             return {};
         const bool same = isEncodedAs(*decoded, bytes);
         const auto shape = std::make_shared<Shape>(std::move(*decoded)); // a function is copyable
-        return DecodedFile{[shape](StoreState &state) { state.*member = std::move(*shape); }, same};
+        return DecodedFile{[shape](StoreState &state) { at<member>(state) = std::move(*shape); },
+                           same};
+    }
+
+    template <auto member>
+    static bool holds(const StoreState &state, const QString &id)
+    {
+        if constexpr (requires { at<member>(state).contains(id); })
+            return at<member>(state).contains(id);
+        return false;
     }
 
     template <auto member>
     static void forget(StoreState &state, const IdSet &ids)
     {
-        if constexpr (requires { (state.*member).removeEach(ids); })
-            (state.*member).removeEach(ids);
+        if constexpr (requires { at<member>(state).removeEach(ids); })
+            at<member>(state).removeEach(ids);
     }
 
     template <auto member>
     static void copy(StoreState &state, const QString &from, const QString &to)
     {
-        if constexpr (requires { (state.*member).removeEach(IdSet()); }) {
-            const auto *entry = (state.*member).find(from);
-            if (!entry || (state.*member).contains(to))
+        if constexpr (requires { at<member>(state).removeEach(IdSet()); }) {
+            const auto *entry = at<member>(state).find(from);
+            if (!entry || at<member>(state).contains(to))
                 return;
             auto copied = *entry; // which setting may move
-            (state.*member).set(to, std::move(copied));
+            at<member>(state).set(to, std::move(copied));
         }
     }
 
@@ -104,34 +135,31 @@ constexpr std::array<CollectionDescriptor, 13> CollectionTable::rows{
          .change = listReshaped,
          .shapesList = true,
          .startUpWrites = false}),
-    row<&StoreState::statuses>({.collection = Collection::statuses,
-                                .fileName = u"suivi-envois.json",
-                                .saveFailure = u"Impossible d’enregistrer le suivi SMS : ",
-                                .change = contactsChanged,
-                                .deletionTurn = 1}),
-    row<&StoreState::messageTemplates>(
-        {.collection = Collection::messageTemplates,
-         .fileName = u"modeles-messages.json",
-         .saveFailure = u"Impossible d’enregistrer les modèles de messages : ",
-         .change = templatesChanged<Channel::sms>}),
-    row<&StoreState::messageAssignments>(
+    row<&OfSMS::statuses>({.collection = Collection::statuses,
+                           .fileName = u"suivi-envois.json",
+                           .saveFailure = u"Impossible d’enregistrer le suivi SMS : ",
+                           .change = contactsChanged,
+                           .deletionTurn = 1}),
+    row<&OfSMS::templates>({.collection = Collection::messageTemplates,
+                            .fileName = u"modeles-messages.json",
+                            .saveFailure = u"Impossible d’enregistrer les modèles de messages : ",
+                            .change = templatesChanged<Channel::sms>}),
+    row<&OfSMS::assignments>(
         {.collection = Collection::messageAssignments,
          .fileName = u"associations-messages.json",
          .saveFailure = u"Impossible d’enregistrer les associations de messages : ",
          .change = contactsChanged,
          .deletionTurn = 3}),
-    row<&StoreState::emailStatuses>(
-        {.collection = Collection::emailStatuses,
-         .fileName = u"suivi-envois-mails.json",
-         .saveFailure = u"Impossible d’enregistrer le suivi des e-mails : ",
-         .change = contactsChanged,
-         .deletionTurn = 2}),
-    row<&StoreState::emailTemplates>(
-        {.collection = Collection::emailTemplates,
-         .fileName = u"modeles-mails.json",
-         .saveFailure = u"Impossible d’enregistrer les modèles d’e-mails : ",
-         .change = templatesChanged<Channel::email>}),
-    row<&StoreState::emailAssignments>(
+    row<&OfEmail::statuses>({.collection = Collection::emailStatuses,
+                             .fileName = u"suivi-envois-mails.json",
+                             .saveFailure = u"Impossible d’enregistrer le suivi des e-mails : ",
+                             .change = contactsChanged,
+                             .deletionTurn = 2}),
+    row<&OfEmail::templates>({.collection = Collection::emailTemplates,
+                              .fileName = u"modeles-mails.json",
+                              .saveFailure = u"Impossible d’enregistrer les modèles d’e-mails : ",
+                              .change = templatesChanged<Channel::email>}),
+    row<&OfEmail::assignments>(
         {.collection = Collection::emailAssignments,
          .fileName = u"associations-mails.json",
          .saveFailure = u"Impossible d’enregistrer les associations d’e-mails : ",

@@ -57,6 +57,7 @@ struct CollectionDescriptor {
     void (*forget)(StoreState &state, const IdSet &ids) = nullptr;
     /// Gives another contact the same entry, unless it has one already.
     void (*copy)(StoreState &state, const QString &from, const QString &to) = nullptr;
+    bool (*holds)(const StoreState &state, const QString &id) = nullptr; ///< an entry of it
 };
 
 /// The thirteen, in the order in which a start writes them.

@@ -34,23 +34,10 @@ ManyContacts ProspectStore::setSent(Channel channel, bool sent, const IdSet &ids
         const Prospect *contact = prospect(id);
         if (!contact || isMarkedSent(channel, *contact) == sent)
             continue;
-        if (channel == Channel::sms)
-            setSent(sent, *contact);
-        else
-            setEmailSent(sent, *contact);
+        markSent(channel, sent, *contact);
         outcome.changed.insert(id);
     }
     return outcome;
-}
-
-bool ProspectStore::isMarkedSent(Channel channel, const Prospect &prospect) const
-{
-    if (channel == Channel::sms) {
-        const SendStatus *sms = status(prospect);
-        return sms && sms->sent;
-    }
-    const EmailSendStatus *email = emailStatus(prospect);
-    return email && email->sent;
 }
 
 ManyContacts ProspectStore::setStopped(bool stopped, const IdSet &ids)

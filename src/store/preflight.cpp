@@ -1,10 +1,10 @@
 #include "store/preflight.h"
 
 #include "model/blanks.h"
-#include "model/contact_rules.h"
 #include "model/dictionary.h"
 #include "model/local_time.h"
 #include "model/text_set.h"
+#include "store/channel_records.h"
 #include "store/prospect_store.h"
 #include "store/quota_keys.h"
 
@@ -17,7 +17,8 @@ constexpr auto recently = std::chrono::days{30};
 /// Goes through the contacts of a run as the run would.
 class Look {
 public:
-    Look(const ProspectStore &store, const PlannedRun &run) : m_store(store), m_run(run)
+    Look(const ProspectStore &store, const PlannedRun &run)
+        : m_store(store), m_run(run), m_records(channelRecords(run.channel))
     {
         const QDate today = localDateTime(run.now, run.zone).date();
         if (const TextSet *known = store.smsMonthlyRecipientsByMonth().find(quotaMonth(today)))
@@ -48,36 +49,26 @@ private:
             m_found.withoutFile << contact.id;
         if (hasBlanks(contact))
             m_found.unfinished << contact.id;
-        if (m_run.channel == Channel::sms && hasAddress && !lacksFile && !takesRoom(contact))
+        if (m_records.monthly && hasAddress && !lacksFile && !takesRoom(contact))
             noteBeyondQuota(contact.id);
     }
 
     bool isReachable(const Prospect &contact) const
     {
-        return m_run.channel == Channel::sms ? m_store.isReachable(Channel::sms, contact)
-                                             : contact.email && validEmail(*contact.email);
+        return m_records.reach.isUsable(contact) && m_store.isReachable(m_run.channel, contact);
     }
 
     /// Each template is read once.
     bool hasBlanks(const Prospect &contact)
     {
-        const bool isSMS = m_run.channel == Channel::sms;
-        const QString id =
-            isSMS ? m_store.assignedMessageID(contact) : m_store.assignedEmailTemplateID(contact);
-        const auto known = m_blanks.constFind(id);
+        const EmailTemplate assigned = m_store.assignedTemplate(m_run.channel, contact);
+        const auto known = m_blanks.constFind(assigned.id);
         if (known != m_blanks.cend())
             return *known;
-        QString text;
-        if (isSMS) {
-            text = m_store.assignedMessage(contact).body;
-        } else {
-            const EmailTemplate assigned = m_store.assignedEmailTemplate(contact);
-            text = assigned.subject + u'\n' + assigned.body;
-        }
-        const QStringList blanks = blanksIn(text);
+        const QStringList blanks = blanksIn(assigned.subject + u'\n' + assigned.body);
         m_found.blanks += blanks;
         m_found.blanks.removeDuplicates();
-        return *m_blanks.insert(id, !blanks.isEmpty());
+        return *m_blanks.insert(assigned.id, !blanks.isEmpty());
     }
 
     /// Whether the month's quota has room for the contact, which a recipient counted before needs
@@ -102,6 +93,7 @@ private:
 
     const ProspectStore &m_store;
     const PlannedRun &m_run;
+    const ChannelRecords &m_records;
     Preflight m_found;
     QHash<QString, bool> m_blanks; ///< by template
     TextSet m_counted;             ///< recipients of the month, with those of the run so far

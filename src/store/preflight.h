@@ -12,7 +12,7 @@ class ProspectStore;
 
 /// A run as it is about to begin: contacts in the order of their turns.
 struct PlannedRun {
-    Channel channel = Channel::sms;
+    Channel channel = {};
     QStringList ids;
     Instant now;
     QTimeZone zone;       ///< the user's
@@ -22,7 +22,7 @@ struct PlannedRun {
 /// What a run would meet, found before it begins. Lists hold ids in the order of the run; one
 /// contact may stand in several.
 struct Preflight {
-    QStringList recent;      ///< already contacted in the last 30 days, on either channel
+    QStringList recent;      ///< already contacted in the last 30 days, on any channel
     QStringList unreachable; ///< no number, no valid address
     QStringList withoutFile; ///< the file to attach is gone
     QStringList beyondQuota; ///< that the month's quota will refuse

@@ -12,6 +12,7 @@
 #include <functional>
 #include <map>
 #include <memory>
+#include <span>
 #include <stop_token>
 
 class QUrl;
@@ -79,7 +80,9 @@ public:
     void setTestNumber(const QString &phone);
     const IdSet &sendSelection() const;
     const IdSet &emailSendSelection() const;
-    const std::vector<Prospect> &prospects() const; ///< built-in list
+    const IdSet &selection(Channel channel) const;
+    bool holds(Collection collection, const QString &id) const; ///< an entry of that contact
+    const std::vector<Prospect> &prospects() const;             ///< built-in list
     bool isReady() const;
     const Dictionary<TextSet> &smsMonthlyRecipientsByMonth() const;
     std::optional<Instant> lastAutomaticSMSSentAt() const;
@@ -134,7 +137,15 @@ public:
     void setEmailSent(bool sent, const Prospect &prospect);
     void recordEmailSentNow(const Prospect &prospect);
     void recordEmailSent(const Prospect &prospect, Instant date);
-    std::optional<Instant> lastContact(const Prospect &prospect) const; ///< newest of both channels
+    std::optional<Instant> lastContact(const Prospect &prospect) const; ///< newest of all channels
+
+    // The same on any channel.
+    std::span<const Instant> sends(Channel channel, const Prospect &prospect) const; ///< in place
+    using TakeSends = std::function<void(const QString &id, std::span<const Instant> sends)>;
+    void forEachRecord(Channel channel, const TakeSends &take) const;
+    void markSent(Channel channel, bool sent, const Prospect &prospect);
+    void recordSentNow(Channel channel, const Prospect &prospect);
+    void recordSent(Channel channel, const Prospect &prospect, Instant date);
 
     // Numbers and addresses that are no contacts and must not become such that get messages.
     const DoNotContact &doNotContact() const;
@@ -142,7 +153,9 @@ public:
     /// Keeps hashes of these, by which a later import leaves them out.
     [[nodiscard]] Refusal rememberErased(const IdSet &keys);
 
-    // The two selections, in memory only: contacts ticked for the next run.
+    // A selection for each channel, in memory only: contacts ticked for the next run.
+    bool isSelected(Channel channel, const Prospect &prospect) const;
+    void select(Channel channel, bool selected, const Prospect &prospect);
     bool isSelectedForSending(const Prospect &prospect) const;
     void setSelectedForSending(bool selected, const Prospect &prospect);
     void clearSendSelection();
@@ -163,6 +176,12 @@ public:
     [[nodiscard]] Refusal smsQuotaError(const Prospect &prospect, bool freeProEnabled) const;
 
     // Templates. A contact without an assignment uses its channel's default template.
+    std::vector<EmailTemplate> templates(Channel channel) const;
+    EmailTemplate assignedTemplate(Channel channel, const Prospect &prospect) const;
+    void assignTemplate(Channel channel, const QString &id, const Prospect &prospect);
+    QString createTemplate(Channel channel, EmailTemplate texts); ///< the new id
+    void updateTemplate(Channel channel, const EmailTemplate &texts);
+    void deleteTemplate(Channel channel, const QString &templateId);
     QString assignedMessageID(const Prospect &prospect) const;
     MessageTemplate assignedMessage(const Prospect &prospect) const;
     void assignMessage(const QString &id, const Prospect &prospect);

@@ -1,46 +1,56 @@
+#include "store/channel_records.h"
 #include "store/prospect_store.h"
 #include "store/store_state.h"
 
 namespace quenoria {
 
+const IdSet &ProspectStore::selection(Channel channel) const { return m_state->selection(channel); }
+
+bool ProspectStore::isSelected(Channel channel, const Prospect &prospect) const
+{
+    return selection(channel).contains(prospect.id);
+}
+
+void ProspectStore::select(Channel channel, bool selected, const Prospect &prospect)
+{
+    if (selected && (isStopped(prospect) || !isReachable(channel, prospect)))
+        return;
+    m_state->select(channel, selected, prospect.id);
+}
+
 bool ProspectStore::isSelectedForSending(const Prospect &prospect) const
 {
-    return m_state->sendSelection.contains(prospect.id);
+    return isSelected(Channel::sms, prospect);
 }
 
 void ProspectStore::setSelectedForSending(bool selected, const Prospect &prospect)
 {
-    if (selected && (isStopped(prospect) || !isReachable(Channel::sms, prospect)))
-        return;
-    m_state->select(Channel::sms, selected, prospect.id);
+    select(Channel::sms, selected, prospect);
 }
 
 void ProspectStore::clearSendSelection() { m_state->clearSelection(Channel::sms); }
 
 bool ProspectStore::isSelectedForEmailSending(const Prospect &prospect) const
 {
-    return m_state->emailSendSelection.contains(prospect.id);
+    return isSelected(Channel::email, prospect);
 }
 
 void ProspectStore::setSelectedForEmailSending(bool selected, const Prospect &prospect)
 {
-    if (selected && (isStopped(prospect) || !isReachable(Channel::email, prospect)))
-        return;
-    m_state->select(Channel::email, selected, prospect.id);
+    select(Channel::email, selected, prospect);
 }
 
 void ProspectStore::clearEmailSendSelection() { m_state->clearSelection(Channel::email); }
 
 bool ProspectStore::isReachable(Channel channel, const Prospect &prospect) const
 {
-    const bool hasReach = channel == Channel::sms ? !prospect.phone.isEmpty()
-                                                  : !prospect.email.value_or(QString()).isEmpty();
-    return hasReach && !isServedByTwin(channel, prospect);
+    return !channelRecords(channel).reach.recipient(prospect).isEmpty() &&
+           !isServedByTwin(channel, prospect);
 }
 
 IdSet &StoreState::selection(Channel channel)
 {
-    return channel == Channel::sms ? sendSelection : emailSendSelection;
+    return channels.on(channel, [](auto &data) -> IdSet & { return data.selection; });
 }
 
 void StoreState::select(Channel channel, bool selected, const QString &id)

@@ -49,6 +49,7 @@ ProspectStore::ProspectStore(const Platform &platform, QObject *parent)
     m_state->gathered.emplace(); // what differs from its file
     m_state->loadFiles();
     m_state->testNumber = platform.preferences.text(testNumberKey).value_or(m_state->testNumber);
+    m_state->migrateDefaultMessage();
     m_state->completeTemplates();
     m_state->completeDepartments();
     m_state->seedStatus();
@@ -106,51 +107,33 @@ void StoreState::loadFiles()
         if (!decoded || !decoded->isAsWritten)
             publish(row.collection);
     }
-    replaceIfEmpty(Collection::messageTemplates, messageTemplates, {defaultMessage()});
-    replaceIfEmpty(Collection::emailTemplates, emailTemplates, {defaultEmailTemplate()});
-    replaceIfEmpty(Collection::departments, departments,
-                   Sequence<DepartmentInfo>(defaultDepartments()));
+    if (departments.empty()) {
+        departments = Sequence<DepartmentInfo>(defaultDepartments());
+        publish(Collection::departments);
+    }
 }
 
-template <typename Record>
-void StoreState::replaceIfEmpty(Collection collection, Sequence<Record> &records,
-                                Sequence<Record> defaults)
+/// The default message of an earlier edition becomes today's.
+void StoreState::migrateDefaultMessage()
 {
-    if (!records.empty())
-        return;
-    records = std::move(defaults);
-    publish(collection);
-}
-
-void StoreState::completeTemplates()
-{
+    auto &messages = channels.of<Channel::sms>().templates;
     const auto isDefault = [](const MessageTemplate &message) {
         return message.id == ProspectStore::defaultMessageID;
     };
-    if (const MessageTemplate *stored = messageTemplates.find(isDefault)) {
-        MessageTemplate migrated = *stored;
-        if (migrated.title == legacyMessageTitle())
-            migrated.title = defaultMessage().title;
-        for (const QString &invented : legacyBusinessNames()) {
-            if (migrated.body.contains(invented))
-                migrated.body = defaultMessage().body;
-        }
-        if (migrated != *stored) {
-            messageTemplates.replaceFirst(isDefault, migrated);
-            publish(Collection::messageTemplates);
-        }
-    } else {
-        messageTemplates.prepend(defaultMessage());
-        publish(Collection::messageTemplates);
+    const MessageTemplate *stored = messages.find(isDefault);
+    if (!stored)
+        return;
+    MessageTemplate migrated = *stored;
+    if (migrated.title == legacyMessageTitle())
+        migrated.title = defaultMessage().title;
+    for (const QString &invented : legacyBusinessNames()) {
+        if (migrated.body.contains(invented))
+            migrated.body = defaultMessage().body;
     }
-
-    const auto isDefaultEmail = [](const EmailTemplate &email) {
-        return email.id == ProspectStore::defaultEmailTemplateID;
-    };
-    if (!emailTemplates.find(isDefaultEmail)) {
-        emailTemplates.prepend(defaultEmailTemplate());
-        publish(Collection::emailTemplates);
-    }
+    if (migrated == *stored)
+        return;
+    messages.replaceFirst(isDefault, migrated);
+    publish(Collection::messageTemplates);
 }
 
 void StoreState::completeDepartments()
@@ -174,6 +157,7 @@ void StoreState::completeDepartments()
 
 void StoreState::seedStatus()
 {
+    auto &statuses = channels.of<Channel::sms>().statuses;
     if (statuses.contains(seededContactID()))
         return;
     SendStatus status;

@@ -4,7 +4,10 @@
 
 namespace quenoria {
 
-const Dictionary<SendStatus> &ProspectStore::statuses() const { return m_state->statuses; }
+const Dictionary<SendStatus> &ProspectStore::statuses() const
+{
+    return m_state->channels.of<Channel::sms>().statuses;
+}
 
 const Sequence<Prospect> &ProspectStore::customProspects() const
 {
@@ -13,27 +16,27 @@ const Sequence<Prospect> &ProspectStore::customProspects() const
 
 const Sequence<MessageTemplate> &ProspectStore::messageTemplates() const
 {
-    return m_state->messageTemplates;
+    return m_state->channels.of<Channel::sms>().templates;
 }
 
 const Dictionary<QString> &ProspectStore::messageAssignments() const
 {
-    return m_state->messageAssignments;
+    return m_state->channels.of<Channel::sms>().assignments;
 }
 
 const Dictionary<EmailSendStatus> &ProspectStore::emailStatuses() const
 {
-    return m_state->emailStatuses;
+    return m_state->channels.of<Channel::email>().statuses;
 }
 
 const Sequence<EmailTemplate> &ProspectStore::emailTemplates() const
 {
-    return m_state->emailTemplates;
+    return m_state->channels.of<Channel::email>().templates;
 }
 
 const Dictionary<QString> &ProspectStore::emailAssignments() const
 {
-    return m_state->emailAssignments;
+    return m_state->channels.of<Channel::email>().assignments;
 }
 
 const Dictionary<QString> &ProspectStore::emailOverrides() const { return m_state->emailOverrides; }
@@ -59,9 +62,21 @@ const Dictionary<TextSet> &ProspectStore::smsMonthlyRecipientsByMonth() const
 
 const QString &ProspectStore::testNumber() const { return m_state->testNumber; }
 
-const IdSet &ProspectStore::sendSelection() const { return m_state->sendSelection; }
+const IdSet &ProspectStore::sendSelection() const
+{
+    return m_state->channels.of<Channel::sms>().selection;
+}
 
-const IdSet &ProspectStore::emailSendSelection() const { return m_state->emailSendSelection; }
+const IdSet &ProspectStore::emailSendSelection() const
+{
+    return m_state->channels.of<Channel::email>().selection;
+}
+
+bool ProspectStore::holds(Collection collection, const QString &id) const
+{
+    const CollectionDescriptor &row = descriptor(collection);
+    return row.holds && row.holds(*m_state, id);
+}
 
 const std::vector<Prospect> &ProspectStore::prospects() const { return m_state->prospects; }
 

@@ -1,11 +1,11 @@
 #pragma once
 
-#include "model/channel.h"
 #include "model/collections.h"
 #include "model/key_index.h"
 #include "model/records.h"
 #include "platform/platform.h"
 #include "platform/task_scope.h"
+#include "store/channel_data.h"
 #include "store/collection.h"
 #include "store/do_not_contact.h"
 #include "store/refusal.h"
@@ -25,9 +25,7 @@ struct StoreState {
 
     // Start-up, in the order in which it happens.
     void loadFiles();
-    template <typename Record>
-    void replaceIfEmpty(Collection collection, Sequence<Record> &records,
-                        Sequence<Record> defaults);
+    void migrateDefaultMessage();
     void completeTemplates();
     void completeDepartments();
     void seedStatus();
@@ -51,7 +49,7 @@ struct StoreState {
 
     // Tracking; without a record the contact's goes.
     void setStatus(const QString &id, std::optional<SendStatus> status);
-    void setEmailStatus(const QString &id, std::optional<EmailSendStatus> status);
+    void countSend(Channel channel, const Prospect &prospect, Instant date);
     void stopWithTwins(const QString &id);
     [[nodiscard]] QString monthKey(Instant date) const;
     void mergeExistingSMSHistoryIntoMonthlyRecipients();
@@ -66,13 +64,8 @@ struct StoreState {
     DoNotContact doNotContact;
 
     // The collections.
-    Dictionary<SendStatus> statuses;
+    AllChannelData channels;
     Sequence<Prospect> customProspects;
-    Sequence<MessageTemplate> messageTemplates;
-    Dictionary<QString> messageAssignments;
-    Dictionary<EmailSendStatus> emailStatuses;
-    Sequence<EmailTemplate> emailTemplates;
-    Dictionary<QString> emailAssignments;
     Dictionary<QString> emailOverrides;
     Dictionary<ContactOverride> contactOverrides;
     Dictionary<QString> attachmentPaths;
@@ -82,8 +75,6 @@ struct StoreState {
 
     // What has no file among them.
     QString testNumber;
-    IdSet sendSelection;
-    IdSet emailSendSelection;
     std::vector<Prospect> prospects; ///< built in
     std::optional<Instant> lastAutomaticSMSSentAt;
     bool automaticSMSBusy = false;

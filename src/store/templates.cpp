@@ -1,3 +1,4 @@
+#include "store/channel_records.h"
 #include "store/defaults.h"
 #include "store/prospect_store.h"
 #include "store/store_state.h"
@@ -14,31 +15,35 @@ const Template *findTemplate(const Sequence<Template> &templates, const QString 
     return templates.find([&id](const Template &entry) { return entry.id == id; });
 }
 
-template <typename Template>
-void replaceTemplate(Sequence<Template> &templates, const Template &changed)
+/// Calls it with each text of a template and its like in the other.
+template <typename Template, typename Other, typename Use>
+void forEachText(Template &each, Other &other, Use use)
 {
-    templates.replaceFirst([&changed](const Template &entry) { return entry.id == changed.id; },
-                           changed);
+    use(each.title, other.title);
+    if constexpr (requires { each.subject, other.subject; })
+        use(each.subject, other.subject);
+    use(each.body, other.body);
+}
+
+/// The same template as another channel keeps it.
+template <typename To, typename From>
+To as(const From &from)
+{
+    To to;
+    to.id = from.id;
+    forEachText(to, from, [](QString &text, const QString &given) { text = given; });
+    return to;
 }
 
 /// What a contact's assignment stands for: the default template when the contact has none, or
 /// when its template no longer exists; null when there is no default either.
-template <typename Template>
-const Template *effectiveTemplate(const Sequence<Template> &templates, const QString *assigned,
-                                  const QString &defaultID)
+template <Channel channel>
+const auto *effectiveTemplate(const ChannelData<channel> &data, const Prospect &prospect,
+                              const QString &defaultID)
 {
-    const Template *found = assigned ? findTemplate(templates, *assigned) : nullptr;
-    return found ? found : findTemplate(templates, defaultID);
-}
-
-/// A contact on the default template has no entry.
-void assign(Dictionary<QString> &assignments, const QString &contactId, const QString &templateId,
-            const QString &defaultID)
-{
-    if (templateId == defaultID)
-        assignments.remove(contactId);
-    else
-        assignments.set(contactId, templateId);
+    const QString *assigned = data.assignments.find(prospect.id);
+    const auto *found = assigned ? findTemplate(data.templates, *assigned) : nullptr;
+    return found ? found : findTemplate(data.templates, defaultID);
 }
 
 /// Takes the template from those it is assigned to, and tells who they are.
@@ -58,6 +63,92 @@ QString freshID() { return QUuid::createUuid().toString(QUuid::WithoutBraces).to
 
 } // namespace
 
+/// The default template of each channel comes back in front when it is missing.
+void StoreState::completeTemplates()
+{
+    for (const Channel channel : allChannels) {
+        const ChannelRecords &records = channelRecords(channel);
+        channels.on(channel, [&](auto &data) {
+            if (findTemplate(data.templates, records.defaultTemplate.id))
+                return;
+            using Data = std::remove_cvref_t<decltype(data)>;
+            data.templates.prepend(as<typename Data::Template>(records.defaultTemplate));
+            publish(records.templates);
+        });
+    }
+}
+
+std::vector<EmailTemplate> ProspectStore::templates(Channel channel) const
+{
+    return m_state->channels.on(channel, [](const auto &data) {
+        std::vector<EmailTemplate> templates;
+        data.templates.forEach(
+            [&templates](const auto &entry) { templates.push_back(as<EmailTemplate>(entry)); });
+        return templates;
+    });
+}
+
+EmailTemplate ProspectStore::assignedTemplate(Channel channel, const Prospect &prospect) const
+{
+    return m_state->channels.on(channel, [&](const auto &data) {
+        const EmailTemplate &standard = channelRecords(channel).defaultTemplate;
+        const auto *found = effectiveTemplate(data, prospect, standard.id);
+        return found ? as<EmailTemplate>(*found) : standard;
+    });
+}
+
+/// A contact on the default template has no entry.
+void ProspectStore::assignTemplate(Channel channel, const QString &id, const Prospect &prospect)
+{
+    m_state->channels.on(channel, [&](auto &data) {
+        if (id == channelRecords(channel).defaultTemplate.id)
+            data.assignments.remove(prospect.id);
+        else
+            data.assignments.set(prospect.id, id);
+    });
+    m_state->publish(channelRecords(channel).assignments, {prospect.id});
+}
+
+QString ProspectStore::createTemplate(Channel channel, EmailTemplate texts)
+{
+    texts.id = freshID();
+    m_state->channels.on(channel, [&texts](auto &data) {
+        using Data = std::remove_cvref_t<decltype(data)>;
+        data.templates.append(as<typename Data::Template>(texts));
+    });
+    m_state->publish(channelRecords(channel).templates);
+    return texts.id;
+}
+
+void ProspectStore::updateTemplate(Channel channel, const EmailTemplate &texts)
+{
+    m_state->channels.on(channel, [&](auto &data) {
+        const auto *found = findTemplate(data.templates, texts.id);
+        if (!found)
+            return;
+        auto changed = *found;
+        forEachText(changed, texts, [&](QString &text, const QString &typed) {
+            text = typed;
+            data.templates.replaceFirst(
+                [&changed](const auto &entry) { return entry.id == changed.id; }, changed);
+            m_state->publish(channelRecords(channel).templates);
+        });
+    });
+}
+
+void ProspectStore::deleteTemplate(Channel channel, const QString &templateId)
+{
+    const QString id = templateId; // it may be the template's own
+    if (id == channelRecords(channel).defaultTemplate.id)
+        return;
+    const ChannelRecords &records = channelRecords(channel);
+    m_state->channels.on(channel, [&](auto &data) {
+        data.templates.removeIf([&id](const auto &entry) { return entry.id == id; });
+        m_state->publish(records.templates);
+        m_state->publish(records.assignments, unassign(data.assignments, id));
+    });
+}
+
 QString ProspectStore::assignedMessageID(const Prospect &prospect) const
 {
     return assignedMessage(prospect).id;
@@ -65,48 +156,27 @@ QString ProspectStore::assignedMessageID(const Prospect &prospect) const
 
 MessageTemplate ProspectStore::assignedMessage(const Prospect &prospect) const
 {
-    const auto *found = effectiveTemplate(
-        m_state->messageTemplates, m_state->messageAssignments.find(prospect.id), defaultMessageID);
-    return found ? *found : defaultMessage();
+    return as<MessageTemplate>(assignedTemplate(Channel::sms, prospect));
 }
 
 void ProspectStore::assignMessage(const QString &id, const Prospect &prospect)
 {
-    assign(m_state->messageAssignments, prospect.id, id, defaultMessageID);
-    m_state->publish(Collection::messageAssignments, {prospect.id});
+    assignTemplate(Channel::sms, id, prospect);
 }
 
 QString ProspectStore::createMessage(const QString &title, const QString &body)
 {
-    QString id = freshID();
-    m_state->messageTemplates.append(MessageTemplate{id, title, body});
-    m_state->publish(Collection::messageTemplates);
-    return id;
+    return createTemplate(Channel::sms, {{}, title, {}, body});
 }
 
 void ProspectStore::updateMessage(const QString &id, const QString &title, const QString &body)
 {
-    const MessageTemplate *found = findTemplate(m_state->messageTemplates, id);
-    if (!found)
-        return;
-    MessageTemplate changed = *found;
-    changed.title = title;
-    replaceTemplate(m_state->messageTemplates, changed);
-    m_state->publish(Collection::messageTemplates);
-    changed.body = body;
-    replaceTemplate(m_state->messageTemplates, changed);
-    m_state->publish(Collection::messageTemplates);
+    updateTemplate(Channel::sms, {id, title, {}, body});
 }
 
 void ProspectStore::deleteMessage(const QString &templateId)
 {
-    const QString id = templateId; // it may be the template's own
-    if (id == defaultMessageID)
-        return;
-    m_state->messageTemplates.removeIf(
-        [&id](const MessageTemplate &entry) { return entry.id == id; });
-    m_state->publish(Collection::messageTemplates);
-    m_state->publish(Collection::messageAssignments, unassign(m_state->messageAssignments, id));
+    deleteTemplate(Channel::sms, templateId);
 }
 
 QString ProspectStore::assignedEmailTemplateID(const Prospect &prospect) const
@@ -116,53 +186,29 @@ QString ProspectStore::assignedEmailTemplateID(const Prospect &prospect) const
 
 EmailTemplate ProspectStore::assignedEmailTemplate(const Prospect &prospect) const
 {
-    const auto *found =
-        effectiveTemplate(m_state->emailTemplates, m_state->emailAssignments.find(prospect.id),
-                          defaultEmailTemplateID);
-    return found ? *found : defaultEmailTemplate();
+    return assignedTemplate(Channel::email, prospect);
 }
 
 void ProspectStore::assignEmailTemplate(const QString &id, const Prospect &prospect)
 {
-    assign(m_state->emailAssignments, prospect.id, id, defaultEmailTemplateID);
-    m_state->publish(Collection::emailAssignments, {prospect.id});
+    assignTemplate(Channel::email, id, prospect);
 }
 
 QString ProspectStore::createEmailTemplate(const QString &title, const QString &subject,
                                            const QString &body)
 {
-    QString id = freshID();
-    m_state->emailTemplates.append(EmailTemplate{id, title, subject, body});
-    m_state->publish(Collection::emailTemplates);
-    return id;
+    return createTemplate(Channel::email, {{}, title, subject, body});
 }
 
 void ProspectStore::updateEmailTemplate(const QString &id, const QString &title,
                                         const QString &subject, const QString &body)
 {
-    const EmailTemplate *found = findTemplate(m_state->emailTemplates, id);
-    if (!found)
-        return;
-    EmailTemplate changed = *found;
-    changed.title = title;
-    replaceTemplate(m_state->emailTemplates, changed);
-    m_state->publish(Collection::emailTemplates);
-    changed.subject = subject;
-    replaceTemplate(m_state->emailTemplates, changed);
-    m_state->publish(Collection::emailTemplates);
-    changed.body = body;
-    replaceTemplate(m_state->emailTemplates, changed);
-    m_state->publish(Collection::emailTemplates);
+    updateTemplate(Channel::email, {id, title, subject, body});
 }
 
 void ProspectStore::deleteEmailTemplate(const QString &templateId)
 {
-    const QString id = templateId; // it may be the template's own
-    if (id == defaultEmailTemplateID)
-        return;
-    m_state->emailTemplates.removeIf([&id](const EmailTemplate &entry) { return entry.id == id; });
-    m_state->publish(Collection::emailTemplates);
-    m_state->publish(Collection::emailAssignments, unassign(m_state->emailAssignments, id));
+    deleteTemplate(Channel::email, templateId);
 }
 
 } // namespace quenoria

@@ -1,3 +1,4 @@
+#include "store/channel_records.h"
 #include "store/prospect_store.h"
 #include "store/send_history.h"
 #include "store/store_state.h"
@@ -7,14 +8,6 @@
 namespace quenoria {
 
 namespace {
-
-/// The last confirmed send, found without copying them.
-template <typename Status>
-std::optional<Instant> newest(const Status *status)
-{
-    const auto sends = recordedSends(status);
-    return sends.empty() ? std::nullopt : std::optional(sends.back());
-}
 
 /// The record to build a new one from: the existing one, or one made now.
 template <typename Status>
@@ -68,22 +61,127 @@ QString trimmedComment(const SendStatus &status)
     return status.comment.value_or(QString()).trimmed();
 }
 
+void trimComment(SendStatus &status) { status.comment = trimmedComment(status); }
+void trimComment(EmailSendStatus & /*status*/) {} // it has none
+
+bool saysMoreThanSends(const SendStatus &status)
+{
+    return !trimmedComment(status).isEmpty() || status.stopped.value_or(false);
+}
+
+bool saysMoreThanSends(const EmailSendStatus & /*status*/) { return false; }
+
+/// The record once the sent mark is taken away: the history stays; none when nothing is left.
+template <typename Status>
+std::optional<Status> unticked(const Status *existing, Instant now)
+{
+    Status status = existingOr(existing, now);
+    trimComment(status);
+    status.sendHistory = historyFrom(existing);
+    status.sent = false;
+    if (status.sendHistory->empty() && !saysMoreThanSends(status))
+        return std::nullopt;
+    return status;
+}
+
+/// Without a record the contact's goes.
+template <typename Status>
+void put(Dictionary<Status> &statuses, const QString &id, std::optional<Status> status)
+{
+    if (status)
+        statuses.set(id, std::move(*status));
+    else
+        statuses.remove(id);
+}
+
 } // namespace
 
 const SendStatus *ProspectStore::status(const Prospect &prospect) const
 {
-    return m_state->statuses.find(prospect.id);
+    return m_state->channels.of<Channel::sms>().statuses.find(prospect.id);
 }
 
 const EmailSendStatus *ProspectStore::emailStatus(const Prospect &prospect) const
 {
-    return m_state->emailStatuses.find(prospect.id);
+    return m_state->channels.of<Channel::email>().statuses.find(prospect.id);
 }
 
 bool ProspectStore::isStopped(const Prospect &prospect) const
 {
     const SendStatus *existing = status(prospect);
     return existing && existing->stopped.value_or(false);
+}
+
+std::span<const Instant> ProspectStore::sends(Channel channel, const Prospect &prospect) const
+{
+    return m_state->channels.on(channel, [&prospect](const auto &data) {
+        return recordedSends(data.statuses.find(prospect.id));
+    });
+}
+
+void ProspectStore::forEachRecord(Channel channel, const TakeSends &take) const
+{
+    m_state->channels.on(channel, [&take](const auto &data) {
+        data.statuses.forEach(
+            [&take](const QString &id, const auto &status) { take(id, recordedSends(&status)); });
+    });
+}
+
+std::optional<Instant> ProspectStore::lastContact(const Prospect &prospect) const
+{
+    std::optional<Instant> last;
+    for (const Channel channel : allChannels) {
+        if (const auto known = sends(channel, prospect); !known.empty())
+            last = std::max(last, std::optional(known.back()));
+    }
+    return last;
+}
+
+bool ProspectStore::isMarkedSent(Channel channel, const Prospect &prospect) const
+{
+    return m_state->channels.on(channel, [&prospect](const auto &data) {
+        const auto *status = data.statuses.find(prospect.id);
+        return status && status->sent;
+    });
+}
+
+void StoreState::countSend(Channel channel, const Prospect &prospect, Instant date)
+{
+    if (const auto &monthly = channelRecords(channel).monthly)
+        (store.*monthly->add)(prospect, date);
+}
+
+void ProspectStore::markSent(Channel channel, bool sent, const Prospect &prospect)
+{
+    const bool isNew = sent && !isMarkedSent(channel, prospect);
+    const Instant now = m_state->platform.clock.now();
+    m_state->channels.on(channel, [&](auto &data) {
+        const auto *existing = data.statuses.find(prospect.id);
+        put(data.statuses, prospect.id,
+            sent ? std::optional(ticked(existing, now)) : unticked(existing, now));
+    });
+    m_state->publish(channelRecords(channel).statuses, {prospect.id});
+    if (isNew)
+        m_state->countSend(channel, prospect, now);
+}
+
+void ProspectStore::recordSentNow(Channel channel, const Prospect &prospect)
+{
+    const Instant now = m_state->platform.clock.now();
+    m_state->channels.on(channel, [&](auto &data) {
+        data.statuses.set(prospect.id, withSend(data.statuses.find(prospect.id), now));
+    });
+    m_state->publish(channelRecords(channel).statuses, {prospect.id});
+    m_state->countSend(channel, prospect, now);
+}
+
+void ProspectStore::recordSent(Channel channel, const Prospect &prospect, Instant date)
+{
+    m_state->channels.on(channel, [&](auto &data) {
+        data.statuses.set(prospect.id, withEarlierSend(data.statuses.find(prospect.id), date));
+    });
+    m_state->publish(channelRecords(channel).statuses, {prospect.id});
+    m_state->countSend(channel, prospect, date);
 }
 
 std::vector<Instant> ProspectStore::sendHistory(const Prospect &prospect) const
@@ -96,62 +194,40 @@ std::vector<Instant> ProspectStore::emailHistory(const Prospect &prospect) const
     return historyFrom(emailStatus(prospect));
 }
 
-std::optional<Instant> ProspectStore::lastContact(const Prospect &prospect) const
-{
-    return std::max(newest(status(prospect)), newest(emailStatus(prospect)));
-}
-
-void StoreState::setStatus(const QString &id, std::optional<SendStatus> status)
-{
-    if (status)
-        statuses.set(id, std::move(*status));
-    else
-        statuses.remove(id);
-    publish(Collection::statuses, {id});
-}
-
-void StoreState::setEmailStatus(const QString &id, std::optional<EmailSendStatus> status)
-{
-    if (status)
-        emailStatuses.set(id, std::move(*status));
-    else
-        emailStatuses.remove(id);
-    publish(Collection::emailStatuses, {id});
-}
-
 void ProspectStore::setSent(bool sent, const Prospect &prospect)
 {
-    const SendStatus *existing = status(prospect);
-    if (sent) {
-        const bool wasSent = existing && existing->sent;
-        SendStatus status = ticked(existing, m_state->platform.clock.now());
-        const Instant latest = status.sentAt;
-        m_state->setStatus(prospect.id, std::move(status));
-        if (!wasSent)
-            recordSMSRecipientUsage(prospect, latest);
-        return;
-    }
-    SendStatus status = existingOr(existing, m_state->platform.clock.now());
-    status.comment = trimmedComment(status);
-    status.sendHistory = historyFrom(existing);
-    status.sent = false;
-    const bool carriesNothing =
-        status.comment->isEmpty() && !status.stopped.value_or(false) && status.sendHistory->empty();
-    m_state->setStatus(prospect.id,
-                       carriesNothing ? std::nullopt : std::optional(std::move(status)));
+    markSent(Channel::sms, sent, prospect);
 }
 
 void ProspectStore::recordSentNow(const Prospect &prospect)
 {
-    const Instant now = m_state->platform.clock.now();
-    m_state->setStatus(prospect.id, withSend(status(prospect), now));
-    recordSMSRecipientUsage(prospect, now);
+    recordSentNow(Channel::sms, prospect);
 }
 
 void ProspectStore::recordSent(const Prospect &prospect, Instant date)
 {
-    m_state->setStatus(prospect.id, withEarlierSend(status(prospect), date));
-    recordSMSRecipientUsage(prospect, date);
+    recordSent(Channel::sms, prospect, date);
+}
+
+void ProspectStore::setEmailSent(bool sent, const Prospect &prospect)
+{
+    markSent(Channel::email, sent, prospect);
+}
+
+void ProspectStore::recordEmailSentNow(const Prospect &prospect)
+{
+    recordSentNow(Channel::email, prospect);
+}
+
+void ProspectStore::recordEmailSent(const Prospect &prospect, Instant date)
+{
+    recordSent(Channel::email, prospect, date);
+}
+
+void StoreState::setStatus(const QString &id, std::optional<SendStatus> status)
+{
+    put(channels.of<Channel::sms>().statuses, id, std::move(status));
+    publish(Collection::statuses, {id});
 }
 
 void ProspectStore::setDate(Instant date, const Prospect &prospect)
@@ -186,6 +262,7 @@ void StoreState::stopWithTwins(const QString &id)
 {
     IdSet ids;
     for (const QString &twin : twins(id)) {
+        auto &statuses = channels.of<Channel::sms>().statuses;
         SendStatus status = existingOr(statuses.find(twin), platform.clock.now());
         status.stopped = true;
         statuses.set(twin, std::move(status));
@@ -201,32 +278,6 @@ void ProspectStore::setComment(const QString &comment, const Prospect &prospect)
     SendStatus status = existingOr(this->status(prospect), m_state->platform.clock.now());
     status.comment = comment;
     m_state->setStatus(prospect.id, std::move(status));
-}
-
-void ProspectStore::setEmailSent(bool sent, const Prospect &prospect)
-{
-    const EmailSendStatus *existing = emailStatus(prospect);
-    if (sent) {
-        m_state->setEmailStatus(prospect.id, ticked(existing, m_state->platform.clock.now()));
-        return;
-    }
-    EmailSendStatus status = existingOr(existing, m_state->platform.clock.now());
-    status.sendHistory = historyFrom(existing);
-    status.sent = false;
-    const bool carriesNothing = status.sendHistory->empty();
-    m_state->setEmailStatus(prospect.id,
-                            carriesNothing ? std::nullopt : std::optional(std::move(status)));
-}
-
-void ProspectStore::recordEmailSentNow(const Prospect &prospect)
-{
-    m_state->setEmailStatus(prospect.id,
-                            withSend(emailStatus(prospect), m_state->platform.clock.now()));
-}
-
-void ProspectStore::recordEmailSent(const Prospect &prospect, Instant date)
-{
-    m_state->setEmailStatus(prospect.id, withEarlierSend(emailStatus(prospect), date));
 }
 
 } // namespace quenoria

@@ -1,6 +1,6 @@
 #include "store/twins.h"
 
-#include "model/contact_rules.h"
+#include "store/channel_records.h"
 #include "store/prospect_store.h"
 #include "store/store_state.h"
 
@@ -11,17 +11,6 @@ namespace quenoria {
 namespace {
 
 const QChar separator = u'#'; // stands in no number and in no address
-
-/// Whether one person would get what both are sent, however the number is written.
-bool sameRecipient(Channel channel, const Prospect &one, const Prospect &other)
-{
-    constexpr qsizetype significant = 9; // of a French number, without 0 or 33
-    if (channel == Channel::sms)
-        return normalizePhone(one.phone).right(significant) ==
-               normalizePhone(other.phone).right(significant);
-    return one.email.value_or(QString()).compare(other.email.value_or(QString()),
-                                                 Qt::CaseInsensitive) == 0;
-}
 
 QString freeId(const QString &id, const IdSet &taken)
 {
@@ -96,11 +85,12 @@ QStringList StoreState::twins(const QString &id)
 
 bool ProspectStore::isServedByTwin(Channel channel, const Prospect &prospect) const
 {
+    const auto isShared = channelRecords(channel).reach.isShared;
     for (const QString &id : m_state->twins(prospect.id)) {
         if (id == prospect.id)
             return false;
         const Prospect *elder = this->prospect(id);
-        if (elder && sameRecipient(channel, *elder, prospect))
+        if (elder && isShared(*elder, prospect))
             return true;
     }
     return false;
