@@ -3,6 +3,7 @@
 #include "export/contact_cells_out.h"
 #include "import/contact_cells.h"
 #include "import/contact_keys.h"
+#include "store/channel_records.h"
 
 using namespace Qt::StringLiterals;
 
@@ -12,25 +13,24 @@ namespace {
 
 using enum ExportKind;
 
-const std::vector<ExportColumn> contactColumns{
-    {u"Département", 24},
-    {u"Nom de l’entreprise", 36},
-    {u"Commune", 24},
-    {u"Adresse e-mail", 34},
-    {u"Téléphone mobile", 18},
-    {u"Métier", 20},
-    {u"Autre numéro", 18},
-    {u"Autre adresse", 34},
-    {u"STOP", 8},
-    {u"Dernier SMS", 18, moment},
-    {u"Nombre de SMS", 15, number},
-    {u"Dernier e-mail", 18, moment},
-    {u"Nombre d’e-mails", 17, number},
-    {u"Message SMS", 24},
-    {u"Message e-mail", 24},
-    {u"Fichier joint", 24},
-    {u"Commentaire", 48},
-};
+/// Titles as an import reads them; then what each channel has.
+std::vector<ExportColumn> contactColumns()
+{
+    std::vector<ExportColumn> columns{
+        {u"Département"_s, 24},    {u"Nom de l’entreprise"_s, 36}, {u"Commune"_s, 24},
+        {u"Adresse e-mail"_s, 34}, {u"Téléphone mobile"_s, 18},    {u"Métier"_s, 20},
+        {u"Autre numéro"_s, 18},   {u"Autre adresse"_s, 34},       {u"STOP"_s, 8}};
+    for (const Channel channel : allChannels) {
+        const ChannelWords &words = channelRecords(channel).words;
+        columns.push_back({u"Dernier "_s + words.inText, 18, moment});
+        columns.push_back({u"Nombre "_s + words.ofMany, 15 + words.extraWidth, number});
+    }
+    for (const Channel channel : allChannels)
+        columns.push_back({u"Message "_s + channelRecords(channel).words.inText, 24});
+    columns.push_back({u"Fichier joint"_s, 24});
+    columns.push_back({u"Commentaire"_s, 48});
+    return columns;
+}
 
 /// What is told of one contact, as it was when the export began.
 struct Exported {
@@ -38,8 +38,9 @@ struct Exported {
     QString departmentName;
     bool isKnownByReach; ///< an import takes number and address for this contact's
     bool isStopped;
-    std::vector<Instant> sms, emails;
-    QString message, emailMessage, attachment, comment;
+    PerChannel<std::vector<Instant>> sends;
+    PerChannel<QString> messages;
+    QString attachment, comment;
 };
 
 /// What an import would know the contact by, if it reads its number and its address at all.
@@ -79,15 +80,13 @@ void fillRow(const Exported &row, std::vector<ExportCell> &cells)
              contact.profession.value_or(QString()),
              known ? QString() : phone,
              known ? QString() : email,
-             row.isStopped ? u"oui"_s : QString(),
-             lastOf(row.sms),
-             countOf(row.sms),
-             lastOf(row.emails),
-             countOf(row.emails),
-             row.message,
-             row.emailMessage,
-             row.attachment,
-             row.comment};
+             row.isStopped ? u"oui"_s : QString()};
+    for (const std::vector<Instant> &history : row.sends) {
+        cells.push_back(lastOf(history));
+        cells.push_back(countOf(history));
+    }
+    cells.insert(cells.end(), row.messages.begin(), row.messages.end());
+    cells.insert(cells.end(), {row.attachment, row.comment});
 }
 
 } // namespace
@@ -100,19 +99,23 @@ ExportTable contactTable(const ProspectStore &store, const std::vector<Prospect>
     rows->reserve(contacts.size());
     for (const Prospect &contact : contacts) {
         const SendStatus *status = store.status(contact);
-        rows->push_back({.contact = contact,
-                         .departmentName = store.departmentName(contact.department),
-                         .isKnownByReach = isFoundAgain(contact, ids),
-                         .isStopped = store.isStopped(contact),
-                         .sms = store.sendHistory(contact),
-                         .emails = store.emailHistory(contact),
-                         .message = store.assignedMessage(contact).title,
-                         .emailMessage = store.assignedEmailTemplate(contact).title,
-                         .attachment = store.attachmentName(contact).value_or(QString()),
-                         .comment = status ? status->comment.value_or(QString()) : QString()});
+        Exported row{.contact = contact,
+                     .departmentName = store.departmentName(contact.department),
+                     .isKnownByReach = isFoundAgain(contact, ids),
+                     .isStopped = store.isStopped(contact),
+                     .sends = {},
+                     .messages = {},
+                     .attachment = store.attachmentName(contact).value_or(QString()),
+                     .comment = status ? status->comment.value_or(QString()) : QString()};
+        for (const Channel channel : allChannels) {
+            const auto sends = store.sends(channel, contact);
+            row.sends[std::size_t(channel)] = {sends.begin(), sends.end()};
+            row.messages[std::size_t(channel)] = store.assignedTemplate(channel, contact).title;
+        }
+        rows->push_back(std::move(row));
     }
     return {.name = u"Contacts"_s,
-            .columns = contactColumns,
+            .columns = contactColumns(),
             .rows = rows->size(),
             .fill = [rows](std::size_t row,
                            std::vector<ExportCell> &cells) { fillRow((*rows)[row], cells); },

@@ -51,7 +51,7 @@ QString headerLine(const ExportTable &table)
 {
     QStringList titles;
     for (const ExportColumn &column : table.columns)
-        titles << csvField(QString::fromUtf16(column.title));
+        titles << csvField(column.title);
     return QChar(QChar::ByteOrderMark) + titles.join(u';') + u"\r\n"_s;
 }
 

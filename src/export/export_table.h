@@ -14,7 +14,7 @@ namespace quenoria {
 enum class ExportKind { text, number, share, moment };
 
 struct ExportColumn {
-    const char16_t *title;
+    QString title;
     int width; ///< in characters
     ExportKind kind = ExportKind::text;
 };

@@ -13,11 +13,10 @@ constexpr int cellWidth = 22;
 constexpr int reasonWidth = 60;
 constexpr std::string_view reasonTitle = "Motif";
 
-/// A table's titles, which its columns point to.
 struct Rejected {
     std::shared_ptr<const RejectedRows> rows;
     std::uint32_t reasonColumn;
-    std::vector<QString> titles;
+    std::size_t columns = 0;
 };
 
 QString shownTitle() { return QString::fromLatin1(reasonTitle.data(), reasonTitle.size()); }
@@ -41,7 +40,7 @@ std::uint32_t reasonColumn(const RejectedRows &rows)
 
 void fillLine(const Rejected &rejected, std::size_t line, std::vector<ExportCell> &cells)
 {
-    cells.assign(rejected.titles.size(), {});
+    cells.assign(rejected.columns, {});
     rejected.rows->forEachCell(line, [&](std::uint32_t column, std::string_view text) {
         if (column < cells.size())
             cells[column] = QString::fromUtf8(text.data(), qsizetype(text.size()));
@@ -71,8 +70,9 @@ std::vector<QString> titlesOf(const Rejected &rejected)
 ExportTable rejectedTable(std::shared_ptr<const RejectedRows> rows)
 {
     const std::uint32_t reasons = reasonColumn(*rows);
-    const auto rejected = std::make_shared<Rejected>(Rejected{std::move(rows), reasons, {}});
-    rejected->titles = titlesOf(*rejected);
+    const auto rejected = std::make_shared<Rejected>(Rejected{std::move(rows), reasons});
+    std::vector<QString> titles = titlesOf(*rejected);
+    rejected->columns = titles.size();
     ExportTable table{
         .name = u"Lignes rejetées"_s,
         .columns = {},
@@ -80,10 +80,9 @@ ExportTable rejectedTable(std::shared_ptr<const RejectedRows> rows)
         .fill = [rejected](std::size_t row,
                            std::vector<ExportCell> &cells) { fillLine(*rejected, row + 1, cells); },
         .zone = {}};
-    for (std::uint32_t column = 0; column < rejected->titles.size(); ++column)
+    for (std::size_t column = 0; column < titles.size(); ++column)
         table.columns.push_back(
-            {reinterpret_cast<const char16_t *>(rejected->titles[column].utf16()),
-             column == reasons ? reasonWidth : cellWidth});
+            {std::move(titles[column]), column == reasons ? reasonWidth : cellWidth});
     return table;
 }
 

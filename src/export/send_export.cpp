@@ -1,6 +1,7 @@
 #include "export/export_tables.h"
 
 #include "export/contact_cells_out.h"
+#include "store/channel_records.h"
 
 using namespace Qt::StringLiterals;
 
@@ -9,14 +10,14 @@ namespace quenoria {
 namespace {
 
 const std::vector<ExportColumn> sendColumns{
-    {u"Date d’envoi", 18, ExportKind::moment},
-    {u"Canal", 10},
-    {u"Nom", 36},
-    {u"Lieu", 24},
-    {u"Département", 24},
-    {u"Téléphone", 18},
-    {u"Adresse", 34},
-    {u"Métier", 20},
+    {u"Date d’envoi"_s, 18, ExportKind::moment},
+    {u"Canal"_s, 10},
+    {u"Nom"_s, 36},
+    {u"Lieu"_s, 24},
+    {u"Département"_s, 24},
+    {u"Téléphone"_s, 18},
+    {u"Adresse"_s, 34},
+    {u"Métier"_s, 20},
 };
 
 struct Send {
@@ -42,8 +43,7 @@ Instant startOf(QDate day, const QTimeZone &zone)
 }
 
 /// Those of the contact that comes next in the list.
-void takeSends(Sends &all, Channel channel, const std::vector<Instant> &history,
-               const Period &period)
+void takeSends(Sends &all, Channel channel, std::span<const Instant> history, const Period &period)
 {
     for (const Instant instant : history) {
         if (instant >= period.from && instant < period.end)
@@ -56,7 +56,7 @@ void fillRow(const Sends &all, const Send &send, std::vector<ExportCell> &cells)
     const Prospect &contact = all.contacts[send.contact];
     const auto [name, town] = labelParts(contact.label);
     cells = {send.instant,
-             send.channel == Channel::sms ? u"SMS"_s : u"E-mail"_s,
+             channelRecords(send.channel).words.one,
              name,
              town,
              all.departments[send.contact],
@@ -73,8 +73,8 @@ ExportTable sendTable(const ProspectStore &store, QDate first, QDate last, const
     const Period period{startOf(first, zone), startOf(last.addDays(1), zone)};
     for (const Prospect &contact : store.allProspects()) {
         const std::size_t before = all->sends.size();
-        takeSends(*all, Channel::sms, store.sendHistory(contact), period);
-        takeSends(*all, Channel::email, store.emailHistory(contact), period);
+        for (const Channel channel : allChannels)
+            takeSends(*all, channel, store.sends(channel, contact), period);
         if (all->sends.size() == before)
             continue;
         all->contacts.push_back(contact);

@@ -123,8 +123,7 @@ void SheetWriter::beginSheet()
                              : column.kind == ExportKind::moment ? m_moment
                                                                  : nullptr;
         worksheet_set_column(m_sheet, place, place, column.width, format);
-        worksheet_write_string(m_sheet, 0, place,
-                               QString::fromUtf16(column.title).toUtf8().constData(), m_header);
+        worksheet_write_string(m_sheet, 0, place, column.title.toUtf8().constData(), m_header);
     }
     worksheet_freeze_panes(m_sheet, 1, 0);
 }

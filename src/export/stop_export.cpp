@@ -12,7 +12,8 @@ namespace {
 const QString emailPrefix = u"email:"_s;
 
 const std::vector<ExportColumn> stopColumns{
-    {u"Téléphone", 18}, {u"Adresse", 34}, {u"Nom", 36}, {u"Lieu", 24}, {u"Département", 24},
+    {u"Téléphone"_s, 18}, {u"Adresse"_s, 34},     {u"Nom"_s, 36},
+    {u"Lieu"_s, 24},      {u"Département"_s, 24},
 };
 
 } // namespace

@@ -33,8 +33,9 @@ ContactOrigin originOf(const Prospect &first)
     return isLabelOfAdding(first.label) ? ContactOrigin::addedByHand : ContactOrigin::import;
 }
 
-std::vector<Instant> newestFirst(std::vector<Instant> history)
+std::vector<Instant> newestFirst(std::span<const Instant> sends)
 {
+    std::vector<Instant> history(sends.begin(), sends.end());
     std::ranges::stable_sort(history, std::greater());
     return history;
 }
@@ -69,16 +70,13 @@ std::optional<ContactDossier> contactDossier(const ProspectStore &store, const Q
     dossier.isStopped = store.isStopped(*shown);
     if (const SendStatus *status = store.status(*shown))
         dossier.comment = status->comment.value_or(QString());
-    dossier.sms = {store.isMarkedSent(Channel::sms, *shown), newestFirst(store.sendHistory(*shown)),
-                   store.isSelectedForSending(*shown)};
-    dossier.email = {store.isMarkedSent(Channel::email, *shown),
-                     newestFirst(store.emailHistory(*shown)),
-                     store.isSelectedForEmailSending(*shown)};
+    for (const Channel channel : allChannels)
+        dossier.channels[std::size_t(channel)] = {
+            store.isMarkedSent(channel, *shown), newestFirst(store.sends(channel, *shown)),
+            store.isSelected(channel, *shown), store.assignedTemplate(channel, *shown)};
     dossier.quotaMonths =
         monthsWith(store.smsMonthlyRecipientsByMonth(),
                    {ProspectStore::recipientKey(*shown), ProspectStore::recipientKey(first)});
-    dossier.message = store.assignedMessage(*shown);
-    dossier.emailMessage = store.assignedEmailTemplate(*shown);
     dossier.attachment = store.attachmentPath(*shown);
     dossier.attachmentIsThere = store.attachmentExists(*shown);
     dossier.isListed = std::ranges::any_of(keysOf(dossier), [&store](const QString &key) {

@@ -6,11 +6,12 @@ namespace quenoria {
 
 enum class ContactOrigin { builtInList, addedByHand, import };
 
-/// The sends of one channel, as they are recorded.
+/// What is kept for one channel.
 struct DossierSends {
     bool isMarked = false;        ///< as sent
     std::vector<Instant> history; ///< newest first
     bool isTicked = false;        ///< for the next run
+    EmailTemplate message;        ///< assigned; without a subject where the channel has none
 };
 
 /// Everything that the files hold of one contact.
@@ -23,12 +24,9 @@ struct ContactDossier {
     bool isStopped = false;
     bool isListed = false; ///< among the numbers and addresses that are not to be contacted
     QString comment;
-    DossierSends sms;
-    DossierSends email;
+    PerChannel<DossierSends> channels;
     QStringList quotaMonths; ///< "2026-03", in which it counts as a recipient
-    MessageTemplate message;
-    EmailTemplate emailMessage;
-    QString attachment; ///< path, empty without one
+    QString attachment;      ///< path, empty without one
     bool attachmentIsThere = false;
 };
 

@@ -1,12 +1,13 @@
 #include "store/send_report.h"
 
 #include "model/dictionary.h"
-#include "model/sequence.h"
 #include "model/text_set.h"
 #include "store/month_calendar.h"
 #include "store/send_history.h"
 
 #include <algorithm>
+#include <functional>
+#include <numeric>
 
 using namespace Qt::StringLiterals;
 
@@ -20,33 +21,24 @@ constexpr auto soon = std::chrono::days(30);
 struct Recipient {
     const Prospect &contact;
     const SendStatus *status;
-    std::span<const Instant> sms, email;
+    PerChannel<std::span<const Instant>> sends;
     bool isStopped;
 
-    std::span<const Instant> sends(Channel channel) const
-    {
-        return channel == Channel::sms ? sms : email;
-    }
+    std::span<const Instant> on(Channel channel) const { return sends[std::size_t(channel)]; }
 
     /// When it asked for no more, if its record was made for that: any other has a send or a
     /// comment.
     std::optional<Instant> stopInstant() const
     {
-        if (!isStopped || !sms.empty() || status->comment)
+        if (!isStopped || !recordedSends(status).empty() || status->comment)
             return std::nullopt;
         return status->sentAt;
     }
 };
 
-template <typename Line>
-SendCount &countOf(Line &line, Channel channel)
-{
-    return channel == Channel::sms ? line.sms : line.email;
-}
-
 void add(SendCount &count, const Recipient &recipient, Channel channel)
 {
-    const auto sends = recipient.sends(channel);
+    const auto sends = recipient.on(channel);
     count.sends += int(sends.size());
     count.recipients += sends.empty() ? 0 : 1;
     count.stopped += !sends.empty() && recipient.isStopped ? 1 : 0;
@@ -61,9 +53,9 @@ public:
     void add(const Recipient &recipient, Channel channel)
     {
         ++m_turn; // of one contact on one channel
-        for (const Instant instant : recipient.sends(channel)) {
+        for (const Instant instant : recipient.on(channel)) {
             Month &month = at(m_calendar.monthOf(instant));
-            SendCount &count = countOf(month.line, channel);
+            SendCount &count = month.line.sends[std::size_t(channel)];
             ++count.sends;
             if (std::exchange(month.lastTurn, m_turn) == m_turn)
                 continue;
@@ -112,6 +104,12 @@ private:
     int m_turn = 0;
 };
 
+int allSends(const GroupLine &line)
+{
+    return std::transform_reduce(line.sends.begin(), line.sends.end(), 0, std::plus(),
+                                 [](const SendCount &count) { return count.sends; });
+}
+
 class Groups {
 public:
     void add(const QString &name, const Recipient &recipient)
@@ -119,15 +117,15 @@ public:
         GroupLine &line = at(name);
         ++line.contacts;
         line.stopped += recipient.isStopped ? 1 : 0;
-        quenoria::add(line.sms, recipient, Channel::sms);
-        quenoria::add(line.email, recipient, Channel::email);
+        for (const Channel channel : allChannels)
+            quenoria::add(line.sends[std::size_t(channel)], recipient, channel);
     }
 
     std::vector<GroupLine> lines() &&
     {
         std::ranges::sort(m_lines, [](const GroupLine &a, const GroupLine &b) {
-            const int left = a.sms.sends + a.email.sends;
-            const int right = b.sms.sends + b.email.sends;
+            const int left = allSends(a);
+            const int right = allSends(b);
             return left != right ? left > right : a.name < b.name;
         });
         return std::move(m_lines);
@@ -150,25 +148,21 @@ private:
 /// The templates of one channel.
 class Templates {
 public:
-    using Assigned = QString (ProspectStore::*)(const Prospect &) const;
-
-    template <typename Template>
-    Templates(Channel channel, const ProspectStore &store, const Sequence<Template> &templates,
-              Assigned assigned)
-        : m_channel(channel), m_store(store), m_assigned(assigned)
+    Templates(Channel channel, const ProspectStore &store) : m_channel(channel), m_store(store)
     {
-        templates.forEach([this, channel](const Template &each) {
+        for (const EmailTemplate &each : store.templates(channel)) {
             m_places.insert(each.id, m_lines.size());
             m_lines.push_back({channel, each.title});
-        });
+        }
     }
 
     void add(const Recipient &recipient, Instant now)
     {
-        const auto sends = recipient.sends(m_channel);
+        const auto sends = recipient.on(m_channel);
         if (sends.empty())
             return;
-        const auto place = m_places.constFind((m_store.*m_assigned)(recipient.contact));
+        const auto place =
+            m_places.constFind(m_store.assignedTemplate(m_channel, recipient.contact).id);
         if (place == m_places.cend()) // the list lacks even the default
             return;
         TemplateLine &line = m_lines[*place];
@@ -190,16 +184,16 @@ public:
 private:
     Channel m_channel;
     const ProspectStore &m_store;
-    Assigned m_assigned;
     QHash<QString, std::size_t> m_places; ///< by id
     std::vector<TemplateLine> m_lines;
 };
 
 Recipient recipientOf(const ProspectStore &store, const Prospect &contact)
 {
-    const SendStatus *status = store.status(contact);
-    return {contact, status, recordedSends(status), recordedSends(store.emailStatus(contact)),
-            status && status->stopped.value_or(false)};
+    Recipient recipient{contact, store.status(contact), {}, store.isStopped(contact)};
+    for (const Channel channel : allChannels)
+        recipient.sends[std::size_t(channel)] = store.sends(channel, contact);
+    return recipient;
 }
 
 } // namespace
@@ -209,18 +203,17 @@ SendReport sendReport(const ProspectStore &store, const QTimeZone &zone, Instant
     Months months(zone);
     Groups departments;
     Groups trades;
-    Templates messages(Channel::sms, store, store.messageTemplates(),
-                       &ProspectStore::assignedMessageID);
-    Templates emails(Channel::email, store, store.emailTemplates(),
-                     &ProspectStore::assignedEmailTemplateID);
+    std::vector<Templates> templates;
+    for (const Channel channel : allChannels)
+        templates.emplace_back(channel, store);
     for (const Prospect &contact : store.allProspects()) {
         const Recipient recipient = recipientOf(store, contact);
-        months.add(recipient, Channel::sms);
-        months.add(recipient, Channel::email);
         departments.add(contact.department, recipient);
         trades.add(contact.profession.value_or(QString()), recipient);
-        messages.add(recipient, now);
-        emails.add(recipient, now);
+        for (const Channel channel : allChannels) {
+            months.add(recipient, channel);
+            templates[std::size_t(channel)].add(recipient, now);
+        }
     }
     store.smsMonthlyRecipientsByMonth().forEach(
         [&](const QString &month, const TextSet &recipients) {
@@ -228,8 +221,8 @@ SendReport sendReport(const ProspectStore &store, const QTimeZone &zone, Instant
         });
     SendReport report{
         months.lines(), std::move(departments).lines(), std::move(trades).lines(), {}};
-    messages.appendTo(report.templates);
-    emails.appendTo(report.templates);
+    for (const Templates &each : templates)
+        each.appendTo(report.templates);
     return report;
 }
 

@@ -16,8 +16,7 @@ struct SendCount {
 
 struct MonthLine {
     QDate first; ///< day
-    SendCount sms = {};
-    SendCount email = {};
+    PerChannel<SendCount> sends = {};
     int quota = 0; ///< numbers that the monthly quota counts, those of deleted contacts included
     bool operator==(const MonthLine &) const = default;
 };
@@ -27,15 +26,14 @@ struct GroupLine {
     QString name; ///< code of the department, or the trade; empty for those without one
     int contacts = 0;
     int stopped = 0; ///< of all contacts
-    SendCount sms = {};
-    SendCount email = {};
+    PerChannel<SendCount> sends = {};
     bool operator==(const GroupLine &) const = default;
 };
 
 /// The contacts that a template is assigned to today, and what was sent to them on its channel:
 /// with which template a message was written is recorded nowhere.
 struct TemplateLine {
-    Channel channel = Channel::sms;
+    Channel channel = {};
     QString title;
     SendCount count = {};
     // Recipients who asked for no more within thirty days of their last message. The day of a STOP
@@ -51,7 +49,8 @@ struct SendReport {
     std::vector<MonthLine> months;      ///< earliest first, without those in which nothing was sent
     std::vector<GroupLine> departments; ///< most sends first, like the trades
     std::vector<GroupLine> trades;
-    std::vector<TemplateLine> templates; ///< in their order, SMS first; contacts written to
+    std::vector<TemplateLine>
+        templates; ///< in their order, channel by channel; contacts written to
 };
 
 [[nodiscard]] SendReport sendReport(const ProspectStore &store, const QTimeZone &zone, Instant now);

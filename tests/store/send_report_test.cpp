@@ -33,20 +33,20 @@ protected:
 TEST_F(SendReports, CountMonthsOfTheUsersCalendarAndEachRecipientOnce)
 {
     EXPECT_EQ(report("2026-03-10T10:00:00Z").months,
-              (std::vector<MonthLine>{{QDate(2025, 6, 1), {}, {}, 1},
-                                      {QDate(2026, 1, 1), {1, 1, 1}, {}, 2},
-                                      {QDate(2026, 2, 1), {2, 1, 1}, {}, 0},
-                                      {QDate(2026, 3, 1), {}, {1, 1, 1}, 0}}));
+              (std::vector<MonthLine>{{QDate(2025, 6, 1), {}, 1},
+                                      {QDate(2026, 1, 1), {{{1, 1, 1}}}, 2},
+                                      {QDate(2026, 2, 1), {{{2, 1, 1}}}, 0},
+                                      {QDate(2026, 3, 1), {{{}, {1, 1, 1}}}, 0}}));
 }
 
 TEST_F(SendReports, GroupContactsWithTheMostSendsFirst)
 {
     const SendReport all = report("2026-03-10T10:00:00Z");
-    EXPECT_EQ(all.departments, (std::vector<GroupLine>{{u"29"_s, 1, 1, {3, 1, 1}, {}},
-                                                       {u"56"_s, 1, 1, {}, {1, 1, 1}},
-                                                       {u"75"_s, 1, 0, {}, {}}}));
-    EXPECT_EQ(all.trades, (std::vector<GroupLine>{{u"Fleuriste"_s, 1, 1, {3, 1, 1}, {}},
-                                                  {QString(), 2, 1, {}, {1, 1, 1}}}));
+    EXPECT_EQ(all.departments, (std::vector<GroupLine>{{u"29"_s, 1, 1, {{{3, 1, 1}}}},
+                                                       {u"56"_s, 1, 1, {{{}, {1, 1, 1}}}},
+                                                       {u"75"_s, 1, 0}}));
+    EXPECT_EQ(all.trades, (std::vector<GroupLine>{{u"Fleuriste"_s, 1, 1, {{{3, 1, 1}}}},
+                                                  {QString(), 2, 1, {{{}, {1, 1, 1}}}}}));
 }
 
 TEST_F(SendReports, SayOfATemplateNoMoreThanTheFilesHold)

@@ -1,5 +1,6 @@
 #include "ui/sheets/dossier_text.h"
 
+#include "store/channel_records.h"
 #include "ui/sheets/history_rows.h"
 
 using namespace Qt::StringLiterals;
@@ -71,22 +72,29 @@ DossierSection refusal(const ContactDossier &dossier)
     return section;
 }
 
-DossierSection sends(const QString &title, const DossierSends &sends, const QTimeZone &zone)
+DossierSection sends(const ContactDossier &dossier, Channel channel, const QTimeZone &zone)
 {
-    DossierSection section{title,
+    const DossierSends &sends = dossier.channels[std::size_t(channel)];
+    DossierSection section{channelRecords(channel).words.many,
                            {{u"Marqué envoyé"_s, yesOrNo(sends.isMarked)},
-                            {u"Coché pour le prochain envoi"_s, yesOrNo(sends.isTicked)},
-                            {u"Envois enregistrés"_s, QString::number(sends.history.size())}}};
+                            {u"Coché pour le prochain envoi"_s, yesOrNo(sends.isTicked)}}};
+    if (channelRecords(channel).monthly)
+        section.lines.push_back(
+            {u"Mois où le quota le compte"_s, orNone(dossier.quotaMonths.join(u", "_s))});
+    section.lines.push_back({u"Envois enregistrés"_s, QString::number(sends.history.size())});
     for (const Instant instant : sends.history)
         section.lines.push_back({{}, shownMoment(instant, zone)});
     return section;
 }
 
-DossierSection smsSends(const ContactDossier &dossier, const QTimeZone &zone)
+DossierSection message(const ContactDossier &dossier, Channel channel)
 {
-    DossierSection section = sends(u"SMS"_s, dossier.sms, zone);
-    section.lines.insert(section.lines.begin() + 2, {u"Mois où le quota le compte"_s,
-                                                     orNone(dossier.quotaMonths.join(u", "_s))});
+    const EmailTemplate &text = dossier.channels[std::size_t(channel)].message;
+    DossierSection section{u"Modèle %1 attribué"_s.arg(channelRecords(channel).words.ofOne),
+                           {{u"Titre"_s, text.title}}};
+    if (channelRecords(channel).hasSubject)
+        section.lines.push_back({u"Objet"_s, text.subject});
+    section.lines.push_back({{}, text.body});
     return section;
 }
 
@@ -108,14 +116,10 @@ std::vector<DossierSection> dossierSections(const ContactDossier &dossier, const
         sections.push_back(firstForm(*dossier.first));
     sections.push_back(refusal(dossier));
     sections.push_back({u"Commentaire"_s, {{{}, orNone(dossier.comment)}}});
-    sections.push_back(smsSends(dossier, zone));
-    sections.push_back(sends(u"E-mails"_s, dossier.email, zone));
-    sections.push_back({u"Modèle de SMS attribué"_s,
-                        {{u"Titre"_s, dossier.message.title}, {{}, dossier.message.body}}});
-    sections.push_back({u"Modèle d’e-mail attribué"_s,
-                        {{u"Titre"_s, dossier.emailMessage.title},
-                         {u"Objet"_s, dossier.emailMessage.subject},
-                         {{}, dossier.emailMessage.body}}});
+    for (const Channel channel : allChannels)
+        sections.push_back(sends(dossier, channel, zone));
+    for (const Channel channel : allChannels)
+        sections.push_back(message(dossier, channel));
     sections.push_back(attachment(dossier));
     return sections;
 }

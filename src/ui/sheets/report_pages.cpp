@@ -1,6 +1,7 @@
 #include "ui/sheets/report_pages.h"
 
 #include "model/text_order.h"
+#include "store/channel_records.h"
 
 #include <QLocale>
 
@@ -23,16 +24,33 @@ const QString ofContacts =
     u"Sont comptés les envois enregistrés des contacts de la liste : ceux d’un contact supprimé "
     "sont partis avec lui."_s;
 
+/// Columns that every channel has, with the quota after those of the one that has it.
+void addChannelColumns(ReportPage &page, bool byMonth)
+{
+    for (const Channel channel : allChannels) {
+        const ChannelRecords &records = channelRecords(channel);
+        const ChannelWords &words = records.words;
+        const int width = narrow + 6 + words.extraWidth;
+        page.columns.push_back({words.many, narrow, number});
+        page.columns.push_back({u"Destinataires "_s + words.inText, width, number});
+        page.bars.push_back({page.columns.size() - (byMonth ? 1 : 2), words.many});
+        if (byMonth)
+            page.columns.push_back({u"STOP depuis (%1)"_s.arg(words.inText), width, number});
+        if (byMonth && records.monthly)
+            page.columns.push_back({u"Quota compté"_s, narrow, number});
+    }
+}
+
 std::vector<ExportCell> monthRow(const MonthLine &month)
 {
-    return {displayLocale().toString(month.first, u"MMM yyyy"_s),
-            month.sms.sends,
-            month.sms.recipients,
-            month.sms.stopped,
-            month.quota,
-            month.email.sends,
-            month.email.recipients,
-            month.email.stopped};
+    std::vector<ExportCell> row{displayLocale().toString(month.first, u"MMM yyyy"_s)};
+    for (const Channel channel : allChannels) {
+        const SendCount &count = month.sends[std::size_t(channel)];
+        row.insert(row.end(), {count.sends, count.recipients, count.stopped});
+        if (channelRecords(channel).monthly)
+            row.emplace_back(month.quota);
+    }
+    return row;
 }
 
 ReportPage byMonth(const SendReport &report)
@@ -42,20 +60,14 @@ ReportPage byMonth(const SendReport &report)
                         ofContacts +
                         u" « STOP depuis » : destinataires du mois qui ne veulent plus de message "
                         "aujourd’hui. Le quota compte chaque numéro une fois par mois, sur 250."_s,
-                    .columns = {{u"Mois", narrow + 6},
-                                {u"SMS", narrow, number},
-                                {u"Destinataires SMS", narrow + 6, number},
-                                {u"STOP depuis (SMS)", narrow + 6, number},
-                                {u"Quota compté", narrow, number},
-                                {u"E-mails", narrow, number},
-                                {u"Destinataires e-mail", narrow + 8, number},
-                                {u"STOP depuis (e-mail)", narrow + 8, number}},
+                    .columns = {{u"Mois"_s, narrow + 6}},
                     .rows = {},
                     .chartTitle = u"Destinataires distincts"_s,
-                    .bars = {{2, u"SMS"_s}, {6, u"E-mails"_s}},
+                    .bars = {},
                     .newestFirst = true,
                     .limit = ProspectStore::standardSMSMonthlyRecipientLimit,
                     .limitName = u"Quota SMS"_s};
+    addChannelColumns(page, true);
     std::transform(report.months.rbegin(), report.months.rend(), std::back_inserter(page.rows),
                    monthRow);
     return page;
@@ -63,36 +75,31 @@ ReportPage byMonth(const SendReport &report)
 
 std::vector<ExportCell> groupRow(const QString &name, const GroupLine &line)
 {
-    return {name,
-            line.contacts,
-            line.sms.sends,
-            line.sms.recipients,
-            line.email.sends,
-            line.email.recipients,
-            line.stopped};
+    std::vector<ExportCell> row{name, line.contacts};
+    for (const SendCount &count : line.sends)
+        row.insert(row.end(), {count.sends, count.recipients});
+    row.emplace_back(line.stopped);
+    return row;
 }
 
-ReportPage byGroup(const QString &name, const char16_t *column)
+ReportPage byGroup(const QString &name, const QString &column)
 {
-    return {.name = name,
-            .note = ofContacts + u" Les plus nombreux d’abord."_s,
-            .columns = {{column, wide},
-                        {u"Contacts", narrow, number},
-                        {u"SMS", narrow, number},
-                        {u"Destinataires SMS", narrow + 6, number},
-                        {u"E-mails", narrow, number},
-                        {u"Destinataires e-mail", narrow + 8, number},
-                        {u"Contacts STOP", narrow, number}},
-            .rows = {},
-            .chartTitle = u"Envois"_s,
-            .bars = {{2, u"SMS"_s}, {4, u"E-mails"_s}},
-            .limit = {},
-            .limitName = {}};
+    ReportPage page{.name = name,
+                    .note = ofContacts + u" Les plus nombreux d’abord."_s,
+                    .columns = {{column, wide}, {u"Contacts"_s, narrow, number}},
+                    .rows = {},
+                    .chartTitle = u"Envois"_s,
+                    .bars = {},
+                    .limit = {},
+                    .limitName = {}};
+    addChannelColumns(page, false);
+    page.columns.push_back({u"Contacts STOP"_s, narrow, number});
+    return page;
 }
 
 ReportPage byDepartment(const SendReport &report, const ProspectStore &store)
 {
-    ReportPage page = byGroup(u"Par département"_s, u"Département");
+    ReportPage page = byGroup(u"Par département"_s, u"Département"_s);
     for (const GroupLine &line : report.departments) {
         const QString name = line.name.isEmpty()
                                  ? u"Sans département"_s
@@ -104,7 +111,7 @@ ReportPage byDepartment(const SendReport &report, const ProspectStore &store)
 
 ReportPage byTrade(const SendReport &report)
 {
-    ReportPage page = byGroup(u"Par métier"_s, u"Métier");
+    ReportPage page = byGroup(u"Par métier"_s, u"Métier"_s);
     for (const GroupLine &line : report.trades)
         page.rows.push_back(groupRow(line.name.isEmpty() ? u"Sans métier"_s : line.name, line));
     return page;
@@ -117,9 +124,8 @@ ExportCell shareOf(int part, int whole)
 
 std::vector<ExportCell> templateRow(const TemplateLine &line)
 {
-    const QString channel = line.channel == Channel::sms ? u"SMS : "_s : u"E-mail : "_s;
     const SendCount &count = line.count;
-    return {channel + line.title,
+    return {u"%1 : %2"_s.arg(channelRecords(line.channel).words.one, line.title),
             count.sends,
             count.recipients,
             count.stopped,
@@ -137,13 +143,13 @@ ReportPage byTemplate(const SendReport &report)
             "est donc compté sous le modèle qui lui est attribué aujourd’hui, et son STOP après "
             "son dernier envoi. « Au moins » : STOP sûrement venus dans les 30 jours ; « au "
             "plus » : y compris ceux dont le délai reste inconnu."_s,
-        .columns = {{u"Modèle", wide},
-                    {u"Envois", narrow, number},
-                    {u"Destinataires", narrow + 2, number},
-                    {u"STOP", narrow, number},
-                    {u"STOP en 30 jours", narrow + 5, number},
-                    {u"Part, au moins", narrow + 2, share},
-                    {u"Part, au plus", narrow + 2, share}},
+        .columns = {{u"Modèle"_s, wide},
+                    {u"Envois"_s, narrow, number},
+                    {u"Destinataires"_s, narrow + 2, number},
+                    {u"STOP"_s, narrow, number},
+                    {u"STOP en 30 jours"_s, narrow + 5, number},
+                    {u"Part, au moins"_s, narrow + 2, share},
+                    {u"Part, au plus"_s, narrow + 2, share}},
         .rows = {},
         .chartTitle = u"STOP en 30 jours, part des destinataires"_s,
         .bars = {{5, u"Au moins"_s}, {6, u"Au plus"_s}},

@@ -28,7 +28,7 @@ constexpr int refreshDelay = 300; ///< milliseconds: a run changes the store aga
 bool isEmpty(const SendReport &report)
 {
     return std::ranges::none_of(report.months, [](const MonthLine &month) {
-        return month.sms.sends + month.email.sends > 0;
+        return std::ranges::any_of(month.sends, [](auto &count) { return count.sends > 0; });
     });
 }
 
