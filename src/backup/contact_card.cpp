@@ -12,10 +12,13 @@ ContactCards cardsOf(const ProspectStore &store)
         const SendStatus *status = store.status(contact);
         if (cards.contains(contact.id))
             continue;
-        cards.insert(contact.id,
-                     {contact, status ? status->comment.value_or(QString()) : QString(),
-                      store.assignedMessageID(contact), store.assignedEmailTemplateID(contact),
-                      store.attachmentPath(contact)});
+        ContactCard card{contact,
+                         status ? status->comment.value_or(QString()) : QString(),
+                         {},
+                         store.attachmentPath(contact)};
+        for (const Channel channel : allChannels)
+            card.messages[std::size_t(channel)] = store.assignedTemplate(channel, contact).id;
+        cards.insert(contact.id, card);
     }
     return cards;
 }

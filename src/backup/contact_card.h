@@ -1,5 +1,6 @@
 #pragma once
 
+#include "model/channel.h"
 #include "model/records.h"
 
 #include <QHash>
@@ -12,8 +13,7 @@ class ProspectStore;
 struct ContactCard {
     Prospect contact;
     QString comment;
-    QString message; ///< id of its SMS template
-    QString email;   ///< id of its e-mail template
+    PerChannel<QString> messages; ///< ids of its templates
     QString attachment;
     bool operator==(const ContactCard &) const = default;
 };

@@ -1,8 +1,8 @@
 #include "backup/memory_of_sends.h"
 
-#include "model/collections.h"
 #include "model/contact_rules.h"
 #include "model/dictionary.h"
+#include "store/channel_data.h"
 #include "store/do_not_contact.h"
 #include "store/many_contacts.h"
 #include "store/prospect_store.h"
@@ -18,10 +18,9 @@ namespace quenoria {
 namespace {
 
 /// The files hold whole seconds: a send is the same one before and after it was written.
-template <typename Status>
-std::vector<Instant> datesOf(const Status *status)
+std::vector<Instant> datesOf(std::span<const Instant> sends)
 {
-    std::vector<Instant> dates = historyFrom(status);
+    std::vector<Instant> dates(sends.begin(), sends.end());
     for (Instant &date : dates)
         date = std::chrono::floor<std::chrono::seconds>(date);
     std::ranges::sort(dates);
@@ -44,6 +43,9 @@ void join(SendDates &known, const QString &id, const std::vector<Instant> &dates
         known[id] = std::move(all);
 }
 
+bool asksForNoMore(const SendStatus *status) { return status && status->stopped.value_or(false); }
+bool asksForNoMore(const EmailSendStatus * /*status*/) { return false; } // stands with the SMS
+
 Prospect contactOf(const QString &id, const ProspectStore &store)
 {
     if (const Prospect *known = store.prospect(id))
@@ -57,13 +59,11 @@ template <typename Visit>
 void forEachForgottenSend(const MemoryOfSends &memory, const ProspectStore &store, Visit &&visit)
 {
     Prospect contact;
-    for (const auto &[id, dates] : memory.sms.asKeyValueRange()) {
-        contact.id = id;
-        visit(Channel::sms, id, missing(dates, datesOf(store.status(contact))));
-    }
-    for (const auto &[id, dates] : memory.emails.asKeyValueRange()) {
-        contact.id = id;
-        visit(Channel::email, id, missing(dates, datesOf(store.emailStatus(contact))));
+    for (const Channel channel : allChannels) {
+        for (const auto &[id, dates] : memory.sends[std::size_t(channel)].asKeyValueRange()) {
+            contact.id = id;
+            visit(channel, id, missing(dates, datesOf(store.sends(channel, contact))));
+        }
     }
 }
 
@@ -79,13 +79,15 @@ MemoryOfSends memoryOf(const ProspectStore &store)
 {
     MemoryOfSends memory;
     store.statuses().forEach([&memory](const QString &id, const SendStatus &status) {
-        if (status.stopped.value_or(false))
+        if (asksForNoMore(&status))
             memory.stopped.insert(memory.stopped.end(), id);
-        join(memory.sms, id, datesOf(&status));
     });
-    store.emailStatuses().forEach([&memory](const QString &id, const EmailSendStatus &status) {
-        join(memory.emails, id, datesOf(&status));
-    });
+    for (const Channel channel : allChannels) {
+        SendDates &known = memory.sends[std::size_t(channel)];
+        store.forEachRecord(channel, [&known](const QString &id, std::span<const Instant> sends) {
+            join(known, id, datesOf(sends));
+        });
+    }
     for (const QString &id : memory.stopped)
         memory.stoppedKeys.merge(keysOf(contactOf(id, store)));
     store.smsMonthlyRecipientsByMonth().forEach(
@@ -98,17 +100,19 @@ MemoryOfSends memoryOf(const ProspectStore &store)
     return memory;
 }
 
-void remember(MemoryOfSends &memory, const IdSet &ids, const QByteArray &statuses,
-              const QByteArray &emailStatuses)
+void remember(MemoryOfSends &memory, const IdSet &ids, const PerChannel<QByteArray> &statuses)
 {
-    const auto sms = decodeCollection<Dictionary<SendStatus>>(statuses);
-    const auto emails = decodeCollection<Dictionary<EmailSendStatus>>(emailStatuses);
-    for (const QString &id : ids) {
-        const SendStatus *status = sms ? sms->find(id) : nullptr;
-        if (status && status->stopped.value_or(false))
-            memory.stopped.insert(id);
-        join(memory.sms, id, datesOf(status));
-        join(memory.emails, id, datesOf(emails ? emails->find(id) : nullptr));
+    for (const Channel channel : allChannels) {
+        AllChannelData().on(channel, [&](const auto &data) {
+            using Statuses = std::remove_cvref_t<decltype(data.statuses)>;
+            const auto decoded = decodeCollection<Statuses>(statuses[std::size_t(channel)]);
+            for (const QString &id : ids) {
+                const auto *status = decoded ? decoded->find(id) : nullptr;
+                join(memory.sends[std::size_t(channel)], id, datesOf(recordedSends(status)));
+                if (asksForNoMore(status))
+                    memory.stopped.insert(id);
+            }
+        });
     }
 }
 
@@ -166,8 +170,7 @@ void bringBackSends(const MemoryOfSends &memory, ProspectStore &store)
                                  const std::vector<Instant> &dates) {
         const Prospect contact = contactOf(id, store);
         for (const Instant date : dates)
-            channel == Channel::sms ? store.recordSent(contact, date)
-                                    : store.recordEmailSent(contact, date);
+            store.recordSent(channel, contact, date);
     };
     forEachForgottenSend(memory, store, record);
     for (const auto &[month, keys] : memory.recipientsByMonth) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "model/channel.h"
 #include "model/id_set.h"
 #include "model/records.h"
 #include "model/text_set.h"
@@ -20,8 +21,7 @@ using SendDates = QHash<QString, std::vector<Instant>>; ///< by contact id: whol
 struct MemoryOfSends {
     IdSet stopped;     ///< ids
     IdSet stoppedKeys; ///< their numbers and addresses, as an import would know them
-    SendDates sms;
-    SendDates emails;
+    PerChannel<SendDates> sends;
     std::map<QString, TextSet> recipientsByMonth;
     IdSet doNotContact;      ///< entries of the list
     ErasedKeys erased;       ///< of it
@@ -30,9 +30,8 @@ struct MemoryOfSends {
 
 [[nodiscard]] MemoryOfSends memoryOf(const ProspectStore &store);
 
-/// Takes STOPs and sends of these contacts out of the texts of the two files that hold them.
-void remember(MemoryOfSends &memory, const IdSet &ids, const QByteArray &statuses,
-              const QByteArray &emailStatuses);
+/// Takes STOPs and sends of these contacts out of the texts of the files that hold them.
+void remember(MemoryOfSends &memory, const IdSet &ids, const PerChannel<QByteArray> &statuses);
 
 /// Takes out of the store whoever was erased since. That is no matter of choice.
 void leaveOutErased(const MemoryOfSends &memory, ProspectStore &store);

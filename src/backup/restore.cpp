@@ -6,8 +6,7 @@
 #include "backup/pending_restore.h"
 #include "backup/unpacked_backup.h"
 #include "backup/unrestorable.h"
-#include "store/collection.h"
-#include "store/prospect_store.h"
+#include "store/channel_records.h"
 
 #include <set>
 
@@ -57,21 +56,38 @@ QStringList labelsOf(const IdSet &ids, const ContactCards &cards, const ContactC
     return labels;
 }
 
+QString sendsFile(Channel channel)
+{
+    return QString::fromUtf16(descriptor(channelRecords(channel).statuses).fileName);
+}
+
+/// Nothing of a channel that is newer than the archive.
+PerChannel<QByteArray> sendsIn(const BackupArchive &archive)
+{
+    PerChannel<QByteArray> statuses;
+    for (const Channel channel : allChannels) {
+        if (archive.holds(sendsFile(channel)))
+            statuses[std::size_t(channel)] = archive.bytes(sendsFile(channel));
+    }
+    return statuses;
+}
+
 /// A contact that was deleted took its STOP along, but a newer backup may hold it.
 void rememberDeleted(MemoryOfSends &memory, const IdSet &ids, const QString &folder, Instant since)
 {
-    const QString statuses = QString::fromUtf16(descriptor(Collection::statuses).fileName);
-    const QString emails = QString::fromUtf16(descriptor(Collection::emailStatuses).fileName);
-    std::set<std::pair<quint64, quint32>> seen[2];
+    PerChannel<std::set<std::pair<quint64, quint32>>> seen;
     for (const StoredBackup &newer : storedBackups(folder)) {
         if (ids.empty() || newer.date <= since)
             return;
         try {
             const BackupArchive archive(newer.path);
-            const bool isNew[] = {seen[0].insert(archive.fingerprint(statuses)).second,
-                                  seen[1].insert(archive.fingerprint(emails)).second};
-            if (isNew[0] || isNew[1])
-                remember(memory, ids, archive.bytes(statuses), archive.bytes(emails));
+            bool isNew = false;
+            for (const Channel channel : allChannels) {
+                const auto print = archive.fingerprint(sendsFile(channel));
+                isNew = seen[std::size_t(channel)].insert(print).second || isNew;
+            }
+            if (isNew)
+                remember(memory, ids, sendsIn(archive));
         } catch (const Unrestorable &) {
             continue; // it cannot be restored either
         }

@@ -1,11 +1,9 @@
 #include "backup/snapshot.h"
 
 #include "backup/backup_files.h"
-#include "model/dictionary.h"
 #include "platform/platform.h"
 #include "platform/system_reason.h"
 #include "store/prospect_store.h"
-#include "store/send_history.h"
 
 #include <QCryptographicHash>
 #include <QDir>
@@ -19,11 +17,10 @@ namespace {
 qint64 sendsIn(const ProspectStore &store)
 {
     std::size_t sends = 0;
-    const auto count = [&sends](const QString &, const auto &status) {
-        sends += sendCount(status);
-    };
-    store.statuses().forEach(count);
-    store.emailStatuses().forEach(count);
+    for (const Channel channel : allChannels)
+        store.forEachRecord(channel, [&sends](const QString &, std::span<const Instant> each) {
+            sends += each.size();
+        });
     return qint64(sends);
 }
 

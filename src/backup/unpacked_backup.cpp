@@ -3,6 +3,7 @@
 #include "backup/backup_files.h"
 #include "backup/pending_restore.h"
 #include "backup/unrestorable.h"
+#include "store/collection.h"
 #include "store/prospect_store.h"
 
 #include <QDir>
@@ -92,13 +93,22 @@ void UnpackedBackup::unpack(const BackupArchive &archive) const
     }
 }
 
+/// A file that the backup does not know of is written empty: else the present one would stay.
 void UnpackedBackup::keep()
 {
+    const QDir unpacked(m_aside->folders.path);
+    const QDir present(m_platform.folders.data());
+    const auto isMissing = [&](const QString &name) {
+        return !unpacked.exists(name) && present.exists(name);
+    };
+    for (const CollectionDescriptor &row : collections()) {
+        if (isMissing(QString::fromUtf16(row.fileName)))
+            m_store->save(row.collection);
+    }
     if (!m_store->unsaved().empty())
         throw Unrestorable{notWritten + m_store->unsaved().begin()->second};
-    const QDir unpacked(m_aside->folders.path);
     for (const BackedUpFile &file : backedUpFiles()) {
-        if (!unpacked.exists(file.name) && QDir(m_platform.folders.data()).exists(file.name))
+        if (isMissing(file.name))
             mustBeDone(m_platform.files.write(unpacked.filePath(file.name), "[]\n"));
     }
     m_isKept = true;
