@@ -1,3 +1,4 @@
+#include "messaging/channel_delivery.h"
 #include "messaging/compose_url.h"
 #include "messaging/hand_over.h"
 #include "messaging/line_ends.h"
@@ -149,6 +150,20 @@ QCoro::Task<SendOutcome> ProspectStore::sendEmailAutomatically(Prospect prospect
     if (lease.isAbandoned())
         co_return Abandoned{};
     co_return outcome;
+}
+
+ChannelDelivery emailDelivery()
+{
+    return {.prepare = [](ProspectStore &store, const Platform & /*platform*/,
+                          const Prospect &contact,
+                          bool /*freeProEnabled*/) { return store.prepareEmail(contact); },
+            .send =
+                [](ProspectStore &store, Sending sending) {
+                    return store.sendEmailAutomatically(std::move(sending.contact),
+                                                        std::move(sending.gate));
+                },
+            .oneByOne = true,
+            .waitsForMailTurn = true};
 }
 
 } // namespace quenoria

@@ -1,5 +1,6 @@
 #include "messaging/send_desk.h"
 
+#include "messaging/channel_delivery.h"
 #include "messaging/send_intents.h"
 
 #include <QCoroFuture>
@@ -82,17 +83,17 @@ SendDesk::Place SendDesk::enter(Channel channel, const QString &contactId)
 {
     const Place order = m_orders.insert(m_orders.end(), Order{channel, contactId});
     order->turn.start();
-    if (channel == Channel::sms)
-        order->turn.finish(); // the store spaces and refuses them
+    if (deliveryOn(channel).oneByOne)
+        callNext(channel);
     else
-        callNextEmail();
+        order->turn.finish();
     Q_EMIT underWayChanged(channel, contactId);
     return order;
 }
 
-void SendDesk::callNextEmail()
+void SendDesk::callNext(Channel channel)
 {
-    const auto first = std::ranges::find(m_orders, Channel::email, &Order::channel);
+    const auto first = std::ranges::find(m_orders, channel, &Order::channel);
     if (first != m_orders.end() && !first->turn.future().isFinished())
         first->turn.finish();
 }
@@ -100,23 +101,21 @@ void SendDesk::callNextEmail()
 QCoro::Task<SendOutcome> SendDesk::carry(Place order, bool freeProEnabled)
 {
     const TaskScope::Lease lease = m_tasks.lease();
-    if (order->channel == Channel::email && m_mailTurn.isNeeded() &&
-        !order->stop.stop_requested()) {
+    const ChannelDelivery delivery = deliveryOn(order->channel);
+    if (delivery.waitsForMailTurn && m_mailTurn.isNeeded() && !order->stop.stop_requested()) {
         const QCoro::Task<> turn = m_mailTurn.wait(order->stop.get_token());
         co_await turn;
         if (lease.isAbandoned())
             co_return Abandoned{};
     }
     const Prospect *contact = m_store.prospect(order->contactId);
-    if (!contact || order->stop.stop_requested())
+    if (!contact || !delivery.send || order->stop.stop_requested())
         co_return Refused{};
     const HandOverGate gate = [this, order](const HandOver &message) {
         return writeIntent(*order, message);
     };
-    const QCoro::Task<SendOutcome> sending =
-        order->channel == Channel::sms
-            ? m_store.sendSMSAutomatically(*contact, freeProEnabled, order->stop.get_token(), gate)
-            : m_store.sendEmailAutomatically(*contact, gate);
+    Sending message{*contact, freeProEnabled, order->stop.get_token(), gate};
+    const QCoro::Task<SendOutcome> sending = delivery.send(m_store, std::move(message));
     co_return co_await sending;
 }
 
@@ -174,7 +173,8 @@ void SendDesk::leave(Place order)
     const QString contactId = order->contactId;
     m_orders.erase(order);
     Q_EMIT underWayChanged(channel, contactId);
-    callNextEmail();
+    if (deliveryOn(channel).oneByOne)
+        callNext(channel);
     if (isBusy())
         return;
     m_progress.end();
@@ -190,8 +190,7 @@ Refusal SendDesk::prepare(Channel channel, const Prospect &contact, bool freePro
         return stillInDoubt;
     if (m_stopReplies.isWaiting(contact))
         return saidStop;
-    Refusal refusal = channel == Channel::sms ? m_store.prepareSMS(contact, freeProEnabled)
-                                              : m_store.prepareEmail(contact);
+    Refusal refusal = deliveryOn(channel).prepare(m_store, m_platform, contact, freeProEnabled);
     if (!refusal)
         Q_EMIT prepared(channel, contact.id);
     return refusal;
@@ -199,10 +198,7 @@ Refusal SendDesk::prepare(Channel channel, const Prospect &contact, bool freePro
 
 void SendDesk::confirm(Channel channel, const Prospect &contact)
 {
-    if (channel == Channel::sms)
-        m_store.recordSentNow(contact);
-    else
-        m_store.recordEmailSentNow(contact);
+    m_store.recordSentNow(channel, contact);
 }
 
 bool SendDesk::isUnderWay(Channel channel, const QString &contactId) const

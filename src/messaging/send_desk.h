@@ -100,7 +100,7 @@ private:
     Refusal writeIntent(Order &order, const HandOver &message);
     Refusal record(const Order &order);
     void leave(Place order);
-    void callNextEmail();
+    void callNext(Channel channel);
     Refusal unsaved(Channel channel) const;
     void forgetSaved();
     void reconcile();

@@ -1,6 +1,6 @@
 #include "messaging/send_desk.h"
 #include "messaging/send_intents.h"
-#include "store/collection.h"
+#include "store/channel_records.h"
 
 #include <algorithm>
 
@@ -20,10 +20,8 @@ bool SendDesk::raiseDoubt(Channel channel, const QString &contactId)
 void SendDesk::answer(const SendIntent &doubt, DoubtAnswer answer)
 {
     const Channel channel = channelOf(doubt);
-    if (answer == DoubtAnswer::left && channel == Channel::sms)
-        m_store.recordSent(contactOf(doubt), doubt.instant);
-    else if (answer == DoubtAnswer::left)
-        m_store.recordEmailSent(contactOf(doubt), doubt.instant);
+    if (answer == DoubtAnswer::left)
+        m_store.recordSent(channel, contactOf(doubt), doubt.instant);
     if (answer == DoubtAnswer::left && unsaved(channel))
         m_unsaved.push_back(doubt);
     else if (answer != DoubtAnswer::later)
@@ -65,8 +63,8 @@ void SendDesk::reconcile()
         const std::vector<Instant> since = historySince(m_store, channel, contact, intent.instant);
         if (since.size() <= intent.known.size())
             continue;
-        if (channel == Channel::sms)
-            m_store.recordSMSRecipientUsage(contact, since.back());
+        if (const auto &monthly = channelRecords(channel).monthly)
+            (m_store.*monthly->add)(contact, since.back());
         if (unsaved(channel))
             m_unsaved.push_back(intent);
         else

@@ -1,17 +1,18 @@
 #include "messaging/send_intents.h"
 
-#include "store/collection.h"
-#include "store/prospect_store.h"
+#include "store/channel_records.h"
 
-using namespace Qt::StringLiterals;
+#include <algorithm>
 
 namespace quenoria {
 
-QString nameOf(Channel channel) { return channel == Channel::sms ? u"sms"_s : u"email"_s; }
+QString nameOf(Channel channel) { return channelRecords(channel).name; }
 
+/// One that this edition does not know is asked about as an e-mail.
 Channel channelOf(const SendIntent &intent)
 {
-    return intent.channel == nameOf(Channel::sms) ? Channel::sms : Channel::email;
+    const auto found = std::ranges::find(allChannels, intent.channel, nameOf);
+    return found == allChannels.end() ? Channel::email : *found;
 }
 
 Prospect contactOf(const SendIntent &intent)
@@ -19,27 +20,26 @@ Prospect contactOf(const SendIntent &intent)
     Prospect contact;
     contact.id = intent.contact;
     contact.label = intent.label;
-    if (channelOf(intent) == Channel::sms)
-        contact.phone = intent.recipient;
-    else
-        contact.email = intent.recipient;
+    channelRecords(channelOf(intent)).reach.readdress(contact, intent.recipient);
     return contact;
 }
 
 std::vector<Instant> historySince(const ProspectStore &store, Channel channel,
                                   const Prospect &contact, Instant instant)
 {
-    std::vector<Instant> history =
-        channel == Channel::sms ? store.sendHistory(contact) : store.emailHistory(contact);
+    const auto sends = store.sends(channel, contact);
+    std::vector<Instant> history(sends.begin(), sends.end());
     std::erase_if(history, [instant](Instant date) { return date < instant; });
     return history;
 }
 
 std::vector<Collection> recordsOf(Channel channel)
 {
-    if (channel == Channel::sms)
-        return {Collection::statuses, Collection::smsMonthlyRecipientsByMonth};
-    return {Collection::emailStatuses};
+    const ChannelRecords &records = channelRecords(channel);
+    std::vector<Collection> files{records.statuses};
+    if (records.monthly)
+        files.push_back(records.monthly->collection);
+    return files;
 }
 
 } // namespace quenoria

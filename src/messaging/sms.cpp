@@ -1,3 +1,4 @@
+#include "messaging/channel_delivery.h"
 #include "messaging/compose_url.h"
 #include "messaging/hand_over.h"
 #include "messaging/messages_script.h"
@@ -203,6 +204,20 @@ std::chrono::nanoseconds ProspectStore::automaticSMSWait() const
     // A clock that was set back must not make the queue wait for longer than the interval.
     return std::clamp(automaticSMSMinimumInterval - elapsed, std::chrono::nanoseconds::zero(),
                       automaticSMSMinimumInterval);
+}
+
+/// The store spaces automatic messages, and refuses one that is ordered during another.
+ChannelDelivery smsDelivery()
+{
+    return {
+        .prepare = [](ProspectStore &store, const Platform & /*platform*/, const Prospect &contact,
+                      bool freeProEnabled) { return store.prepareSMS(contact, freeProEnabled); },
+        .send =
+            [](ProspectStore &store, Sending sending) {
+                return store.sendSMSAutomatically(std::move(sending.contact),
+                                                  sending.freeProEnabled, std::move(sending.stop),
+                                                  std::move(sending.gate));
+            }};
 }
 
 } // namespace quenoria

@@ -26,11 +26,4 @@ std::vector<Instant> historyFrom(const Status *status)
     return {sends.begin(), sends.end()};
 }
 
-/// How many those are.
-template <typename Status>
-std::size_t sendCount(const Status &status)
-{
-    return recordedSends(&status).size();
-}
-
 } // namespace quenoria
