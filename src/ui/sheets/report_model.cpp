@@ -46,7 +46,7 @@ QVariant ReportModel::headerData(int section, Qt::Orientation orientation, int r
         return alignmentOf(section);
     if (orientation == Qt::Vertical || role != Qt::DisplayRole)
         return {};
-    return QString::fromUtf16(m_page.columns[std::size_t(section)].title);
+    return m_page.columns[std::size_t(section)].title;
 }
 
 } // namespace quenoria
