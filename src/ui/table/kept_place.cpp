@@ -6,6 +6,7 @@
 #include <QScrollBar>
 
 #include <algorithm>
+#include <utility>
 
 namespace quenoria {
 
@@ -22,6 +23,7 @@ void ContactTableView::keepPlace()
 /// seen, else the topmost.
 void ContactTableView::keepSight()
 {
+    m_kept.selected = selectsSeveral() ? selectedContacts() : IdSet();
     m_kept.sight.clear();
     const int last = rowAt(viewport()->height() - 1);
     const int end = last < 0 ? m_model.rowCount() : last + 1;
@@ -49,6 +51,7 @@ void ContactTableView::returnToPlace()
                                           QItemSelectionModel::ClearAndSelect |
                                               QItemSelectionModel::Rows);
     setAutoScroll(true);
+    selectAgain(std::exchange(m_kept.selected, {}));
     if (!m_kept.sight.empty()) {
         returnToSight();
         horizontalScrollBar()->setValue(sideways);
@@ -64,6 +67,25 @@ void ContactTableView::returnToSight()
         QScrollBar &bar = *verticalScrollBar();
         return bar.setValue(bar.value() + rowViewportPosition(row) - y);
     }
+}
+
+/// Rows one after the other become one range, so that many cost no more than a few.
+void ContactTableView::selectAgain(const IdSet &ids)
+{
+    QItemSelection rows;
+    int first = ContactList::none;
+    for (int row = 0; !ids.empty() && row <= m_model.rowCount(); ++row) {
+        const bool isSelected =
+            row < m_model.rowCount() && ids.contains(m_model.contacts().at(row).id);
+        if (isSelected && first == ContactList::none)
+            first = row;
+        if (isSelected || first == ContactList::none)
+            continue;
+        rows.select(m_model.index(first, 0), m_model.index(row - 1, m_model.columnCount() - 1));
+        first = ContactList::none;
+    }
+    if (!rows.isEmpty())
+        selectionModel()->select(rows, QItemSelectionModel::ClearAndSelect);
 }
 
 void ContactTableView::reveal(const QString &contactId)

@@ -131,6 +131,20 @@ TEST_F(TableView, SeveralRowsAreTickedTogetherAndAStrayClickUsesNothing)
     model().toggleSort(columnOf(SortColumn::name));
     EXPECT_EQ(view.selectedContacts().size(), 3U);
 
+    const QPersistentModelIndex cell = view.currentIndex();
+    const QString current = view.currentContact()->id;
+    store().createEmailTemplate(u"Rentrée"_s, u"Bonjour"_s, u"Un texte."_s);
+    settle();
+    EXPECT_FALSE(cell.isValid()) << "all rows are made anew";
+    EXPECT_EQ(view.selectedContacts().size(), 3U) << "after a change of the templates too";
+    EXPECT_EQ(view.currentContact()->id, current);
+    EXPECT_EQ(view.currentIndex().column(), columnOf(SortColumn::stopped));
+    store().deleteProspects({current});
+    settle();
+    EXPECT_EQ(view.selectedContacts().size(), 2U);
+    EXPECT_FALSE(view.selectedContacts().contains(view.currentContact()->id))
+        << "its neighbour is current, and was not chosen";
+
     press(Qt::Key_Down);
     EXPECT_EQ(view.selectedContacts().size(), 1U);
     QTest::keyClick(&view, Qt::Key_A, Qt::ControlModifier);
