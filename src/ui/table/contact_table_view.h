@@ -5,6 +5,8 @@
 
 #include <QTableView>
 
+#include <optional>
+
 namespace quenoria {
 
 class ContactTableModel;
@@ -31,6 +33,9 @@ public:
 
     /// Scrolls to the contact, if it is displayed, as far as is needed; the current cell stays.
     void reveal(const QString &contactId);
+
+    /// Marks the row there as the one on which a file would be dropped, or no row.
+    void markDrop(std::optional<QPoint> point);
 
     /// Writes what is being typed in a cell, which would go with its editor.
     void keepTypedText();
@@ -80,6 +85,7 @@ private:
         int row = 0;
         int column = 0;
         std::vector<Sight> sight; ///< empty where a search replaces the rows
+        IdSet selected;           ///< if they are several, and no search replaces the rows
     };
 
     void followHeader();
@@ -87,6 +93,7 @@ private:
     void keepSight();
     void returnToPlace();
     void returnToSight();
+    void selectAgain(const IdSet &ids);
     void fitContactColumn();
     void columnResized(int column, int size);
     int leastContactWidth() const;
@@ -94,6 +101,7 @@ private:
     int pinnedWidth() const; ///< 0 while the contact's column is where it belongs
     void showPinnedHeader();
     void paintPinned(const QRegion &region);
+    void paintDropMark();
     QStyleOptionViewItem optionFor(const QModelIndex &index, const QRect &rect) const;
 
     void useCell(const QModelIndex &index);
@@ -113,6 +121,7 @@ private:
     HotButton m_hot;
     QPersistentModelIndex m_pressed; ///< cell that took the mouse button
     QPersistentModelIndex m_clicked; ///< cell of the last whole click
+    QPersistentModelIndex m_dropRow; ///< invalid while nothing is dragged over a row
     KeptPlace m_kept;
     std::optional<int> m_contactWidth; ///< that the user gave the contact's column
     bool m_isFitting = false;

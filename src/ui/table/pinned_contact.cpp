@@ -58,6 +58,8 @@ void ContactTableView::scrollTo(const QModelIndex &index, ScrollHint hint)
 void ContactTableView::scrollContentsBy(int dx, int dy)
 {
     QTableView::scrollContentsBy(dx, dy);
+    if (m_dropRow.isValid())
+        viewport()->update();
     if (dx == 0)
         return;
     viewport()->update(0, 0, widestPinned + qAbs(dx), viewport()->height());
@@ -82,6 +84,7 @@ void ContactTableView::paintEvent(QPaintEvent *event)
     const QRect pinned(0, 0, pinnedWidth(), viewport()->height());
     if (const QRegion region = event->region().intersected(pinned); !region.isEmpty())
         paintPinned(region);
+    paintDropMark();
 }
 
 void ContactTableView::paintPinned(const QRegion &region)

@@ -176,15 +176,17 @@ void ContentView::dragEnterEvent(QDragEnterEvent *event)
 
 void ContentView::dragMoveEvent(QDragMoveEvent *event)
 {
-    event->setAccepted(m_drop->takes(*event));
+    event->setAccepted(m_drop->follow(*event));
 }
+
+void ContentView::dragLeaveEvent(QDragLeaveEvent *) { m_drop->leave(); }
 
 void ContentView::dropEvent(QDropEvent *event)
 {
-    if (!m_drop->takes(*event))
-        return event->ignore();
-    event->acceptProposedAction();
-    m_drop->take(*event);
+    if (m_drop->take(*event))
+        event->acceptProposedAction();
+    else
+        event->ignore();
 }
 
 void ContentView::closeEvent(QCloseEvent *event)

@@ -52,13 +52,21 @@ bool FileDrop::mayTake(const QDropEvent &event) const
     return path && (!QApplication::activeModalWidget() || (m_import.isBusy() && isWorkbook(*path)));
 }
 
-bool FileDrop::takes(const QDropEvent &event) const
+bool FileDrop::follow(const QDropEvent &event)
 {
-    return mayTake(event) && (isWorkbook(*fileIn(event)) || contactAt(event));
+    const bool isOnRow = mayTake(event) && contactAt(event);
+    m_table.markDrop(isOnRow ? std::optional(inTable(event)) : std::nullopt);
+    return isOnRow || (mayTake(event) && isWorkbook(*fileIn(event)));
 }
 
-void FileDrop::take(const QDropEvent &event)
+void FileDrop::leave() { m_table.markDrop({}); }
+
+bool FileDrop::take(const QDropEvent &event)
 {
+    const bool takes = follow(event);
+    leave();
+    if (!takes)
+        return false;
     const QString path = *fileIn(event);
     const Prospect *contact = contactAt(event);
     if (!contact)
@@ -67,12 +75,18 @@ void FileDrop::take(const QDropEvent &event)
         askAboutWorkbook(path, *contact);
     else
         attach(path, contact->id);
+    return true;
+}
+
+QPoint FileDrop::inTable(const QDropEvent &event) const
+{
+    return m_table.viewport()->mapFrom(m_window, event.position().toPoint());
 }
 
 const Prospect *FileDrop::contactAt(const QDropEvent &event) const
 {
     const QWidget *viewport = m_table.viewport();
-    const QPoint point = viewport->mapFrom(m_window, event.position().toPoint());
+    const QPoint point = inTable(event);
     if (!viewport->isVisible() || !viewport->rect().contains(point))
         return nullptr;
     return m_table.contactAt(point);

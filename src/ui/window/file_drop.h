@@ -25,13 +25,15 @@ public:
              const WorkbookImport &import, QWidget *window);
 
     bool mayTake(const QDropEvent &event) const; ///< somewhere in the window
-    bool takes(const QDropEvent &event) const;   ///< where it is
-    void take(const QDropEvent &event);
+    bool follow(const QDropEvent &event); ///< whether it takes it where it is; marks the row there
+    void leave();                         ///< nothing is dragged over the window any more
+    bool take(const QDropEvent &event);   ///< if it does take it
 
 Q_SIGNALS:
     void importRequested(const QString &workbookPath);
 
 private:
+    QPoint inTable(const QDropEvent &event) const;
     const Prospect *contactAt(const QDropEvent &event) const;
     void askAboutWorkbook(const QString &path, const Prospect &contact);
     void attach(const QString &path, const QString &contactId);

@@ -61,6 +61,15 @@ protected:
         const QPoint point = contact ? table().viewport()->mapTo(&window(), place) : QPoint(2, 2);
         QDragEnterEvent enter(point, Qt::CopyAction, &data, Qt::LeftButton, {});
         QCoreApplication::sendEvent(&window(), &enter);
+        const QImage before = table().viewport()->grab().toImage();
+        QDragMoveEvent move(point, Qt::CopyAction, &data, Qt::LeftButton, {});
+        QCoreApplication::sendEvent(&window(), &move);
+        EXPECT_EQ(table().viewport()->grab().toImage() != before, contact && enter.isAccepted())
+            << "a mark on the row";
+        QDragLeaveEvent leave;
+        QCoreApplication::sendEvent(&window(), &leave);
+        EXPECT_TRUE(table().viewport()->grab().toImage() == before);
+        QCoreApplication::sendEvent(&window(), &enter);
         QDropEvent event(point, Qt::CopyAction, &data, Qt::LeftButton, {});
         QCoreApplication::sendEvent(&window(), &event);
         settle();
