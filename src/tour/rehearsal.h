@@ -12,8 +12,8 @@ class Switches;
 [[nodiscard]] const QStringList &rehearsalNames();
 
 /// Sends to every contact that has not been sent to, at once and without a hand: for trials that
-/// end the process at any instant. "sms" and "email" work their queue; "tout" sends e-mails from
-/// the rows while the queue of SMS runs.
+/// end the process at any instant. A channel's name works its queue; "tout" sends from the
+/// rows on the other channels while the queue of the first runs.
 void rehearse(ContentView &window, SendDesk &desk, Switches &switches, const QString &name);
 
 } // namespace quenoria

@@ -54,6 +54,7 @@ struct QueuedMessage {
 
 /// The sheet that walks through the selected contacts.
 struct ChannelQueue {
+    QString role; ///< by which a window manager knows it
     QString title;
     QString note;
     QString prepare;
@@ -75,19 +76,11 @@ struct TemplateDraft {
     bool operator==(const TemplateDraft &) const = default;
 };
 
-/// The templates, and the sheet that manages them.
+/// The sheet that manages the templates.
 struct ChannelTemplates {
-    const QString &defaultID;
-    QString newID; ///< stands in the picker for a template not created yet
-    std::vector<EmailTemplate> (*all)(const ProspectStore &store);
-    QString (*create)(ProspectStore &store, const TemplateDraft &draft); ///< the new id
-    void (*update)(ProspectStore &store, const QString &id, const TemplateDraft &draft);
-    void (ProspectStore::*remove)(const QString &id);
+    QString role;  ///< by which a window manager knows it
+    QString newID; ///< of a template not created yet, in the picker
     Refusal (*check)(const TemplateDraft &trimmed); ///< what is missing
-    QString (ProspectStore::*assignedID)(const Prospect &) const;
-    QString (*assignedTitle)(const ProspectStore &, const Prospect &);
-    void (ProspectStore::*assign)(const QString &id, const Prospect &);
-
     QSize size;
     QString heading;
     QString note;
@@ -138,11 +131,6 @@ struct ChannelDescriptor {
     bool countsCharacters = false; ///< the length of a text is its price
     bool keepsUsualHours = false;  ///< custom has none sent in the evening or on a Sunday
 
-    const IdSet &(ProspectStore::*selection)() const; ///< contacts ticked for the next run
-    bool (ProspectStore::*isSelected)(const Prospect &) const;
-    void (ProspectStore::*select)(bool, const Prospect &);
-    void (ProspectStore::*markSent)(bool, const Prospect &);
-
     ChannelPace pace;
     std::optional<AutomaticSending> automatic; ///< none: messages are only prepared
     std::optional<Allowance> allowance;
@@ -156,6 +144,9 @@ struct ChannelDescriptor {
 
 [[nodiscard]] const ChannelDescriptor &smsChannel();
 [[nodiscard]] const ChannelDescriptor &emailChannel();
+
+inline constexpr std::array describedChannels{smsChannel, emailChannel};
+static_assert(describedChannels.size() == allChannels.size());
 
 /// All of them, in the order in which they are shown.
 [[nodiscard]] std::span<const ChannelDescriptor *const> channels();

@@ -1,11 +1,17 @@
 #include "ui/channels/channel_descriptor.h"
 
+#include <algorithm>
+
 namespace quenoria {
 
 std::span<const ChannelDescriptor *const> channels()
 {
-    static const std::array all{&smsChannel(), &emailChannel()};
-    static_assert(std::tuple_size_v<decltype(all)> == allChannels.size());
+    static const auto all = [] {
+        PerChannel<const ChannelDescriptor *> made;
+        std::ranges::transform(describedChannels, made.begin(),
+                               [](const auto describe) { return &describe(); });
+        return made;
+    }();
     return all;
 }
 

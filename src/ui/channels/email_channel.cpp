@@ -1,5 +1,4 @@
 #include "messaging/mail_run.h"
-#include "model/sequence.h"
 #include "store/prospect_store.h"
 #include "ui/channels/channel_descriptor.h"
 
@@ -41,31 +40,11 @@ std::optional<Instant> lastTurn(SendDesk &desk, Preferences &preferences, Instan
     return lastMailTurn(emailsSent(desk.store()), MailSettings(preferences).pace(), now, contacts);
 }
 
-std::vector<EmailTemplate> allTemplates(const ProspectStore &store)
-{
-    return store.emailTemplates().values();
-}
-
-QString create(ProspectStore &store, const TemplateDraft &draft)
-{
-    return store.createEmailTemplate(draft.title, draft.subject, draft.body);
-}
-
-void update(ProspectStore &store, const QString &id, const TemplateDraft &draft)
-{
-    store.updateEmailTemplate(id, draft.title, draft.subject, draft.body);
-}
-
 Refusal check(const TemplateDraft &draft)
 {
     if (draft.title.isEmpty() || draft.subject.isEmpty() || draft.body.isEmpty())
         return u"Saisissez le titre, l’objet et le contenu."_s;
     return {};
-}
-
-QString assignedTitle(const ProspectStore &store, const Prospect &prospect)
-{
-    return store.assignedEmailTemplate(prospect).title;
 }
 
 AutomaticSending automatic()
@@ -80,7 +59,8 @@ AutomaticSending automatic()
 
 ChannelQueue queue()
 {
-    return {.title = u"File d’envoi des e-mails"_s,
+    return {.role = u"BatchEmailSendView"_s,
+            .title = u"File d’envoi des e-mails"_s,
             .note = u"Chaque e-mail est préparé dans l’application de messagerie définie par "
                     "défaut sur votre Mac."_s,
             .prepare = u"Préparer cet e-mail"_s,
@@ -97,16 +77,9 @@ ChannelQueue queue()
 
 ChannelTemplates templates()
 {
-    return {.defaultID = ProspectStore::defaultEmailTemplateID,
+    return {.role = u"EmailMessageManagerView"_s,
             .newID = u"__nouveau_mail__"_s,
-            .all = allTemplates,
-            .create = create,
-            .update = update,
-            .remove = &ProspectStore::deleteEmailTemplate,
             .check = check,
-            .assignedID = &ProspectStore::assignedEmailTemplateID,
-            .assignedTitle = assignedTitle,
-            .assign = &ProspectStore::assignEmailTemplate,
             .size = {820, 680},
             .heading = u"Gérer les modèles d’e-mails"_s,
             .note = u"Créez un titre interne, un objet et un contenu, puis choisissez le modèle "
@@ -129,10 +102,6 @@ const ChannelDescriptor &emailChannel()
         .noun = u"e-mail"_s,
         .plural = u"E-mails"_s,
         .impossible = u"E-mail impossible"_s,
-        .selection = &ProspectStore::emailSendSelection,
-        .isSelected = &ProspectStore::isSelectedForEmailSending,
-        .select = &ProspectStore::setSelectedForEmailSending,
-        .markSent = &ProspectStore::setEmailSent,
         // The pause between two contacts, and what a carrier takes.
         .pace = {.expected = 2s, .nextTurn = nextTurn, .notice = notice, .lastTurn = lastTurn},
         .automatic = automatic(),

@@ -1,5 +1,4 @@
 #include "messaging/messages_script.h"
-#include "model/sequence.h"
 #include "store/prospect_store.h"
 #include "ui/channels/channel_descriptor.h"
 
@@ -28,24 +27,6 @@ std::optional<Instant> nextTurn(SendDesk &desk, Instant now)
     return now + ceil<std::chrono::milliseconds>(desk.store().automaticSMSWait());
 }
 
-std::vector<EmailTemplate> allTemplates(const ProspectStore &store)
-{
-    std::vector<EmailTemplate> templates;
-    for (const MessageTemplate &message : store.messageTemplates().values())
-        templates.push_back({message.id, message.title, {}, message.body});
-    return templates;
-}
-
-QString create(ProspectStore &store, const TemplateDraft &draft)
-{
-    return store.createMessage(draft.title, draft.body);
-}
-
-void update(ProspectStore &store, const QString &id, const TemplateDraft &draft)
-{
-    store.updateMessage(id, draft.title, draft.body);
-}
-
 Refusal check(const TemplateDraft &draft)
 {
     if (draft.title.isEmpty())
@@ -53,11 +34,6 @@ Refusal check(const TemplateDraft &draft)
     if (draft.body.isEmpty())
         return u"Saisissez le contenu du message."_s;
     return {};
-}
-
-QString assignedTitle(const ProspectStore &store, const Prospect &prospect)
-{
-    return store.assignedMessage(prospect).title;
 }
 
 AutomaticSending automatic()
@@ -83,7 +59,8 @@ Allowance allowance()
 
 ChannelQueue queue()
 {
-    return {.title = u"File d’envoi SMS"_s,
+    return {.role = u"BatchSendView"_s,
+            .title = u"File d’envoi SMS"_s,
             .note = u"Chaque SMS doit être préparé et envoyé individuellement dans Messages."_s,
             .prepare = u"Préparer ce SMS"_s,
             .confirm = u"&Envoyé, suivant"_s,
@@ -99,16 +76,9 @@ ChannelQueue queue()
 
 ChannelTemplates templates()
 {
-    return {.defaultID = ProspectStore::defaultMessageID,
+    return {.role = u"MessageManagerView"_s,
             .newID = u"__nouveau_message__"_s,
-            .all = allTemplates,
-            .create = create,
-            .update = update,
-            .remove = &ProspectStore::deleteMessage,
             .check = check,
-            .assignedID = &ProspectStore::assignedMessageID,
-            .assignedTitle = assignedTitle,
-            .assign = &ProspectStore::assignMessage,
             .size = {780, 640},
             .heading = u"Gérer les modèles de messages"_s,
             .note =
@@ -133,10 +103,6 @@ const ChannelDescriptor &smsChannel()
         .impossible = u"SMS impossible"_s,
         .countsCharacters = true,
         .keepsUsualHours = true,
-        .selection = &ProspectStore::sendSelection,
-        .isSelected = &ProspectStore::isSelectedForSending,
-        .select = &ProspectStore::setSelectedForSending,
-        .markSent = &ProspectStore::setSent,
         // The wait between two recipients, and what a carrier takes.
         .pace = {.expected = 13s, .isMeasured = true, .nextTurn = nextTurn},
         .automatic = automatic(),

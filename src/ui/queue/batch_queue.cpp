@@ -216,7 +216,7 @@ void BatchQueue::perform(QueueAction action, const std::optional<Prospect> &cont
         [[fallthrough]];
     case QueueAction::deselect:
         if (contact)
-            (m_store.*m_channel.select)(false, *contact);
+            m_store.select(m_channel.channel, false, *contact);
         break;
     }
 }

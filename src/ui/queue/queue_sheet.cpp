@@ -38,6 +38,7 @@ QueueSheet::QueueSheet(const ChannelDescriptor &channel, SendDesk &desk, Switche
       m_heldRow(makeHeldRow()), m_error(new StatusLabel), m_carrierRow(makeCarrierRow()),
       m_buttons(makeButtons())
 {
+    setWindowRole(channel.queue.role);
     addHeader(channel.queue.title, channel.queue.note);
     column()->addWidget(m_progress);
     column()->addWidget(m_preflight);

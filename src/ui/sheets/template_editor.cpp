@@ -1,6 +1,6 @@
 #include "ui/sheets/template_editor.h"
 
-#include "store/prospect_store.h"
+#include "store/channel_records.h"
 
 #include <algorithm>
 
@@ -15,16 +15,17 @@ TemplateDraft trimmed(const TemplateDraft &draft)
 
 } // namespace
 
-TemplateEditor::TemplateEditor(ProspectStore &store, const ChannelTemplates &templates)
-    : m_store(store), m_templates(templates)
+TemplateEditor::TemplateEditor(ProspectStore &store, const ChannelDescriptor &channel)
+    : m_store(store), m_channel(channel.channel), m_templates(channel.templates),
+      m_defaultID(channelRecords(m_channel).defaultTemplate.id)
 {
-    select(templates.defaultID);
+    select(m_defaultID);
 }
 
 std::vector<Choice> TemplateEditor::choices() const
 {
     std::vector<Choice> choices;
-    for (const EmailTemplate &entry : m_templates.all(m_store))
+    for (const EmailTemplate &entry : m_store.templates(m_channel))
         choices.push_back({entry.id, entry.title});
     choices.push_back({m_templates.newID, m_templates.newEntry});
     return choices;
@@ -32,7 +33,7 @@ std::vector<Choice> TemplateEditor::choices() const
 
 bool TemplateEditor::canRemove() const
 {
-    return m_selectedID != m_templates.defaultID && m_selectedID != m_templates.newID;
+    return m_selectedID != m_defaultID && m_selectedID != m_templates.newID;
 }
 
 bool TemplateEditor::isChanged() const
@@ -42,7 +43,7 @@ bool TemplateEditor::isChanged() const
 
 std::optional<TemplateDraft> TemplateEditor::stored(const QString &id) const
 {
-    const std::vector<EmailTemplate> all = m_templates.all(m_store);
+    const std::vector<EmailTemplate> all = m_store.templates(m_channel);
     const auto found = std::ranges::find(all, id, &EmailTemplate::id);
     if (found == all.end())
         return std::nullopt;
@@ -56,13 +57,13 @@ void TemplateEditor::select(const QString &id)
     const std::optional<TemplateDraft> found = stored(id);
     draft = found.value_or(TemplateDraft());
     if (!found && canRemove())
-        select(m_templates.defaultID);
+        select(m_defaultID);
 }
 
 void TemplateEditor::removeSelected()
 {
-    (m_store.*m_templates.remove)(m_selectedID);
-    select(m_templates.defaultID);
+    m_store.deleteTemplate(m_channel, m_selectedID);
+    select(m_defaultID);
 }
 
 void TemplateEditor::save()
@@ -70,10 +71,11 @@ void TemplateEditor::save()
     const TemplateDraft texts = trimmed(draft);
     if (const Refusal refusal = m_templates.check(texts))
         return say(*refusal, Tint::negative);
+    const EmailTemplate typed{m_selectedID, texts.title, texts.subject, texts.body};
     if (m_selectedID == m_templates.newID)
-        select(m_templates.create(m_store, texts));
+        select(m_store.createTemplate(m_channel, typed));
     else
-        m_templates.update(m_store, m_selectedID, texts);
+        m_store.updateTemplate(m_channel, typed);
     say(m_templates.saved, m_templates.savedTint);
 }
 

@@ -9,7 +9,7 @@ namespace quenoria {
 /// command. The draft belongs to the user until another template is selected.
 class TemplateEditor {
 public:
-    TemplateEditor(ProspectStore &store, const ChannelTemplates &templates);
+    TemplateEditor(ProspectStore &store, const ChannelDescriptor &channel);
 
     TemplateDraft draft;
 
@@ -31,7 +31,9 @@ private:
     void say(const QString &message, Tint tint);
 
     ProspectStore &m_store;
+    Channel m_channel;
     const ChannelTemplates &m_templates;
+    const QString &m_defaultID;
     QString m_selectedID;
     QString m_message;
     Tint m_messageTint = Tint::negative;

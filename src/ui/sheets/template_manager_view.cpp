@@ -31,7 +31,7 @@ void showText(QLineEdit *field, const QString &text)
 TemplateManagerView::TemplateManagerView(ProspectStore &store, const ChannelDescriptor &channel,
                                          QWidget *parent)
     : Sheet(channel.templates.heading, channel.templates.size, parent), m_channel(channel),
-      m_templates(channel.templates), m_editor(store, m_templates),
+      m_templates(channel.templates), m_editor(store, channel),
       m_picker(new ChoicePicker(u"Modèle"_s)),
       m_remove(new QPushButton(symbol(u"trash"_s, Tint::negative), u"Supprimer"_s)),
       m_title(makeField(m_templates.titleField)), m_subject(makeField(m_templates.subjectField)),
@@ -39,6 +39,7 @@ TemplateManagerView::TemplateManagerView(ProspectStore &store, const ChannelDesc
       m_length(new LengthLine(LengthLine::Use::editing)), m_blanks(new StatusLabel),
       m_message(new StatusLabel)
 {
+    setWindowRole(m_templates.role);
     addHeader(m_templates.heading, m_templates.note);
     addSelectionRow();
     addFields();

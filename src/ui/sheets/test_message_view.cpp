@@ -20,7 +20,7 @@ namespace quenoria {
 
 TestMessageView::TestMessageView(ProspectStore &store, QWidget *parent)
     : Sheet(u"Tester un message"_s, {700, 560}, parent), m_store(store),
-      m_selectedID(smsChannel().templates.defaultID),
+      m_selectedID(ProspectStore::defaultMessageID),
       m_picker(new ChoicePicker(u"Modèle à tester"_s)), m_number(makeField(u"Numéro de test"_s)),
       m_preview(new PreviewBox(u"Aperçu du message"_s)),
       m_length(new LengthLine(LengthLine::Use::reading)), m_error(new StatusLabel)
@@ -87,11 +87,11 @@ void TestMessageView::addBottomRow()
 
 void TestMessageView::refresh()
 {
-    const std::vector<EmailTemplate> templates = smsChannel().templates.all(m_store);
+    const std::vector<EmailTemplate> templates = m_store.templates(Channel::sms);
     auto shown = std::ranges::find(templates, m_selectedID, &EmailTemplate::id);
     if (shown == templates.end()) {
         shown = templates.begin();
-        m_selectedID = templates.empty() ? smsChannel().templates.defaultID : shown->id;
+        m_selectedID = templates.empty() ? ProspectStore::defaultMessageID : shown->id;
     }
     std::vector<Choice> choices;
     choices.reserve(templates.size());

@@ -10,10 +10,10 @@ namespace quenoria {
 
 namespace {
 
-CellChoices choicesOf(const ChannelTemplates &templates, const ProspectStore &store)
+CellChoices choicesOf(Channel channel, const ProspectStore &store)
 {
     CellChoices choices;
-    for (const EmailTemplate &entry : templates.all(store))
+    for (const EmailTemplate &entry : store.templates(channel))
         choices << CellChoice{entry.id, entry.title};
     return choices;
 }
@@ -43,8 +43,8 @@ CellButtons sendButtons(const Cell &cell)
 
 ContactColumn selectionColumn(const ChannelDescriptor &channel)
 {
-    const auto isSelected = [&channel](const Cell &cell) {
-        return (cell.store.*channel.isSelected)(cell.contact);
+    const auto isSelected = [which = channel.channel](const Cell &cell) {
+        return cell.store.isSelected(which, cell.contact);
     };
     return {.header = channel.columns.selection,
             .width = channel.columns.selectionWidth,
@@ -52,8 +52,8 @@ ContactColumn selectionColumn(const ChannelDescriptor &channel)
             .sort = SortColumn{SortColumn::selection, channel.channel},
             .value = isSelected,
             .edit =
-                [&channel](const Cell &cell, const QVariant &selected) {
-                    (cell.store.*channel.select)(selected.toBool(), cell.contact);
+                [which = channel.channel](const Cell &cell, const QVariant &selected) {
+                    cell.store.select(which, selected.toBool(), cell.contact);
                 },
             .available =
                 [isSelected, which = channel.channel](const Cell &cell) {
@@ -76,8 +76,8 @@ ContactColumn sentColumn(const ChannelDescriptor &channel)
             .value = [which = channel.channel](
                          const Cell &cell) { return cell.store.isMarkedSent(which, cell.contact); },
             .edit =
-                [&channel](const Cell &cell, const QVariant &sent) {
-                    (cell.store.*channel.markSent)(sent.toBool(), cell.contact);
+                [which = channel.channel](const Cell &cell, const QVariant &sent) {
+                    cell.store.markSent(which, sent.toBool(), cell.contact);
                 },
             .tickMany = [which = channel.channel](
                             ProspectStore &store, TableState & /*state*/, bool on,
@@ -87,25 +87,26 @@ ContactColumn sentColumn(const ChannelDescriptor &channel)
 
 ContactColumn templateColumn(const ChannelDescriptor &channel)
 {
-    const ChannelTemplates &templates = channel.templates;
-    const auto title = [&templates](const Cell &cell) {
-        return templates.assignedTitle(cell.store, cell.contact);
+    const Channel which = channel.channel;
+    const auto title = [which](const Cell &cell) {
+        return cell.store.assignedTemplate(which, cell.contact).title;
     };
-    return {
-        .header = channel.columns.message,
-        .width = channel.columns.messageWidth,
-        .kind = CellKind::picker,
-        .sort = SortColumn{SortColumn::message, channel.channel},
-        .text = title,
-        .value = [&templates](
-                     const Cell &cell) { return (cell.store.*templates.assignedID)(cell.contact); },
-        .edit =
-            [&templates](const Cell &cell, const QVariant &id) {
-                (cell.store.*templates.assign)(id.toString(), cell.contact);
-            },
-        .choices = [&templates](const ProspectStore &store) { return choicesOf(templates, store); },
-        .searched = title,
-        .undoable = true};
+    return {.header = channel.columns.message,
+            .width = channel.columns.messageWidth,
+            .kind = CellKind::picker,
+            .sort = SortColumn{SortColumn::message, channel.channel},
+            .text = title,
+            .value =
+                [which](const Cell &cell) {
+                    return cell.store.assignedTemplate(which, cell.contact).id;
+                },
+            .edit =
+                [which](const Cell &cell, const QVariant &id) {
+                    cell.store.assignTemplate(which, id.toString(), cell.contact);
+                },
+            .choices = [which](const ProspectStore &store) { return choicesOf(which, store); },
+            .searched = title,
+            .undoable = true};
 }
 
 ContactColumn actionsColumn()

@@ -143,7 +143,6 @@ private:
     void editContact(const QString &id);
     void showHistory(const QString &id);
     void showDossier(const QString &id);
-    QueueSheet *makeQueue(Channel channel);
     void fillContactMenu(QMenu &menu, const QString &id);
 
     SendDesk &m_desk;

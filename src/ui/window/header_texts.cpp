@@ -26,8 +26,8 @@ std::map<Channel, QString> queuesOf(const ProspectStore &store, const Switches &
         const ChannelCommands &commands = channel->commands;
         const char16_t *text =
             channel->isAutomatic(switches) ? commands.sendQueue : commands.openQueue.text;
-        queues[channel->channel] =
-            u"%1 (%2)"_s.arg(QString::fromUtf16(text)).arg((store.*channel->selection)().size());
+        queues[channel->channel] = u"%1 (%2)"_s.arg(QString::fromUtf16(text))
+                                       .arg(store.selection(channel->channel).size());
     }
     return queues;
 }

@@ -9,12 +9,12 @@
 #include "ui/sheets/edit_prospect_view.h"
 #include "ui/sheets/excel_format_help_view.h"
 #include "ui/sheets/export_view.h"
-#include "ui/sheets/message_manager_view.h"
 #include "ui/sheets/new_message_view.h"
 #include "ui/sheets/report_view.h"
 #include "ui/sheets/send_history_view.h"
 #include "ui/sheets/stop_list_view.h"
 #include "ui/sheets/stop_replies_view.h"
+#include "ui/sheets/template_manager_view.h"
 #include "ui/sheets/test_message_view.h"
 #include "ui/sheets/workbook_check_view.h"
 #include "ui/table/contact_table_view.h"
@@ -67,12 +67,7 @@ void ContentView::manageDepartments() { present<DepartmentManagerView>(m_store);
 
 void ContentView::manageTemplates(Channel channel)
 {
-    switch (channel) {
-    case Channel::sms:
-        return present<MessageManagerView>(m_store);
-    case Channel::email:
-        return present<EmailMessageManagerView>(m_store);
-    }
+    present<TemplateManagerView>(m_store, channelDescriptor(channel));
 }
 
 void ContentView::testMessage() { present<TestMessageView>(m_store); }

@@ -1,6 +1,6 @@
 #include "ui/queue/batch_queue.h"
-#include "ui/queue/batch_send_view.h"
 #include "ui/queue/contact_list_view.h"
+#include "ui/queue/queue_sheet.h"
 #include "ui/window/content_view.h"
 #include "ui/window/outcome_line.h"
 #include "ui/window/run_watch.h"
@@ -9,20 +9,9 @@ using namespace Qt::StringLiterals;
 
 namespace quenoria {
 
-QueueSheet *ContentView::makeQueue(Channel channel)
-{
-    switch (channel) {
-    case Channel::sms:
-        return new BatchSendView(m_desk, m_switches, m_platform, this);
-    case Channel::email:
-        return new BatchEmailSendView(m_desk, m_switches, m_platform, this);
-    }
-    Q_UNREACHABLE();
-}
-
 void ContentView::openQueue(Channel channel)
 {
-    QueueSheet &queue = *makeQueue(channel);
+    auto &queue = *new QueueSheet(channelDescriptor(channel), m_desk, m_switches, m_platform, this);
     connect(&queue, &QueueSheet::carriersRequested, this, &ContentView::chooseCarriers);
     connect(&m_platform.carriers, &Carriers::composeAnswered, &queue, &QueueSheet::tellOutcome);
     connect(&queue, &QueueSheet::stopRepliesRequested, this, &ContentView::showStopReplies);

@@ -19,7 +19,7 @@ class Validation : public SheetTest, public testing::WithParamInterface<Rejected
 
 TEST_P(Validation, NamesWhatIsMissingAndCreatesNothing)
 {
-    const ChannelTemplates &channel = GetParam().channel().templates;
+    const ChannelDescriptor &channel = GetParam().channel();
     TemplateEditor editor(store(), channel);
     editor.startNew();
     editor.draft = GetParam().draft;
@@ -27,7 +27,7 @@ TEST_P(Validation, NamesWhatIsMissingAndCreatesNothing)
     EXPECT_EQ(editor.message(), GetParam().message);
     EXPECT_EQ(editor.messageTint(), Tint::negative);
     EXPECT_EQ(editor.draft, GetParam().draft);
-    EXPECT_EQ(channel.all(store()).size(), 1U);
+    EXPECT_EQ(store().templates(channel.channel).size(), 1U);
 }
 
 const QString incomplete = u"Saisissez le titre, l’objet et le contenu."_s;
@@ -48,7 +48,9 @@ using ManagerSheet = SheetTest;
 class BothChannels : public SheetTest,
                      public testing::WithParamInterface<const ChannelDescriptor &(*)()> {
 protected:
-    const ChannelTemplates &channel = GetParam()().templates;
+    const ChannelDescriptor &described = GetParam()();
+    const Channel which = described.channel;
+    const ChannelTemplates &channel = described.templates;
     const QString subject = channel.subjectField.isEmpty() ? QString() : u"Objet"_s;
 };
 
@@ -87,7 +89,7 @@ TEST_F(ManagerSheet, ADraftIsNeverLostUnasked)
 
 TEST_P(BothChannels, ANewTemplateIsSelectedAndThenUpdated)
 {
-    TemplateEditor editor(store(), channel);
+    TemplateEditor editor(store(), described);
     editor.startNew();
     EXPECT_EQ(editor.draft, TemplateDraft());
     EXPECT_FALSE(editor.canRemove());
@@ -100,7 +102,7 @@ TEST_P(BothChannels, ANewTemplateIsSelectedAndThenUpdated)
     editor.save();
     EXPECT_EQ(editor.message(), channel.saved);
     EXPECT_EQ(editor.draft.body, u"  Autre  "_s) << "an update leaves what was typed";
-    const auto templates = channel.all(store());
+    const auto templates = store().templates(which);
     ASSERT_EQ(templates.size(), 2U);
     EXPECT_EQ(templates[1],
               (EmailTemplate{editor.selectedID(), u"Relance"_s, subject, u"Autre"_s}));
@@ -108,19 +110,20 @@ TEST_P(BothChannels, ANewTemplateIsSelectedAndThenUpdated)
 
 TEST_P(BothChannels, ADeletedOrUnknownTemplateGivesTheDefault)
 {
-    TemplateEditor editor(store(), channel);
+    TemplateEditor editor(store(), described);
+    const QString standard = editor.selectedID();
     const TemplateDraft first = editor.draft;
     EXPECT_FALSE(first.body.isEmpty());
     EXPECT_FALSE(editor.canRemove());
-    editor.select(channel.create(store(), {u"T"_s, subject, u"C"_s}));
+    editor.select(store().createTemplate(which, {{}, u"T"_s, subject, u"C"_s}));
     editor.removeSelected();
-    EXPECT_EQ(editor.selectedID(), channel.defaultID);
+    EXPECT_EQ(editor.selectedID(), standard);
     EXPECT_EQ(editor.draft, first);
-    EXPECT_EQ(channel.all(store()).size(), 1U);
+    EXPECT_EQ(store().templates(which).size(), 1U);
     editor.startNew();
     editor.save();
     editor.select(u"disparu"_s);
-    EXPECT_EQ(editor.selectedID(), channel.defaultID);
+    EXPECT_EQ(editor.selectedID(), standard);
     EXPECT_TRUE(editor.message().isEmpty());
 }
 
