@@ -72,7 +72,7 @@ int showWindow(int argc, char **argv, const QString &folder, bool searches)
     QDir().mkpath(QFileInfo(desktop.folders.data()).path());
     QFile::link(folder, desktop.folders.data());
     Switches switches(desktop.preferences);
-    ProspectStore store(desktop.platform());
+    ProspectStore store(desktop.platform(), FirstReading::contacts);
     SendDesk desk(store, desktop.platform());
     ContentView window(desk, switches, desktop.platform());
     window.show();

@@ -1,6 +1,7 @@
 #include "app/appearance.h"
 #include "app/command_line.h"
 #include "app/data_folder.h"
+#include "app/first_picture.h"
 #include "app/olvak_sms_manual_app.h"
 #include "app/screen.h"
 #include "app/second_start.h"
@@ -147,18 +148,21 @@ int runWindow(Process &process)
     if (files == DataFiles::outOfReach ||
         !openData([&application] { application.desk(); }, application.platform()))
         return asked;
-    QObject::disconnect(asking);
     ContentView window(application.desk(), application.switches(), application.platform());
     window.setDemonstration(openDemonstration);
     if (const QString notice = process.desktop.notice(); !notice.isEmpty())
         window.showBanner(notice);
     showRuns(window, process.signs);
-    window.show();
+    process.shown = &window;
+    showFirstPicture(window); // before the histories of its contacts are read
+    if (asked != EXIT_FAILURE ||
+        !openData([&application] { application.store().complete(); }, application.platform()))
+        return asked;
+    QObject::disconnect(asking);
     if (options.tourFolder)
         return Tour(window, application.store(), application.switches(), application.platform())
             .run(*options.tourFolder);
     const bool isFirst = std::exchange(process.isFirst, false);
-    process.shown = &window;
     if (files == DataFiles::restored)
         window.tellOfRestore();
     else if (options.demonstration)

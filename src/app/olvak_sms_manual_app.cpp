@@ -11,7 +11,7 @@ OlvakSMSManualApp::OlvakSMSManualApp(Desktop &desktop)
 ProspectStore &OlvakSMSManualApp::store()
 {
     if (!m_store) {
-        m_store = std::make_unique<ProspectStore>(m_platform);
+        m_store = std::make_unique<ProspectStore>(m_platform, FirstReading::contacts);
         m_store->separateTwins();
     }
     return *m_store;

@@ -10,7 +10,7 @@ namespace quenoria {
 
 std::optional<QString> ProspectStore::attachmentName(const Prospect &prospect) const
 {
-    const QString *path = m_state->attachmentPaths.find(prospect.id);
+    const QString *path = m_state.contacts().attachmentPaths.find(prospect.id);
     if (!path || path->isEmpty())
         return std::nullopt;
     return QFileInfo(QDir::cleanPath(*path)).fileName();
@@ -18,7 +18,7 @@ std::optional<QString> ProspectStore::attachmentName(const Prospect &prospect) c
 
 bool ProspectStore::attachmentExists(const Prospect &prospect) const
 {
-    const QString *path = m_state->attachmentPaths.find(prospect.id);
+    const QString *path = m_state.contacts().attachmentPaths.find(prospect.id);
     return path && !path->isEmpty() && QFileInfo::exists(*path);
 }
 
@@ -26,7 +26,7 @@ std::optional<QUrl> ProspectStore::attachmentURL(const Prospect &prospect) const
 {
     if (!attachmentExists(prospect))
         return std::nullopt;
-    return QUrl::fromLocalFile(*m_state->attachmentPaths.find(prospect.id));
+    return QUrl::fromLocalFile(*m_state.contacts().attachmentPaths.find(prospect.id));
 }
 
 void ProspectStore::chooseAttachment(const Prospect &prospect)
@@ -46,7 +46,7 @@ void ProspectStore::chooseAttachment(const Prospect &prospect)
 
 QString ProspectStore::attachmentPath(const Prospect &prospect) const
 {
-    const QString *path = m_state->attachmentPaths.find(prospect.id);
+    const QString *path = m_state.contacts().attachmentPaths.find(prospect.id);
     return path ? *path : QString();
 }
 

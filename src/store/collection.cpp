@@ -75,7 +75,7 @@ struct CollectionTable {
         described.write = [](const StoreState &state, const TakePiece &take) {
             writeJson(at<member>(state), take);
         };
-        described.decode = decode<member>;
+        described.decode = described.startUpWrites ? decode<member, true> : decode<member, false>;
         if (described.deletionTurn > 0) {
             described.forget = forget<member>;
             described.copy = copy<member>;
@@ -84,14 +84,14 @@ struct CollectionTable {
         return described;
     }
 
-    template <auto member>
+    template <auto member, bool compares>
     static std::optional<DecodedFile> decode(const QByteArray &bytes)
     {
         using Shape = std::remove_cvref_t<decltype(at<member>(std::declval<StoreState &>()))>;
         auto decoded = decodeCollection<Shape>(bytes);
         if (!decoded)
             return {};
-        const bool same = isEncodedAs(*decoded, bytes);
+        const bool same = !compares || isEncodedAs(*decoded, bytes);
         const auto shape = std::make_shared<Shape>(std::move(*decoded)); // a function is copyable
         return DecodedFile{[shape](StoreState &state) { at<member>(state) = std::move(*shape); },
                            same};
@@ -139,7 +139,8 @@ constexpr std::array<CollectionDescriptor, 13> CollectionTable::rows{
                            .fileName = u"suivi-envois.json",
                            .saveFailure = u"Impossible d’enregistrer le suivi SMS : ",
                            .change = contactsChanged,
-                           .deletionTurn = 1}),
+                           .deletionTurn = 1,
+                           .isHistory = true}),
     row<&OfSMS::templates>({.collection = Collection::messageTemplates,
                             .fileName = u"modeles-messages.json",
                             .saveFailure = u"Impossible d’enregistrer les modèles de messages : ",
@@ -154,7 +155,8 @@ constexpr std::array<CollectionDescriptor, 13> CollectionTable::rows{
                              .fileName = u"suivi-envois-mails.json",
                              .saveFailure = u"Impossible d’enregistrer le suivi des e-mails : ",
                              .change = contactsChanged,
-                             .deletionTurn = 2}),
+                             .deletionTurn = 2,
+                             .isHistory = true}),
     row<&OfEmail::templates>({.collection = Collection::emailTemplates,
                               .fileName = u"modeles-mails.json",
                               .saveFailure = u"Impossible d’enregistrer les modèles d’e-mails : ",
@@ -199,7 +201,8 @@ constexpr std::array<CollectionDescriptor, 13> CollectionTable::rows{
         {.collection = Collection::smsMonthlyRecipientsByMonth,
          .fileName = u"quota-destinataires-sms.json",
          .saveFailure = u"Impossible d’enregistrer le quota mensuel SMS : ",
-         .change = quotaChanged}),
+         .change = quotaChanged,
+         .isHistory = true}),
 };
 
 std::span<const CollectionDescriptor> collections() { return CollectionTable::rows; }

@@ -32,7 +32,7 @@ enum class Collection {
 /// What a file held.
 struct DecodedFile {
     std::function<void(StoreState &state)> adopt; ///< puts it in the place of the collection
-    bool isAsWritten;                             ///< writing it gives the same bytes
+    bool isAsWritten; ///< writing it gives the same bytes, or is left to the next change
 };
 
 /// Everything about one collection. The store loads, saves, announces and forgets by these rows,
@@ -49,6 +49,7 @@ struct CollectionDescriptor {
     /// When the entries of a deleted contact leave it, counted from 1; 0: it has no such entries.
     int deletionTurn = 0;
     bool startUpWrites = true;
+    bool isHistory = false; ///< of sends; a start may show the contacts before it reads it
 
     // The way to its member.
     void (*write)(const StoreState &state, const TakePiece &take) = nullptr;

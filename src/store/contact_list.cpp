@@ -72,7 +72,10 @@ std::vector<Prospect> ProspectStore::loadProspects(const Resources &resources)
     return prospects;
 }
 
-const std::vector<Prospect> &ProspectStore::allProspects() const { return m_state->mergedList(); }
+const std::vector<Prospect> &ProspectStore::allProspects() const
+{
+    return m_state.contacts().mergedList();
+}
 
 const std::vector<Prospect> &StoreState::mergedList()
 {
@@ -98,10 +101,13 @@ void StoreState::indexMerged()
     mergedPositions = {};
     mergedPositions.reserve(merged.size(), idAt);
     twinsByFirst.clear();
+    idsAreShared = false;
     for (quint32 place = 0; place < merged.size(); ++place) {
         const QString &id = merged[place].id;
-        if (mergedPositions.find(id, idAt) != KeyIndex::none)
+        if (mergedPositions.find(id, idAt) != KeyIndex::none) {
+            idsAreShared = true;
             continue;
+        }
         mergedPositions.insert(place, idAt);
         if (const QString first = firstId(id); first != id)
             twinsByFirst[first] << id;
@@ -115,7 +121,7 @@ void StoreState::indexMerged()
 const Prospect *ProspectStore::prospect(const QString &id) const
 {
     const std::vector<Prospect> &all = allProspects();
-    const quint32 place = m_state->mergedPositions.find(
+    const quint32 place = m_state.contacts().mergedPositions.find(
         id, [&all](quint32 at) -> const QString & { return all[at].id; });
     return place == KeyIndex::none ? nullptr : &all[place];
 }

@@ -25,7 +25,7 @@ bool isDepartmentCode(const QString &code)
 
 std::vector<DepartmentInfo> ProspectStore::sortedDepartments() const
 {
-    std::vector<DepartmentInfo> sorted = m_state->departments.values();
+    std::vector<DepartmentInfo> sorted = m_state.contacts().departments.values();
     std::ranges::stable_sort(sorted, [](const DepartmentInfo &a, const DepartmentInfo &b) {
         return finderOrder().compare(a.code, b.code) < 0;
     });
@@ -34,7 +34,7 @@ std::vector<DepartmentInfo> ProspectStore::sortedDepartments() const
 
 QString ProspectStore::departmentName(const QString &code) const
 {
-    const auto *found = m_state->departments.find(
+    const auto *found = m_state.contacts().departments.find(
         [&code](const DepartmentInfo &department) { return department.code == code; });
     return found ? found->name : u"Département "_s + code;
 }

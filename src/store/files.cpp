@@ -36,7 +36,7 @@ void whenThereIsMemory(ProspectStore *store, Tell tell)
 
 QString ProspectStore::file(Collection collection) const
 {
-    return QDir(m_state->platform.folders.data())
+    return QDir(m_state.contacts().platform.folders.data())
         .filePath(QString::fromUtf16(descriptor(collection).fileName));
 }
 

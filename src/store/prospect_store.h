@@ -43,6 +43,28 @@ class Sequence;
 /// Called with a complete message right before it goes to its carrier; a refusal keeps it back.
 using HandOverGate = std::function<Refusal(const HandOver &)>;
 
+/// What a store holds. Whoever asks it for more than the contacts has the histories read first,
+/// where a start has left them for later.
+class HeldState {
+public:
+    explicit HeldState(std::unique_ptr<StoreState> state);
+    ~HeldState();
+
+    StoreState *operator->() const { return &whole(); }
+    StoreState &operator*() const { return whole(); }
+
+    /// All but the histories: what is there from the beginning.
+    StoreState &contacts() const { return *m_state; }
+
+private:
+    StoreState &whole() const;
+
+    std::unique_ptr<StoreState> m_state;
+};
+
+/// What a start reads before the store can be looked at.
+enum class FirstReading { all, contacts };
+
 /// The application's one model object: contacts, templates, tracking and quota, with their files.
 ///
 /// Every change is published and, once the store is ready, its file is rewritten at once. A write
@@ -58,10 +80,19 @@ public:
     static const QString defaultEmailTemplateID;
     static const std::map<QString, QString> legacyDepartmentNames; ///< code → name
 
-    /// Loads, completes and migrates the files, then writes each one back. Never fails: a file
-    /// that cannot be decoded is renamed aside and its collection starts anew.
-    explicit ProspectStore(const Platform &platform, QObject *parent = nullptr);
+    /// Loads, completes and migrates the files, then writes each one back. Never fails but for
+    /// want of memory: a file that cannot be decoded is renamed aside and its collection starts
+    /// anew.
+    ///
+    /// A start that reads the contacts first can show them soon. The rest happens at complete(), or
+    /// once anything is asked for or done that needs the histories; isReady() tells, and a change
+    /// of the list is published afterwards.
+    explicit ProspectStore(const Platform &platform, FirstReading first = FirstReading::all);
     ~ProspectStore() override;
+
+    /// Reads what the start has left for later, if anything. Throws std::bad_alloc, and can then be
+    /// called again.
+    void complete();
 
     // The collections, as published.
     const Dictionary<SendStatus> &statuses() const;
@@ -252,7 +283,7 @@ Q_SIGNALS:
 private:
     friend class Together;
 
-    std::unique_ptr<StoreState> m_state; ///< what it holds, seen by its own files alone
+    HeldState m_state; ///< seen by its own files alone
 };
 
 } // namespace quenoria

@@ -4,7 +4,10 @@
 
 namespace quenoria {
 
-const IdSet &ProspectStore::selection(Channel channel) const { return m_state->selection(channel); }
+const IdSet &ProspectStore::selection(Channel channel) const
+{
+    return m_state.contacts().selection(channel);
+}
 
 bool ProspectStore::isSelected(Channel channel, const Prospect &prospect) const
 {

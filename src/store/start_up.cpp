@@ -7,8 +7,8 @@
 #include <QScopeGuard>
 
 #include <algorithm>
+#include <atomic>
 #include <future>
-#include <semaphore>
 #include <thread>
 
 using namespace Qt::StringLiterals;
@@ -24,6 +24,17 @@ bool isPrivate(const QFile &file)
     constexpr QFile::Permissions others = QFile::ReadGroup | QFile::WriteGroup | QFile::ExeGroup |
                                           QFile::ReadOther | QFile::WriteOther | QFile::ExeOther;
     return !(file.permissions() & others);
+}
+
+template <typename Test>
+std::vector<const CollectionDescriptor *> rowsThat(const Test &test)
+{
+    std::vector<const CollectionDescriptor *> rows;
+    for (const CollectionDescriptor &row : collections()) {
+        if (test(row))
+            rows.push_back(&row);
+    }
+    return rows;
 }
 
 std::optional<DecodedFile> decodeFile(const CollectionDescriptor &row, const QString &path)
@@ -43,27 +54,31 @@ std::optional<DecodedFile> decodeFile(const CollectionDescriptor &row, const QSt
 
 } // namespace
 
-ProspectStore::ProspectStore(const Platform &platform, QObject *parent)
-    : QObject(parent), m_state(std::make_unique<StoreState>(*this, platform))
+ProspectStore::ProspectStore(const Platform &platform, FirstReading first)
+    : m_state(std::make_unique<StoreState>(*this, platform))
 {
-    m_state->gathered.emplace(); // what differs from its file
-    m_state->loadFiles();
-    m_state->testNumber = platform.preferences.text(testNumberKey).value_or(m_state->testNumber);
-    m_state->migrateDefaultMessage();
-    m_state->completeTemplates();
-    m_state->completeDepartments();
-    m_state->seedStatus();
-    if (m_state->smsMonthlyRecipientsByMonth.empty())
-        m_state->mergeExistingSMSHistoryIntoMonthlyRecipients();
-    const auto differing = *std::exchange(m_state->gathered, std::nullopt);
-    m_state->isReady = true;
-    for (const auto &[collection, ids] : differing.collections) {
-        if (descriptor(collection).startUpWrites)
-            save(collection);
-    }
+    StoreState &state = m_state.contacts();
+    state.gathered.emplace(); // what differs from its file
+    if (first == FirstReading::contacts)
+        state.readContacts();
+    else
+        complete();
 }
 
 ProspectStore::~ProspectStore() = default;
+
+void ProspectStore::complete() { (void)*m_state; }
+
+HeldState::HeldState(std::unique_ptr<StoreState> state) : m_state(std::move(state)) {}
+
+HeldState::~HeldState() = default;
+
+StoreState &HeldState::whole() const
+{
+    if (!m_state->isReady && !m_state->isReading)
+        m_state->readHistories();
+    return *m_state;
+}
 
 StoreState::StoreState(ProspectStore &owner, const Platform &services)
     : store(owner), platform(services), doNotContact(services), testNumber(defaultTestNumber()),
@@ -80,37 +95,81 @@ void ProspectStore::setTestNumber(const QString &phone)
         m_state->platform.preferences.setText(testNumberKey, phone);
 }
 
-void StoreState::loadFiles()
+void StoreState::readContacts()
 {
-    // Histories grow for years: the files are decoded and compared side by side, but no more of
-    // them than is quicker, since each is in memory twice meanwhile.
-    std::counting_semaphore<> cores(std::max(1U, std::thread::hardware_concurrency()));
-    const auto decodeInTurn = [&cores](const CollectionDescriptor &row, const QString &path) {
-        cores.acquire();
-        const auto leave = qScopeGuard([&cores] { cores.release(); });
-        return decodeFile(row, path);
-    };
-    std::vector<std::future<std::optional<DecodedFile>>> files;
-    for (const CollectionDescriptor &row : collections())
-        files.push_back(std::async(decodeInTurn, std::cref(row), store.file(row.collection)));
-    // All before the first is set aside: memory may not suffice for one of them.
-    std::vector<std::optional<DecodedFile>> contents;
-    contents.reserve(files.size());
-    for (auto &decoding : files)
-        contents.push_back(decoding.get());
-    for (const CollectionDescriptor &row : collections()) {
-        const std::optional<DecodedFile> &decoded = contents[std::size_t(row.collection)];
-        if (decoded)
-            decoded->adopt(*this);
-        else if (const QString path = store.file(row.collection); QFile::exists(path))
-            filesSetAside << setAside(platform, path);
-        if (!decoded || !decoded->isAsWritten)
-            publish(row.collection);
+    loadFiles(rowsThat([](const CollectionDescriptor &row) { return !row.isHistory; }));
+    completeContacts();
+}
+
+void StoreState::readHistories()
+{
+    isReading = true;
+    const auto end = qScopeGuard([this] { isReading = false; });
+    const bool contactsAreShown = contactsAreRead;
+    loadFiles(rowsThat([contactsAreShown](const CollectionDescriptor &row) {
+        return row.isHistory || !contactsAreShown;
+    }));
+    if (!contactsAreShown)
+        completeContacts();
+    seedStatus();
+    if (smsMonthlyRecipientsByMonth.empty())
+        mergeExistingSMSHistoryIntoMonthlyRecipients();
+    const auto differing = *std::exchange(gathered, std::nullopt);
+    isReady = true;
+    for (const auto &[collection, ids] : differing.collections) {
+        if (descriptor(collection).startUpWrites)
+            store.save(collection);
     }
+    if (contactsAreShown) // later: whoever asked may be about to paint
+        QMetaObject::invokeMethod(
+            &store, [this] { announce(ListReshaped{}); }, Qt::QueuedConnection);
+}
+
+void StoreState::completeContacts()
+{
     if (departments.empty()) {
         departments = Sequence<DepartmentInfo>(defaultDepartments());
         publish(Collection::departments);
     }
+    testNumber = platform.preferences.text(testNumberKey).value_or(testNumber);
+    migrateDefaultMessage();
+    completeTemplates();
+    completeDepartments();
+    contactsAreRead = true;
+}
+
+/// Histories grow for years: the files are decoded and compared side by side, but no more of them
+/// than is quicker, since each is in memory twice meanwhile.
+void StoreState::loadFiles(const std::vector<const CollectionDescriptor *> &rows)
+{
+    std::vector<std::optional<DecodedFile>> contents(rows.size());
+    std::atomic<std::size_t> begun = 0;
+    const auto decodeFrom = [&](std::size_t row) {
+        for (; row < rows.size(); row = begun++)
+            contents[row] = decodeFile(*rows[row], store.file(rows[row]->collection));
+    };
+    {
+        const std::size_t first = begun++; // the largest: no other thread's memory grows as quickly
+        std::vector<std::future<void>> others;
+        for (unsigned core = 1; core < std::thread::hardware_concurrency(); ++core)
+            others.push_back(std::async(std::launch::async, decodeFrom, begun++));
+        decodeFrom(first);
+        for (std::future<void> &other : others)
+            other.get();
+    }
+    // All before the first is set aside: memory may not suffice for one of them.
+    for (std::size_t row = 0; row < rows.size(); ++row)
+        adopt(*rows[row], contents[row]);
+}
+
+void StoreState::adopt(const CollectionDescriptor &row, const std::optional<DecodedFile> &decoded)
+{
+    if (decoded)
+        decoded->adopt(*this);
+    else if (const QString path = store.file(row.collection); QFile::exists(path))
+        filesSetAside << setAside(platform, path);
+    if (!decoded || !decoded->isAsWritten)
+        publish(row.collection);
 }
 
 /// The default message of an earlier edition becomes today's.

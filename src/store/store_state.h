@@ -24,7 +24,11 @@ struct StoreState {
     StoreState(ProspectStore &owner, const Platform &services);
 
     // Start-up, in the order in which it happens.
-    void loadFiles();
+    void readContacts();
+    void readHistories(); ///< the store is ready then
+    void loadFiles(const std::vector<const CollectionDescriptor *> &rows);
+    void adopt(const CollectionDescriptor &row, const std::optional<DecodedFile> &decoded);
+    void completeContacts();
     void migrateDefaultMessage();
     void completeTemplates();
     void completeDepartments();
@@ -79,7 +83,9 @@ struct StoreState {
     std::optional<Instant> lastAutomaticSMSSentAt;
     bool automaticSMSBusy = false;
 
+    bool contactsAreRead = false;
     bool isReady = false;
+    bool isReading = false; ///< the histories, which may be half there
     std::map<Collection, QString> unsaved;
     QStringList filesSetAside;
     struct Gathered {
@@ -94,6 +100,7 @@ struct StoreState {
     std::vector<Prospect> merged;
     KeyIndex mergedPositions;
     std::map<QString, QStringList> twinsByFirst; ///< by the id that they shared
+    bool idsAreShared = false;                   ///< by contacts of an older folder
     bool mergedIsCurrent = false;
 };
 

@@ -80,7 +80,7 @@ void StoreState::completeTemplates()
 
 std::vector<EmailTemplate> ProspectStore::templates(Channel channel) const
 {
-    return m_state->channels.on(channel, [](const auto &data) {
+    return m_state.contacts().channels.on(channel, [](const auto &data) {
         std::vector<EmailTemplate> templates;
         data.templates.forEach(
             [&templates](const auto &entry) { templates.push_back(as<EmailTemplate>(entry)); });
@@ -90,7 +90,7 @@ std::vector<EmailTemplate> ProspectStore::templates(Channel channel) const
 
 EmailTemplate ProspectStore::assignedTemplate(Channel channel, const Prospect &prospect) const
 {
-    return m_state->channels.on(channel, [&](const auto &data) {
+    return m_state.contacts().channels.on(channel, [&](const auto &data) {
         const EmailTemplate &standard = channelRecords(channel).defaultTemplate;
         const auto *found = effectiveTemplate(data, prospect, standard.id);
         return found ? as<EmailTemplate>(*found) : standard;

@@ -31,6 +31,9 @@ QString firstId(const QString &id)
 
 int ProspectStore::separateTwins()
 {
+    (void)allProspects();
+    if (!m_state.contacts().idsAreShared)
+        return 0;
     IdSet taken, seen;
     for (const Prospect &prospect : m_state->prospects) {
         if (!m_state->deletedProspectIDs.contains(prospect.id))
@@ -86,7 +89,7 @@ QStringList StoreState::twins(const QString &id)
 bool ProspectStore::isServedByTwin(Channel channel, const Prospect &prospect) const
 {
     const auto isShared = channelRecords(channel).reach.isShared;
-    for (const QString &id : m_state->twins(prospect.id)) {
+    for (const QString &id : m_state.contacts().twins(prospect.id)) {
         if (id == prospect.id)
             return false;
         const Prospect *elder = this->prospect(id);

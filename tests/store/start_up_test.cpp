@@ -1,5 +1,8 @@
 #include "store/defaults.h"
 #include "store/store_fixture.h"
+#include "store/together.h"
+
+#include <QCoreApplication>
 
 using namespace quenoria;
 using namespace quenoria::test;
@@ -108,6 +111,41 @@ TEST_F(StartUp, MergedListAppliesOverridesAndDeletions)
     EXPECT_EQ(all[2].id, u"0639980040"_s) << "the deleted set does not concern custom contacts";
     EXPECT_EQ(store().departmentName(u"974"_s), u"Département 974"_s);
     EXPECT_EQ(array(u"departements.json"_s).last().toObject().value(u"code"_s), u"974"_s);
+}
+
+/// Whatever comes before the histories are there: none of it may take them for empty.
+TEST_F(StartUp, HistoriesThatAreLeftForLaterAreReadBeforeAnythingNeedsThem)
+{
+    const auto act = std::to_array<std::function<void()>>({
+        [this] { store().complete(); },
+        [this] { store().setComment(u"À rappeler"_s, alix()); },
+        [this] { store().recordSentNow(alix()); },
+        [this] { EXPECT_EQ(store().sendHistory(alix()).size(), 1); },
+        [this] { store().assignMessage(store().createMessage({}, {}), alix()); },
+        [this] { EXPECT_EQ(store().deleteProspects({chloe().id}), 1); },
+        [this] { const Together together(store()); },
+        [this] { store().save(Collection::statuses); },
+        [this] { EXPECT_TRUE(store().unsaved().empty()); },
+    });
+    for (const std::function<void()> &each : act) {
+        desktop.writeFile(u"suivi-envois.json"_s, R"({"0639980010": {"sent": true,
+            "sentAt": "2026-08-01T10:00:00Z", "sendHistory": ["2026-08-01T10:00:00Z"]}})");
+        desktop.writeFile(u"quota-destinataires-sms.json"_s, "{}");
+        restart();
+        reading = FirstReading::contacts;
+        EXPECT_EQ(alix().label, u"ALIX — BREST (29)"_s);
+        EXPECT_EQ(store().departmentName(u"29"_s), u"Finistère"_s);
+        ASSERT_FALSE(store().isReady());
+        listen();
+        each();
+        EXPECT_TRUE(store().isReady());
+        const QJsonArray history =
+            object(u"suivi-envois.json"_s)[u"0639980010"_s].toObject()[u"sendHistory"_s].toArray();
+        EXPECT_EQ(history.first().toString(), u"2026-08-01T10:00:00Z"_s);
+        EXPECT_TRUE(object(u"quota-destinataires-sms.json"_s).contains(u"2026-08"_s));
+        QCoreApplication::processEvents();
+        EXPECT_TRUE(announced.contains(u"list"_s)) << "for those who show what was not there";
+    }
 }
 
 } // namespace

@@ -27,7 +27,7 @@ protected:
     ProspectStore &store()
     {
         if (!m_store)
-            m_store = std::make_unique<ProspectStore>(desktop.platform());
+            m_store = std::make_unique<ProspectStore>(desktop.platform(), reading);
         return *m_store;
     }
 
@@ -54,6 +54,7 @@ protected:
     }
 
     FakeDesktop desktop;
+    FirstReading reading = FirstReading::all; ///< of the next start
     QStringList announced;
 
 private:

@@ -64,7 +64,8 @@ ContactColumn selectionColumn(const ChannelDescriptor &channel)
                             ProspectStore &store, TableState & /*state*/, bool on,
                             const IdSet &ids) { return store.setSelected(which, on, ids); },
             .unreachable = channel.columns.unreachable,
-            .undoable = true};
+            .undoable = true,
+            .tellsOfSends = true};
 }
 
 ContactColumn sentColumn(const ChannelDescriptor &channel)
@@ -82,6 +83,7 @@ ContactColumn sentColumn(const ChannelDescriptor &channel)
             .tickMany = [which = channel.channel](
                             ProspectStore &store, TableState & /*state*/, bool on,
                             const IdSet &ids) { return store.setSent(which, on, ids); },
+            .tellsOfSends = true,
             .recordsDates = true};
 }
 

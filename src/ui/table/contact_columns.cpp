@@ -208,7 +208,8 @@ ContactColumn dateColumn()
             .edit = setLastDate,
             .key = lastSend,
             .buttons = historyButton,
-            .placeholder = u"Aucune date"};
+            .placeholder = u"Aucune date",
+            .tellsOfSends = true};
 }
 
 ContactColumn commentColumn()
@@ -222,7 +223,8 @@ ContactColumn commentColumn()
             .edit = setComment,
             .placeholder = u"Ajouter un commentaire",
             .searched = comment,
-            .undoable = true};
+            .undoable = true,
+            .tellsOfSends = true};
 }
 
 std::vector<ContactColumn> allColumns()

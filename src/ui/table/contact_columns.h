@@ -97,6 +97,7 @@ struct ContactColumn {
     bool followsSwitches = false; ///< what it offers depends on the switches
     bool followsDisk = false;     ///< what it shows depends on files of other programs
     bool undoable = false;        ///< what a hand does in it can be taken back
+    bool tellsOfSends = false;    ///< shows nothing before the store has read the histories
     bool recordsDates = false;    ///< its ticks stay in the history, so that many are asked about
 };
 

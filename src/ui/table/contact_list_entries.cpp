@@ -85,6 +85,8 @@ void ContactList::take(std::uint32_t entry)
 
 void ContactList::readRecords(Entry &entry) const
 {
+    if (!m_store.isReady())
+        return; // a start shows the contacts before the histories are read
     for (const Channel channel : allChannels)
         entry.sent[std::size_t(channel)] = m_store.isMarkedSent(channel, entry.contact);
     entry.filteredBy = FilteredBy::of({m_store, m_state, entry.contact});

@@ -95,6 +95,8 @@ Qt::ItemFlags ContactTableModel::flags(const QModelIndex &index) const
     if (!index.isValid())
         return flags;
     const ContactColumn &column = columnAt(index.column());
+    if (!mayAsk(column))
+        return flags;
     if (column.kind == CellKind::check && (!column.available || column.available(cell(index))))
         flags |= Qt::ItemIsUserCheckable;
     else if (column.kind == CellKind::date || column.kind == CellKind::field)
@@ -107,11 +109,19 @@ Cell ContactTableModel::cell(const QModelIndex &index) const
     return {m_store, m_state, m_list.at(index.row())};
 }
 
+/// A start shows the contacts before the histories are read, for which whoever asks would wait.
+bool ContactTableModel::mayAsk(const ContactColumn &column) const
+{
+    return m_store.isReady() || !column.tellsOfSends;
+}
+
 QVariant ContactTableModel::data(const QModelIndex &index, int role) const
 {
     if (!index.isValid())
         return {};
     const ContactColumn &column = columnAt(index.column());
+    if (!mayAsk(column))
+        return role == KindRole ? int(CellKind::text) : QVariant();
     const Cell seen = cell(index);
     switch (role) {
     case Qt::DisplayRole:
@@ -129,7 +139,7 @@ QVariant ContactTableModel::data(const QModelIndex &index, int role) const
     case ChoicesRole:
         return offered(column.choices, m_store);
     case MarkRole:
-        return offered(column.mark, seen);
+        return m_store.isReady() ? offered(column.mark, seen) : QVariant();
     case WarningRole:
         return offered(column.warning, seen);
     case ArrivedRole:
@@ -174,7 +184,7 @@ QString ContactTableModel::accessibleText(const QModelIndex &index) const
         parts << shownText(column, seen);
     else if (column.value)
         parts << (column.value(seen).toBool() ? u"coché"_s : u"non coché"_s);
-    if (column.mark)
+    if (column.mark && m_store.isReady())
         parts << markText(column.mark(seen));
     if (column.warning)
         parts << column.warning(seen);

@@ -83,6 +83,7 @@ private:
     void refresh();
     void announce(bool ContactColumn::*property);
     Cell cell(const QModelIndex &index) const;
+    bool mayAsk(const ContactColumn &column) const;
     QVariant headerTick(int section) const;
     QString accessibleText(const QModelIndex &index) const;
 

@@ -47,7 +47,8 @@ ContactColumn stopColumn()
                 },
             .tickMany = [](ProspectStore &store, TableState & /*state*/, bool on,
                            const IdSet &ids) { return store.setStopped(on, ids); },
-            .undoable = true};
+            .undoable = true,
+            .tellsOfSends = true};
 }
 
 } // namespace quenoria

@@ -17,7 +17,11 @@ FileAlerts::FileAlerts(ProspectStore &store, Switches &switches, QWidget *window
     connect(&store, &ProspectStore::saved, this, &FileAlerts::withdraw);
     connect(&switches, &Switches::changed, this, &FileAlerts::lookAtSwitches);
     // The window that it is told over is not there yet.
-    QMetaObject::invokeMethod(this, &FileAlerts::tellOfStart, Qt::QueuedConnection);
+    if (store.isReady())
+        QMetaObject::invokeMethod(this, &FileAlerts::tellOfStart, Qt::QueuedConnection);
+    else
+        connect(&store, &ProspectStore::published, this, &FileAlerts::tellOfStart,
+                Qt::ConnectionType(Qt::QueuedConnection | Qt::SingleShotConnection));
 }
 
 void FileAlerts::tellOfStart()

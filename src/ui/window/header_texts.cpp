@@ -10,12 +10,16 @@ namespace quenoria {
 
 namespace {
 
+const QString notYetKnown = u"…"_s; ///< as long as the histories are being read
+
 /// "SMS : 12  •  E-mails : 3"
-QString countsOf(const ContactList &contacts)
+QString countsOf(const ContactList &contacts, bool areKnown)
 {
     QStringList counts;
     for (const ChannelDescriptor *channel : channels())
-        counts << u"%1 : %2"_s.arg(channel->plural).arg(contacts.sentOn(channel->channel));
+        counts << u"%1 : %2"_s.arg(channel->plural,
+                                   areKnown ? QString::number(contacts.sentOn(channel->channel))
+                                            : notYetKnown);
     return counts.join(u"  •  "_s);
 }
 
@@ -40,11 +44,12 @@ void tellAllowance(HeaderTexts &texts, const ProspectStore &store, const Switche
             continue;
         const Allowance &allowance = *channel->allowance;
         const bool isLimited = !switches.isOn(allowance.lifted.which);
-        texts.quota = isLimited ? u"%1 ce mois : %2/%3"_s.arg(channel->plural)
-                                      .arg((store.*allowance.used)())
-                                      .arg(allowance.limit)
-                                : u"%1 : sans limite"_s.arg(channel->plural);
-        texts.quotaIsReached = isLimited && allowance.isReached(store);
+        const bool isKnown = store.isReady();
+        const QString used = isKnown ? QString::number((store.*allowance.used)()) : notYetKnown;
+        texts.quota = isLimited
+                          ? u"%1 ce mois : %2/%3"_s.arg(channel->plural, used).arg(allowance.limit)
+                          : u"%1 : sans limite"_s.arg(channel->plural);
+        texts.quotaIsReached = isLimited && isKnown && allowance.isReached(store);
     }
 }
 
@@ -55,7 +60,7 @@ HeaderTexts HeaderTexts::of(SendDesk &desk, const Switches &switches,
 {
     const auto stopReplies = desk.stopReplies().waiting().size();
     HeaderTexts texts{
-        .counts = countsOf(model.contacts()),
+        .counts = countsOf(model.contacts(), desk.store().isReady()),
         .queues = queuesOf(desk.store(), switches),
         .deletion = u"Supprimer les contacts cochés (%1)"_s.arg(model.deleteSelection().size()),
         .stopReplies = u"Réponses STOP (%1)"_s.arg(stopReplies),

@@ -162,4 +162,29 @@ TEST_F(TableModel, OneTickTouchesOneRow)
     EXPECT_EQ(reset.size(), 0);
 }
 
+TEST_F(TableModel, ShowsTheContactsBeforeTheirHistoriesAreRead)
+{
+    reading = FirstReading::contacts;
+    desktop.writeFile(u"suivi-envois.json"_s, R"({"0639980010": {"sent": true, "stopped": true,
+        "comment": "À rappeler", "sentAt": "2026-08-01T10:00:00Z"}})");
+    const auto texts = [this] {
+        QStringList seen;
+        for (int column = 0; column < model().columnCount(); ++column) {
+            const QModelIndex cell = at(alix(), column);
+            for (int role = 0; role < Qt::UserRole + 16; ++role)
+                (void)cell.data(role);
+            (void)cell.flags();
+            seen << cell.data(Qt::DisplayRole).toString();
+        }
+        return seen;
+    };
+    EXPECT_TRUE(texts().contains(u"ALIX — BREST (29)"_s));
+    EXPECT_FALSE(texts().contains(u"À rappeler"_s));
+    ASSERT_FALSE(store().isReady()) << "a cell has asked for what is not there yet";
+    store().complete();
+    EXPECT_TRUE(texts().contains(u"À rappeler"_s));
+    settle();
+    EXPECT_EQ(model().contacts().sentOn(Channel::sms), 1);
+}
+
 } // namespace
