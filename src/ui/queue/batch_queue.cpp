@@ -38,19 +38,19 @@ BatchQueue::BatchQueue(const ChannelDescriptor &channel, SendDesk &desk, Switche
     connect(&desk, &SendDesk::doubtAnswered, this,
             [this](Channel where, const QString &contactId, DoubtAnswer answer) {
                 if (where == m_channel.channel && answer != DoubtAnswer::later)
-                    take(DoubtSettled{contactId, answer == DoubtAnswer::left});
+                    handle(DoubtSettled{contactId, answer == DoubtAnswer::left});
             });
 }
 
 void BatchQueue::open()
 {
-    take(Opened{selectedIDs()});
+    handle(Opened{selectedIDs()});
     followStopReplies();
 }
 
-void BatchQueue::pressPrimary() { take(PrimaryPressed{}); }
-void BatchQueue::confirm() { take(Confirmed{}); }
-void BatchQueue::skip() { take(Skipped{}); }
+void BatchQueue::pressPrimary() { handle(PrimaryPressed{}); }
+void BatchQueue::confirm() { handle(Confirmed{}); }
+void BatchQueue::skip() { handle(Skipped{}); }
 
 void BatchQueue::stop()
 {
@@ -60,12 +60,12 @@ void BatchQueue::stop()
     stopWaiting();
 }
 
-void BatchQueue::remove(const QStringList &ids) { take(Removed{ids, engaged()}); }
+void BatchQueue::remove(const QStringList &ids) { handle(Removed{ids, engaged()}); }
 
 void BatchQueue::insist(RunQuestion question)
 {
     m_outlook.allow(question);
-    take(RunInsisted{});
+    handle(RunInsisted{});
 }
 
 QString BatchQueue::engaged() const
@@ -77,7 +77,7 @@ QString BatchQueue::engaged() const
 
 void BatchQueue::close()
 {
-    take(Closed{});
+    handle(Closed{});
     stopWaiting();
 }
 
@@ -124,7 +124,7 @@ std::optional<Instant> BatchQueue::nextSend() const
     return m_channel.pace.nextTurn(m_desk, m_clock.now());
 }
 
-QueueAction BatchQueue::take(const QueueEvent &event)
+QueueAction BatchQueue::handle(const QueueEvent &event)
 {
     const bool wasClosed = m_state.phase == QueueState::Phase::closed;
     const std::optional<Prospect> contact = subject(event);
@@ -199,7 +199,7 @@ void BatchQueue::perform(QueueAction action, const std::optional<Prospect> &cont
     case QueueAction::send: // by the run, which asked for it
         break;
     case QueueAction::prepare:
-        take(
+        handle(
             PrepareAnswered{m_desk.prepare(m_channel.channel, *contact, m_switches.freeProPlan())});
         break;
     case QueueAction::ask:
@@ -223,7 +223,7 @@ void BatchQueue::perform(QueueAction action, const std::optional<Prospect> &cont
 
 QCoro::Task<> BatchQueue::runAutomaticQueue()
 {
-    while (take(TurnReached{}) == QueueAction::send) {
+    while (handle(TurnReached{}) == QueueAction::send) {
         const TaskScope::Lease lease = m_tasks.lease();
         m_handedOver = *current();
         const QCoro::Task<SendOutcome> sending =
@@ -237,7 +237,7 @@ QCoro::Task<> BatchQueue::runAutomaticQueue()
         if (std::holds_alternative<Sent>(outcome))
             m_outlook.noteSent();
         if (!isHeld)
-            take(SendAnswered{outcome});
+            handle(SendAnswered{outcome});
         m_handedOver.reset();
         followStopReplies();
         if (!isRunning())
@@ -274,7 +274,7 @@ void BatchQueue::followStopReplies()
             event.waiting << id;
     }
     if (!event.waiting.isEmpty() || !m_state.heldIDs.isEmpty())
-        take(event);
+        handle(event);
 }
 
 void BatchQueue::followSwitches()
@@ -282,7 +282,7 @@ void BatchQueue::followSwitches()
     const bool switchedOn = isAutomatic() && !m_wasAutomatic;
     m_wasAutomatic = isAutomatic();
     if (switchedOn)
-        take(SwitchedOn{});
+        handle(SwitchedOn{});
     else
         Q_EMIT changed();
 }

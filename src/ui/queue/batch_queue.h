@@ -88,7 +88,7 @@ Q_SIGNALS:
 
 private:
     QStringList selectedIDs() const;
-    QueueAction take(const QueueEvent &event);
+    QueueAction handle(const QueueEvent &event);
     Circumstances circumstances(const QStringList &ids) const;
     std::optional<Prospect> subject(const QueueEvent &event) const;
     void noteServed(const QueueEvent &event, QueueAction action, const Prospect &contact);

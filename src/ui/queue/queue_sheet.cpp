@@ -1,6 +1,5 @@
 #include "ui/queue/queue_sheet.h"
 
-#include "ui/kit/empty_state.h"
 #include "ui/kit/labels.h"
 #include "ui/kit/status_label.h"
 #include "ui/queue/batch_queue.h"
@@ -8,23 +7,15 @@
 #include "ui/queue/preflight_row.h"
 #include "ui/queue/queue_options.h"
 #include "ui/queue/run_questions.h"
-#include "ui/queue/slim_progress_bar.h"
 
+#include <QBoxLayout>
 #include <QKeyEvent>
+#include <QProgressBar>
 #include <QPushButton>
-#include <QShortcut>
-#include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
 
 namespace quenoria {
-
-namespace {
-
-constexpr int progressGap = 8;
-constexpr int buttonGap = 12;
-
-} // namespace
 
 QueueSheet::QueueSheet(const ChannelDescriptor &channel, SendDesk &desk, Switches &switches,
                        const Platform &platform, QWidget *parent)
@@ -64,109 +55,6 @@ QueueSheet::~QueueSheet()
 
 BatchQueue *QueueSheet::queue() const { return m_queue; }
 
-QWidget *QueueSheet::makeProgress()
-{
-    auto *progress = new QWidget;
-    m_progressText = makeLabel({}, TextStyle::body, Tint::secondary);
-    m_progressBar = new SlimProgressBar;
-    auto *column = new QVBoxLayout(progress);
-    column->setContentsMargins({});
-    column->setSpacing(progressGap);
-    column->addWidget(m_progressBar);
-    m_cost = makeLabel({}, TextStyle::body, Tint::secondary);
-    m_cost->setAlignment(Qt::AlignRight);
-    m_cost->setVisible(m_channel.countsCharacters);
-    auto *texts = new QHBoxLayout;
-    texts->addWidget(m_progressText, 1);
-    texts->addWidget(m_cost, 1);
-    column->addLayout(texts);
-    return progress;
-}
-
-QWidget *QueueSheet::makeFinishedPanel()
-{
-    auto *panel = new QWidget;
-    m_close = makeCloseButton();
-    makeProminent(m_close);
-    auto *column = new QVBoxLayout(panel);
-    column->addStretch();
-    column->addWidget(new EmptyState(u"checkmark.circle.fill"_s, u"Sélection terminée"_s,
-                                     m_channel.queue.finishedNote));
-    column->addWidget(m_close, 0, Qt::AlignHCenter);
-    column->addWidget(makeCarriersButton(), 0, Qt::AlignHCenter);
-    column->addStretch();
-    return panel;
-}
-
-QWidget *QueueSheet::makeButtons()
-{
-    auto *buttons = new QWidget;
-    m_skip = new QPushButton(u"Ignorer"_s);
-    m_stop = new QPushButton(u"Arrêter"_s);
-    m_primary = new QPushButton(m_channel.queue.prepare);
-    m_confirm = new QPushButton(m_channel.queue.confirm);
-    makeProminent(m_primary);
-    // Enter prepares, wherever the focus is: nobody confirms or skips with one Enter too many.
-    m_skip->setAutoDefault(false);
-    m_stop->setAutoDefault(false);
-    m_stop->setToolTip(tipText(u"N’envoyer aucun autre message (Échap)"_s));
-    m_confirm->setAutoDefault(false);
-    auto *row = new QHBoxLayout(buttons);
-    row->setContentsMargins({});
-    row->setSpacing(buttonGap);
-    row->addWidget(m_skip);
-    row->addStretch();
-    row->addWidget(m_stop);
-    row->addWidget(m_primary);
-    m_outcome = new StatusLabel;
-    row->addWidget(m_outcome);
-    row->addWidget(m_confirm);
-    auto *skip = new QShortcut(Qt::CTRL | Qt::Key_I, this);
-    connect(skip, &QShortcut::activated, m_skip, &QPushButton::click);
-    m_skip->setToolTip(tipText(skip->key().toString(QKeySequence::NativeText)));
-    return buttons;
-}
-
-/// Who is left out, and the way to decide on it.
-QWidget *QueueSheet::makeHeldRow()
-{
-    auto *held = new QWidget;
-    m_held = new StatusLabel;
-    auto *decide = new QPushButton(u"Réponses STOP…"_s);
-    decide->setAutoDefault(false);
-    connect(decide, &QPushButton::clicked, this, &QueueSheet::stopRepliesRequested);
-    auto *row = new QHBoxLayout(held);
-    row->setContentsMargins({});
-    row->setSpacing(buttonGap);
-    row->addWidget(m_held, 1);
-    row->addWidget(decide, 0, Qt::AlignTop);
-    held->hide(); // the sheet takes its room before it knows of anybody
-    return held;
-}
-
-/// What the carrier said of its own, and the way to another.
-QWidget *QueueSheet::makeCarrierRow()
-{
-    auto *carrier = new QWidget;
-    m_carrierWords = new StatusLabel;
-    auto *row = new QHBoxLayout(carrier);
-    row->setContentsMargins({});
-    row->setSpacing(buttonGap);
-    row->addWidget(m_carrierWords, 1);
-    row->addStretch();
-    row->addWidget(makeCarriersButton(), 0, Qt::AlignTop);
-    carrier->hide();
-    return carrier;
-}
-
-QPushButton *QueueSheet::makeCarriersButton()
-{
-    auto *button = new QPushButton(u"Choisir un moyen d’envoi…"_s);
-    button->setAutoDefault(false);
-    connect(button, &QPushButton::clicked, this, &QueueSheet::carriersRequested);
-    return button;
-}
-
 void QueueSheet::connectQueue()
 {
     connect(m_queue, &BatchQueue::changed, this, &QueueSheet::refresh);
@@ -180,7 +68,7 @@ void QueueSheet::connectQueue()
     connect(&m_queue->countdown(), &Countdown::changed, this, &QueueSheet::refreshStatus);
     connect(this, &QDialog::finished, m_queue, &BatchQueue::close);
     connect(m_skip, &QPushButton::clicked, m_queue, &BatchQueue::skip);
-    connect(m_stop, &QPushButton::clicked, m_queue, &BatchQueue::stop);
+    connect(m_stopButton, &QPushButton::clicked, m_queue, &BatchQueue::stop);
     connect(m_primary, &QPushButton::clicked, m_queue, &BatchQueue::pressPrimary);
     connect(m_confirm, &QPushButton::clicked, m_queue, &BatchQueue::confirm);
 }
@@ -291,8 +179,8 @@ void QueueSheet::refreshButtons()
     m_confirm->setEnabled(m_queue->canConfirm());
     if (!m_queue->canConfirm())
         m_outcome->setStatus({}, Tint::text);
-    m_stop->setVisible(running);
-    m_stop->setEnabled(m_queue->isAutomatic());
+    m_stopButton->setVisible(running);
+    m_stopButton->setEnabled(m_queue->isAutomatic());
     next->setDefault(true);
     if (moves && !running)
         next->setFocus();
@@ -305,7 +193,7 @@ bool QueueSheet::keepsFocus(const QWidget *widget) const
         return false;
     if (widget == m_confirm)
         return m_queue->canConfirm();
-    if (widget == m_stop)
+    if (widget == m_stopButton)
         return m_queue->isRunning() && m_queue->isAutomatic();
     return widget != m_skip || !m_queue->isRunning();
 }

@@ -92,7 +92,7 @@ private:
     StatusLabel *m_carrierWords;
     QWidget *m_buttons;
     QPushButton *m_skip;
-    QPushButton *m_stop;
+    QPushButton *m_stopButton;
     QPushButton *m_primary;
     StatusLabel *m_outcome; ///< of the prepared message
     QPushButton *m_confirm;

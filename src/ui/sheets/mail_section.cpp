@@ -79,7 +79,7 @@ Carrier demonstrationCarrier()
 MailSection::MailSection(Mailbox &mailbox, Preferences &preferences, QWidget *parent)
     : SendingSection(u"E-mail"_s, parent), m_mailbox(mailbox), m_preferences(preferences),
       m_settings(preferences), m_form(new MailboxForm), m_save(new QPushButton(u"Enregistrer"_s)),
-      m_test(new QPushButton(u"Tester"_s)), m_outcome(new StatusLabel)
+      m_test(new QPushButton(u"Tester"_s))
 {
     addRoads();
     column()->addWidget(m_form);
@@ -113,7 +113,7 @@ void MailSection::follow(CarrierRow *row, MailRoad road)
 {
     connect(row, &CarrierRow::chosen, this, [this, road] {
         m_settings.setRoad(road);
-        m_outcome->setStatus({}, Tint::text);
+        outcome()->setStatus({}, Tint::text);
         refreshRoads();
         findPassword();
     });
@@ -130,7 +130,7 @@ void MailSection::addButtons()
     m_save->setAccessibleName(u"Enregistrer la boîte aux lettres"_s);
     m_test->setAccessibleName(u"Tester l’e-mail"_s);
     column()->addLayout(row);
-    column()->addWidget(m_outcome);
+    column()->addWidget(outcome());
     connect(m_save, &QPushButton::clicked, this, &MailSection::save);
     connect(m_test, &QPushButton::clicked, this, &MailSection::test);
 }
@@ -180,9 +180,9 @@ void MailSection::save()
     m_settings.setAccount(m_form->account());
     m_settings.setPace(m_form->pace());
     m_form->clearPassword();
-    m_outcome->setStatus({}, Tint::text);
+    outcome()->setStatus({}, Tint::text);
     if (const auto reason = m_preferences.unsaved())
-        m_outcome->setStatus(u"Ces réglages n’ont pas pu être enregistrés : "_s + *reason,
+        outcome()->setStatus(u"Ces réglages n’ont pas pu être enregistrés : "_s + *reason,
                              Tint::negative, u"exclamationmark.triangle.fill"_s);
     if (password.isEmpty())
         findPassword();
@@ -204,37 +204,21 @@ void MailSection::showPlace(const QFuture<PasswordPlace> &answer)
     watcher->setFuture(answer);
 }
 
-/// One at a time. The button stays enabled: it would give its focus, and the view, to another.
 void MailSection::test()
 {
-    if (m_isTesting)
+    if (isTrying())
         return;
     save();
-    m_isTesting = true;
-    refresh();
-    m_outcome->setStatus(u"Envoi de l’e-mail d’essai…"_s, Tint::secondary);
-    reveal(m_outcome);
-    auto *watcher = new QFutureWatcher<TransportResult>(this);
-    connect(watcher, &QFutureWatcherBase::finished, this, [this, watcher] {
-        watcher->deleteLater();
-        m_isTesting = false;
-        refresh();
-        showOutcome(watcher->result());
-        reveal(m_outcome);
-    });
-    watcher->setFuture(m_mailbox.sendTest());
+    tryOut({u"Envoi de l’e-mail d’essai…"_s, u"L’e-mail d’essai n’est pas parti."_s,
+            [this] { return m_mailbox.sendTest(); }});
 }
 
-void MailSection::showOutcome(const TransportResult &result)
+void MailSection::tellAccepted()
 {
-    if (result)
-        return m_outcome->setStatus(
-            result->message.value_or(u"L’e-mail d’essai n’est pas parti."_s), Tint::negative,
-            u"exclamationmark.triangle.fill"_s);
     const QString words =
         u"E-mail d’essai : accepté à %1. Regardez s’il arrive dans votre boîte."_s.arg(
             QTime::currentTime().toString(u"HH:mm"_s));
-    m_outcome->setStatus(words, Tint::positive, u"checkmark.circle.fill"_s);
+    outcome()->setStatus(words, Tint::positive, u"checkmark.circle.fill"_s);
     tellOfCopy(words + u' ');
 }
 
@@ -245,7 +229,7 @@ void MailSection::tellOfCopy(const QString &before)
     connect(watcher, &QFutureWatcherBase::finished, this, [this, watcher, before] {
         watcher->deleteLater();
         if (const std::optional<QString> problem = watcher->result())
-            m_outcome->setStatus(before + *problem, Tint::negative,
+            outcome()->setStatus(before + *problem, Tint::negative,
                                  u"exclamationmark.triangle.fill"_s);
     });
     watcher->setFuture(m_mailbox.copyProblem());

@@ -10,7 +10,6 @@ namespace quenoria {
 
 class CarrierRow;
 class MailboxForm;
-class StatusLabel;
 
 /// The roads of automatic e-mails, the user's mailbox, and its test. The road holds at once; what
 /// is typed is kept by "Enregistrer" or by a test.
@@ -27,13 +26,13 @@ private:
     void addRoads();
     void addButtons();
     void follow(CarrierRow *row, MailRoad road);
-    void refresh();
+    void refresh() override;
     void refreshRoads();
     PasswordPlace placeFor(const MailboxAccount &typed) const;
     void findPassword();
     void showPlace(const QFuture<PasswordPlace> &answer);
     void test();
-    void showOutcome(const TransportResult &result);
+    void tellAccepted() override;
     void tellOfCopy(const QString &before);
 
     Mailbox &m_mailbox;
@@ -45,8 +44,6 @@ private:
     MailboxForm *m_form;
     QPushButton *m_save;
     QPushButton *m_test;
-    StatusLabel *m_outcome;
-    bool m_isTesting = false;
 };
 
 } // namespace quenoria

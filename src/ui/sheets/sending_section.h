@@ -1,10 +1,17 @@
 #pragma once
 
+#include "platform/transport_result.h"
+
 #include <QFrame>
+#include <QFuture>
+
+#include <functional>
 
 class QBoxLayout;
 
 namespace quenoria {
+
+class StatusLabel;
 
 /// One kind of message in the sheet of the ways to send, on a card with a heading.
 class SendingSection : public QFrame {
@@ -13,13 +20,33 @@ class SendingSection : public QFrame {
 protected:
     explicit SendingSection(const QString &heading, QWidget *parent = nullptr);
 
-    QBoxLayout *column() const { return m_column; }
+    /// A message to the user, by the way that is chosen.
+    struct Trial {
+        QString underWay; ///< said until it is known what became of it
+        QString refused;  ///< said where the carrier gives no reason
+        std::function<QFuture<TransportResult>()> send;
+    };
 
-    /// Scrolls the sheet to an outcome that has just appeared, once it has its place.
-    void reveal(QWidget *outcome);
+    QBoxLayout *column() const { return m_column; }
+    StatusLabel *outcome() const { return m_outcome; } ///< for the section to place
+
+    /// One at a time. The button stays enabled: it would give its focus, and the view, to another.
+    void tryOut(const Trial &trial);
+    bool isTrying() const { return m_isTrying; }
+
+    /// A trial has begun or ended.
+    virtual void refresh() = 0;
+
+    /// The carrier took the trial's message.
+    virtual void tellAccepted() = 0;
 
 private:
+    void conclude(const Trial &trial, const TransportResult &result);
+    void revealOutcome();
+
     QBoxLayout *m_column;
+    StatusLabel *m_outcome;
+    bool m_isTrying = false;
 };
 
 } // namespace quenoria

@@ -8,7 +8,6 @@
 
 #include <QButtonGroup>
 #include <QCheckBox>
-#include <QFutureWatcher>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QTime>
@@ -40,7 +39,7 @@ SmsSection::SmsSection(Carriers &carriers, SendDesk &desk, QWidget *parent)
       m_list(new QVBoxLayout),
       m_none(new QRadioButton(u"Aucun : les SMS automatiques ne partent pas"_s)),
       m_choices(new QButtonGroup(this)), m_test(new QPushButton(u"Tester"_s)),
-      m_offer(new QCheckBox(u"Proposer les réponses STOP"_s)), m_outcome(new StatusLabel)
+      m_offer(new QCheckBox(u"Proposer les réponses STOP"_s))
 {
     m_list->setSpacing(rowGap);
     column()->addLayout(m_list);
@@ -64,7 +63,7 @@ void SmsSection::addTest()
         makeLabel(testNote.arg(m_store.testNumber()), TextStyle::footnote, Tint::secondary), 1);
     row->addWidget(m_test, 0, Qt::AlignTop);
     column()->addLayout(row);
-    column()->addWidget(m_outcome);
+    column()->addWidget(outcome());
     m_test->setAutoDefault(false);
     m_test->setAccessibleName(u"Tester le SMS"_s);
     connect(m_test, &QPushButton::clicked, this, &SmsSection::test);
@@ -134,42 +133,25 @@ void SmsSection::follow(CarrierRow *row)
 {
     connect(row, &CarrierRow::chosen, this, [this, row] { m_carriers.choose(row->id()); });
     connect(row, &CarrierRow::pinTyped, this, [this, row](const QString &pin, PinUse use) {
-        m_outcome->setStatus(u"Déverrouillage…"_s, Tint::secondary);
+        outcome()->setStatus(u"Déverrouillage…"_s, Tint::secondary);
         m_carriers.unlock(row->id(), pin, use);
     });
     connect(row, &CarrierRow::pinForgotten, this, [this, row] {
-        m_outcome->setStatus(u"Le code PIN n’est plus retenu."_s, Tint::secondary);
+        outcome()->setStatus(u"Le code PIN n’est plus retenu."_s, Tint::secondary);
         m_carriers.forgetPin(row->id());
     });
 }
 
-/// One at a time. The button stays enabled: it would give its focus, and the view, to another.
 void SmsSection::test()
 {
-    if (m_isTesting)
-        return;
-    m_isTesting = true;
-    refresh();
-    m_outcome->setStatus(u"Envoi du SMS d’essai…"_s, Tint::secondary);
-    reveal(m_outcome);
-    auto *watcher = new QFutureWatcher<TransportResult>(this);
-    connect(watcher, &QFutureWatcherBase::finished, this, [this, watcher] {
-        watcher->deleteLater();
-        m_isTesting = false;
-        refresh();
-        showOutcome(watcher->result());
-        reveal(m_outcome);
-    });
-    watcher->setFuture(
-        m_carriers.send({{messagingHandle(m_store.testNumber())}, {}, testText, {}}));
+    tryOut({u"Envoi du SMS d’essai…"_s, u"Le SMS d’essai n’est pas parti."_s, [this] {
+                return m_carriers.send({{messagingHandle(m_store.testNumber())}, {}, testText, {}});
+            }});
 }
 
-void SmsSection::showOutcome(const TransportResult &result)
+void SmsSection::tellAccepted()
 {
-    if (result)
-        return m_outcome->setStatus(result->message.value_or(u"Le SMS d’essai n’est pas parti."_s),
-                                    Tint::negative, u"exclamationmark.triangle.fill"_s);
-    m_outcome->setStatus(u"SMS d’essai : %1 à %2."_s.arg(m_carriers.handover(),
+    outcome()->setStatus(u"SMS d’essai : %1 à %2."_s.arg(m_carriers.handover(),
                                                          QTime::currentTime().toString(u"HH:mm"_s)),
                          Tint::positive, u"checkmark.circle.fill"_s);
 }
@@ -177,16 +159,16 @@ void SmsSection::showOutcome(const TransportResult &result)
 void SmsSection::showUnlocked(const std::optional<QString> &refusal)
 {
     if (refusal)
-        return m_outcome->setStatus(*refusal, Tint::negative, u"exclamationmark.triangle.fill"_s);
-    m_outcome->setStatus(isUnlocked, Tint::positive, u"checkmark.circle.fill"_s);
+        return outcome()->setStatus(*refusal, Tint::negative, u"exclamationmark.triangle.fill"_s);
+    outcome()->setStatus(isUnlocked, Tint::positive, u"checkmark.circle.fill"_s);
 }
 
 void SmsSection::showPinKept(bool isKept)
 {
     if (isKept)
-        return m_outcome->setStatus(isUnlocked + u" Le code PIN est dans le trousseau."_s,
+        return outcome()->setStatus(isUnlocked + u" Le code PIN est dans le trousseau."_s,
                                     Tint::positive, u"checkmark.circle.fill"_s);
-    m_outcome->setStatus(isUnlocked + u" Aucun trousseau n’est ouvert sur ce bureau : le code PIN "
+    outcome()->setStatus(isUnlocked + u" Aucun trousseau n’est ouvert sur ce bureau : le code PIN "
                                       "n’est pas retenu."_s,
                          Tint::negative, u"exclamationmark.triangle.fill"_s);
 }

@@ -13,7 +13,6 @@ namespace quenoria {
 class CarrierRow;
 class ProspectStore;
 class SendDesk;
-class StatusLabel;
 
 /// The carriers of SMS found on this computer, the choice among them, and its test.
 class SmsSection : public SendingSection {
@@ -25,11 +24,11 @@ public:
 private:
     void addTest();
     void addStopReplies(SendDesk &desk);
-    void refresh();
+    void refresh() override;
     void rebuild(const std::vector<Carrier> &found);
     void orderKeyboard();
     void test();
-    void showOutcome(const TransportResult &result);
+    void tellAccepted() override;
     void showUnlocked(const std::optional<QString> &refusal);
     void showPinKept(bool isKept);
     void follow(CarrierRow *row);
@@ -42,8 +41,6 @@ private:
     QButtonGroup *m_choices; ///< the rows' and the one for none
     QPushButton *m_test;
     QCheckBox *m_offer; ///< of the replies that say STOP
-    StatusLabel *m_outcome;
-    bool m_isTesting = false;
 };
 
 } // namespace quenoria

@@ -122,7 +122,10 @@ protected:
 
 private:
     template <typename View, typename... Arguments>
-    void present(Arguments &&...arguments);
+    void present(Arguments &&...arguments)
+    {
+        (new View(std::forward<Arguments>(arguments)..., this))->present();
+    }
     void build();
     void addKeyboardMenus();
     void followModel();

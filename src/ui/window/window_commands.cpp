@@ -7,28 +7,21 @@
 #include "ui/sheets/department_manager_view.h"
 #include "ui/sheets/dossier_view.h"
 #include "ui/sheets/edit_prospect_view.h"
-#include "ui/sheets/excel_format_help_view.h"
-#include "ui/sheets/export_view.h"
 #include "ui/sheets/new_message_view.h"
 #include "ui/sheets/report_view.h"
 #include "ui/sheets/send_history_view.h"
-#include "ui/sheets/stop_list_view.h"
 #include "ui/sheets/stop_replies_view.h"
 #include "ui/sheets/template_manager_view.h"
 #include "ui/sheets/test_message_view.h"
-#include "ui/sheets/workbook_check_view.h"
 #include "ui/table/contact_table_view.h"
-#include "ui/window/backup_commands.h"
 #include "ui/window/content_view.h"
 #include "ui/window/filter_bar.h"
 #include "ui/window/guide_window.h"
 #include "ui/window/many_ticks.h"
 #include "ui/window/outcome_line.h"
 #include "ui/window/window_header.h"
-#include "ui/window/workbook_import.h"
 
 #include <QApplication>
-#include <QFileInfo>
 #include <QLineEdit>
 
 using namespace Qt::StringLiterals;
@@ -55,12 +48,6 @@ QString namesOf(const IdSet &ids, const ProspectStore &store)
 }
 
 } // namespace
-
-template <typename View, typename... Arguments>
-void ContentView::present(Arguments &&...arguments)
-{
-    (new View(std::forward<Arguments>(arguments)..., this))->present();
-}
 
 void ContentView::addContact() { present<AddProspectView>(m_store); }
 void ContentView::manageDepartments() { present<DepartmentManagerView>(m_store); }
@@ -125,41 +112,6 @@ void ContentView::openDataFolder()
         m_outcome->tell(u"Le dossier n’a pas pu être ouvert : %1"_s.arg(folder));
 }
 
-void ContentView::showImportHelp() { present<ExcelFormatHelpView>(m_platform); }
-
-void ContentView::exportData()
-{
-    std::vector<Prospect> shown;
-    shown.reserve(std::size_t(m_model.contacts().size()));
-    for (int row = 0; row < m_model.contacts().size(); ++row)
-        shown.push_back(m_model.contacts().at(row));
-    present<ExportView>(m_platform, m_store, std::move(shown));
-}
-
-void ContentView::applyStopList()
-{
-    const auto path = m_platform.panels.chooseFile(
-        {u"Appliquer une liste STOP"_s,
-         u"Choisissez un fichier .csv, .xlsx ou .txt avec des numéros ou des adresses e-mail."_s,
-         u"Lire"_s,
-         {}});
-    if (!path)
-        return;
-    m_model.undoList().keepStops();
-    present<StopListView>(m_store, *path);
-}
-
-void ContentView::startBackups() { m_backups->startDay(); }
-void ContentView::saveBackup() { m_backups->save(); }
-void ContentView::restoreBackup() { m_backups->restore(); }
-
-void ContentView::tellOfRestore()
-{
-    showAlert(this, u"Sauvegarde restaurée"_s,
-              u"Ce qui était là juste avant est la plus récente des sauvegardes : vous pouvez y "
-              "revenir de la même façon."_s);
-}
-
 void ContentView::editCurrentContact()
 {
     if (const Prospect *current = m_table->currentContact())
@@ -191,35 +143,6 @@ void ContentView::showHistory(const QString &id)
 }
 
 void ContentView::showDossier(const QString &id) { present<DossierView>(m_platform, m_store, id); }
-
-void ContentView::importExcelFile() { m_import->choose(); }
-
-void ContentView::checkWorkbook()
-{
-    const auto path = m_platform.panels.chooseFile(
-        {u"Vérifier un classeur"_s,
-         u"Choisissez un fichier .xlsx : rien n’est importé avant votre accord."_s, u"Vérifier"_s,
-         u"xlsx"_s});
-    const auto import = [this](ProspectImportAnalysis analysis) {
-        m_import->merge(std::move(analysis));
-    };
-    if (path)
-        present<WorkbookCheckView>(m_platform, m_store, *path, import);
-}
-
-void ContentView::undoImport() { m_import->askToUndo(); }
-
-void ContentView::importWorkbook(const QString &path) { m_import->run(path); }
-
-void ContentView::openWorkbook(const QString &path)
-{
-    if (QApplication::activeModalWidget() && !m_import->isBusy())
-        showAlert(this, u"Classeur non importé"_s,
-                  u"Fermez d’abord la fenêtre ouverte dans Quenoria, puis ouvrez de nouveau "
-                  "« %1 »."_s.arg(QFileInfo(path).fileName()));
-    else
-        importWorkbook(path);
-}
 
 /// Those that are ticked, else the one under the cursor.
 void ContentView::deleteTickedContacts()
