@@ -1,6 +1,6 @@
 #include "messaging/mail_turn.h"
 
-#include "model/dictionary.h"
+#include "messaging/mail_run.h"
 #include "model/local_time.h"
 #include "store/prospect_store.h"
 
@@ -91,12 +91,7 @@ Instant MailTurn::next(Instant now) const
 {
     if (!isNeeded())
         return now;
-    std::vector<Instant> sent;
-    m_store.emailStatuses().forEach([&](const QString &, const EmailSendStatus &status) {
-        if (status.sendHistory)
-            std::ranges::copy(*status.sendHistory, std::back_inserter(sent));
-    });
-    return nextMailTurn(sent, MailSettings(m_platform.preferences).pace(), now);
+    return nextMailTurn(emailsSent(m_store), MailSettings(m_platform.preferences).pace(), now);
 }
 
 void MailTurn::pauseUntil(std::optional<Instant> instant)

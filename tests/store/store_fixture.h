@@ -1,7 +1,7 @@
 #pragma once
 
 #include "model/collections.h"
-#include "store/collection.h"
+#include "store/channel_records.h"
 #include "store/prospect_store.h"
 #include "support/fake_desktop.h"
 
@@ -63,9 +63,7 @@ private:
         const auto join = [](const IdSet &ids) {
             return u' ' + QStringList(ids.begin(), ids.end()).join(u',');
         };
-        const auto name = [](Channel channel) {
-            return channel == Channel::sms ? QStringLiteral("sms") : QStringLiteral("email");
-        };
+        const auto name = [](Channel channel) { return channelRecords(channel).name; };
         return std::visit(
             Following{[&](const ContactsChanged &contacts) {
                           return QString::fromUtf16(descriptor(contacts.collection).fileName) +
