@@ -14,6 +14,7 @@
 #include <QPixmap>
 #include <QValueAxis>
 
+#include <array>
 #include <numeric>
 
 using namespace Qt::StringLiterals;
@@ -69,7 +70,11 @@ double highestOf(const ReportPage &page, const std::vector<std::size_t> &rows)
     return highest;
 }
 
-Tint barTint(qsizetype bar) { return bar == 0 ? Tint::accent : Tint::positive; }
+Tint barTint(qsizetype bar)
+{
+    constexpr std::array tints{Tint::accent, Tint::positive, Tint::secondary, Tint::text};
+    return tints[std::size_t(bar) % tints.size()];
+}
 
 void paintBars(const QBarSeries &bars, const QPalette &colors)
 {
