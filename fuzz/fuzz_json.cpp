@@ -1,32 +1,31 @@
 // Any bytes as one of the data files: what can be decoded comes back the same after it was written.
 
-#include "model/json_decode.h"
-#include "model/json_text.h"
+#include "model/collections.h"
 #include "model/records.h"
-#include "model/text_set.h"
 
 #include <cstdlib>
-#include <set>
 
 using namespace quenoria;
 
 namespace {
 
 template <typename Shape>
-void decode(const QByteArray &file)
+std::string written(const Shape &collection)
 {
-    (void)decodeJson<Shape>(file);
+    std::string file;
+    writeJson(collection, [&file](std::string_view piece) { file += piece; });
+    return file;
 }
 
-template <typename Record>
-void decodeList(const QByteArray &file)
+template <typename Shape>
+void decode(const QByteArray &bytes)
 {
-    const auto records = decodeJson<std::vector<Record>>(file);
-    if (!records)
+    const auto collection = decodeCollection<Shape>(bytes);
+    if (!collection)
         return;
-    std::string written;
-    appendJson(written, *records, 0);
-    if (decodeJson<std::vector<Record>>(QByteArray::fromStdString(written)) != records)
+    const std::string file = written(*collection);
+    const auto again = decodeCollection<Shape>(QByteArray::fromStdString(file));
+    if (!again || written(*again) != file)
         std::abort();
 }
 
@@ -35,16 +34,16 @@ void decodeList(const QByteArray &file)
 extern "C" int LLVMFuzzerTestOneInput(const unsigned char *data, std::size_t size)
 {
     const QByteArray file(reinterpret_cast<const char *>(data), qsizetype(size));
-    decodeList<Prospect>(file);
-    decodeList<MessageTemplate>(file);
-    decodeList<EmailTemplate>(file);
-    decodeList<DepartmentInfo>(file);
-    decodeList<SendIntent>(file);
-    decode<JsonMembers<QString>>(file);
-    decode<JsonMembers<SendStatus>>(file);
-    decode<JsonMembers<EmailSendStatus>>(file);
-    decode<JsonMembers<ContactOverride>>(file);
-    decode<JsonMembers<TextSet>>(file);
-    decode<std::set<QString>>(file);
+    decode<Sequence<Prospect>>(file);
+    decode<Sequence<MessageTemplate>>(file);
+    decode<Sequence<EmailTemplate>>(file);
+    decode<Sequence<DepartmentInfo>>(file);
+    decode<Dictionary<QString>>(file);
+    decode<Dictionary<SendStatus>>(file);
+    decode<Dictionary<EmailSendStatus>>(file);
+    decode<Dictionary<ContactOverride>>(file);
+    decode<Dictionary<TextSet>>(file);
+    decode<IdSet>(file);
+    (void)decodeJson<std::vector<SendIntent>>(file);
     return 0;
 }

@@ -81,6 +81,7 @@ int showWindow(int argc, char **argv, const QString &folder, bool searches)
     window.grab();
     if (!searches)
         _exit(0); // what comes after is not the user's
+    store.complete();
     const auto search = [&](const QString &text) {
         window.findChild<QLineEdit *>()->setText(text);
         QApplication::processEvents();

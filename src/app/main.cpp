@@ -156,7 +156,7 @@ int runWindow(Process &process)
     process.shown = &window;
     showFirstPicture(window); // before the histories of its contacts are read
     if (asked != EXIT_FAILURE ||
-        !openData([&application] { application.store().complete(); }, application.platform()))
+        !openData([&application] { application.completeStore(); }, application.platform()))
         return asked;
     QObject::disconnect(asking);
     if (options.tourFolder)

@@ -10,11 +10,15 @@ OlvakSMSManualApp::OlvakSMSManualApp(Desktop &desktop)
 
 ProspectStore &OlvakSMSManualApp::store()
 {
-    if (!m_store) {
+    if (!m_store)
         m_store = std::make_unique<ProspectStore>(m_platform, FirstReading::contacts);
-        m_store->separateTwins();
-    }
     return *m_store;
+}
+
+void OlvakSMSManualApp::completeStore()
+{
+    store().complete();
+    store().separateTwins();
 }
 
 SendDesk &OlvakSMSManualApp::desk()

@@ -19,8 +19,10 @@ public:
     const Platform &platform() const { return m_platform; }
     Switches &switches() { return m_switches; }
 
-    /// Created when it is first asked for, since that reads the files.
+    /// Created when it is first asked for, since that reads the files: of the contacts at first,
+    /// so that they can be shown, of the rest by completeStore().
     ProspectStore &store();
+    void completeStore();
     SendDesk &desk();
 
     /// Lets go of both, so that the files can be read anew.

@@ -27,13 +27,13 @@ public:
     const Value *find(const QString &key) const
     {
         const quint32 place = placeOf(key);
-        return place == KeyIndex::none ? nullptr : &m_slots[place].record.value();
+        return place == KeyIndex::none ? nullptr : &m_slots[place].second.value();
     }
 
     void set(const QString &key, Value value)
     {
         if (const quint32 place = placeOf(key); place != KeyIndex::none)
-            m_slots[place].record = Encoded<Value>(std::move(value));
+            m_slots[place].second = Encoded<Value>(std::move(value));
         else
             append(key, std::move(value));
     }
@@ -44,7 +44,7 @@ public:
     {
         if (!contains(key))
             append(key, Value{});
-        m_slots[placeOf(key)].record.edit(change);
+        m_slots[placeOf(key)].second.edit(change);
     }
 
     bool remove(const QString &key)
@@ -56,7 +56,7 @@ public:
         keepOrderWithout(place, last);
         m_index.remove(key, place);
         if (place != last) { // which takes the free place
-            m_index.remove(m_slots[last].key, last);
+            m_index.remove(m_slots[last].first, last);
             m_slots[place] = std::move(m_slots[last]);
         }
         m_slots.pop_back();
@@ -79,7 +79,7 @@ public:
     void forEach(Visit &&visit) const
     {
         for (const quint32 place : sorted())
-            visit(m_slots[place].key, m_slots[place].record.value());
+            visit(m_slots[place].first, m_slots[place].second.value());
     }
 
     /// The whole file.
@@ -87,38 +87,50 @@ public:
     {
         PiecewiseJson file("{}", take, texts);
         for (const quint32 place : sorted())
-            file.add(m_slots[place].record, &m_slots[place].key);
+            file.add(m_slots[place].second, &m_slots[place].first);
         file.close();
     }
 
     static std::optional<Dictionary> fromJson(const QByteArray &bytes)
     {
-        auto members = decodeJson<JsonMembers<Value>>(bytes);
+        auto members = decodeJson<JsonMembers<Encoded<Value>>>(bytes);
         if (!members)
             return std::nullopt;
         Dictionary dictionary;
-        dictionary.m_slots.reserve(members->size());
-        dictionary.m_index.reserve(members->size(), dictionary.keyAt());
-        for (auto &[key, value] : *members)
-            dictionary.set(key, std::move(value));
+        dictionary.m_slots = std::move(*members);
+        dictionary.indexAll();
         return dictionary;
     }
 
 private:
-    struct Slot {
-        QString key;
-        Encoded<Value> record;
-    };
+    using Slot = typename JsonMembers<Encoded<Value>>::value_type;
 
     auto keyAt() const
     {
-        return [this](quint32 place) -> const QString & { return m_slots[place].key; };
+        return [this](quint32 place) -> const QString & { return m_slots[place].first; };
     }
     quint32 placeOf(const QString &key) const { return m_index.find(key, keyAt()); }
 
+    /// Of those that share a key, the last counts, where the first stands.
+    void indexAll()
+    {
+        m_index.reserve(m_slots.size(), keyAt());
+        std::size_t kept = 0;
+        for (std::size_t each = 0; each < m_slots.size(); ++each) {
+            if (kept != each)
+                m_slots[kept] = std::move(m_slots[each]);
+            if (const quint32 known = m_index.insertNew(quint32(kept), keyAt());
+                known == KeyIndex::none)
+                ++kept;
+            else
+                m_slots[known].second = std::move(m_slots[kept].second);
+        }
+        m_slots.erase(m_slots.begin() + std::ptrdiff_t(kept), m_slots.end());
+    }
+
     void append(const QString &key, Value value)
     {
-        m_slots.push_back({key, Encoded<Value>(std::move(value))});
+        m_slots.emplace_back(key, Encoded<Value>(std::move(value)));
         m_index.insert(quint32(m_slots.size() - 1), keyAt());
     }
 
@@ -142,7 +154,7 @@ private:
             m_order.push_back(place);
         const auto added = m_order.begin() + known;
         const auto precedes = [this](quint32 a, quint32 b) {
-            return m_slots[a].key < m_slots[b].key;
+            return m_slots[a].first < m_slots[b].first;
         };
         if (!std::is_sorted(added, m_order.end(), precedes))
             std::sort(added, m_order.end(), precedes);

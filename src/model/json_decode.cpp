@@ -1,5 +1,7 @@
 #include "model/json_decode.h"
 
+#include "model/encoded.h"
+#include "model/large_area.h"
 #include "model/recent_texts.h"
 #include "model/records.h"
 #include "model/text_set.h"
@@ -104,6 +106,15 @@ public:
             return true;
         }
         return read(node, out.emplace());
+    }
+
+    /// Where it stays: a hundred thousand records are not moved once they are read.
+    template <typename T>
+    bool read(Node node, Encoded<T> &out)
+    {
+        bool isRead = false;
+        out.edit([&](T &value) { isRead = read(node, value); });
+        return isRead;
     }
 
     template <HasFields Record>
@@ -232,6 +243,18 @@ void replaceLoneSurrogates(simdjson::padded_string &json)
         std::ranges::copy(std::string_view("\\ufffd"), json.data() + at);
 }
 
+/// Room for the records that so large a file holds at most, as far as they are usual ones. What is
+/// not needed of it is never touched.
+template <typename Shape>
+void makeRoom(Shape &shape, std::size_t fileSize)
+{
+    constexpr std::size_t smallRecord = 160;
+    if constexpr (requires { shape.reserve(fileSize); }) {
+        shape.reserve(fileSize / smallRecord);
+        expectFilling(shape);
+    }
+}
+
 /// The library does not look whether it got the memory for its texts: it is tried before.
 void askForTexts(std::size_t size)
 {
@@ -264,6 +287,7 @@ std::optional<Shape> decodeJson(const QByteArray &bytes)
     simdjson::ondemand::document document;
     Node root;
     Shape shape;
+    makeRoom(shape, content.size());
     const simdjson::error_code opened = parser.iterate(json).get(document);
     if (opened == simdjson::MEMALLOC) // which says nothing about the file
         throw std::bad_alloc();
@@ -274,16 +298,17 @@ std::optional<Shape> decodeJson(const QByteArray &bytes)
     return shape;
 }
 
-template std::optional<std::vector<Prospect>> decodeJson(const QByteArray &);
-template std::optional<std::vector<MessageTemplate>> decodeJson(const QByteArray &);
-template std::optional<std::vector<EmailTemplate>> decodeJson(const QByteArray &);
-template std::optional<std::vector<DepartmentInfo>> decodeJson(const QByteArray &);
+template std::optional<std::vector<Encoded<Prospect>>> decodeJson(const QByteArray &);
+template std::optional<std::vector<Encoded<MessageTemplate>>> decodeJson(const QByteArray &);
+template std::optional<std::vector<Encoded<EmailTemplate>>> decodeJson(const QByteArray &);
+template std::optional<std::vector<Encoded<DepartmentInfo>>> decodeJson(const QByteArray &);
 template std::optional<std::vector<SendIntent>> decodeJson(const QByteArray &);
 template std::optional<JsonMembers<QString>> decodeJson(const QByteArray &);
-template std::optional<JsonMembers<SendStatus>> decodeJson(const QByteArray &);
-template std::optional<JsonMembers<EmailSendStatus>> decodeJson(const QByteArray &);
-template std::optional<JsonMembers<ContactOverride>> decodeJson(const QByteArray &);
-template std::optional<JsonMembers<TextSet>> decodeJson(const QByteArray &);
+template std::optional<JsonMembers<Encoded<QString>>> decodeJson(const QByteArray &);
+template std::optional<JsonMembers<Encoded<SendStatus>>> decodeJson(const QByteArray &);
+template std::optional<JsonMembers<Encoded<EmailSendStatus>>> decodeJson(const QByteArray &);
+template std::optional<JsonMembers<Encoded<ContactOverride>>> decodeJson(const QByteArray &);
+template std::optional<JsonMembers<Encoded<TextSet>>> decodeJson(const QByteArray &);
 template std::optional<std::set<QString>> decodeJson(const QByteArray &);
 
 } // namespace quenoria

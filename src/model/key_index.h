@@ -36,6 +36,24 @@ public:
         ++m_count;
     }
 
+    /// Inserts the key unless it is there already; the place where it is then, else none.
+    template <typename KeyAt>
+    quint32 insertNew(quint32 place, const KeyAt &keyAt)
+    {
+        if (2 * (m_used + 1) > m_cells.size())
+            rebuild(2 * (m_count + 1), keyAt);
+        const QString &key = keyAt(place);
+        std::size_t cell = start(key);
+        for (; m_cells[cell] != none; cell = after(cell)) {
+            if (m_cells[cell] != removed && keyAt(m_cells[cell]) == key)
+                return m_cells[cell];
+        }
+        m_cells[cell] = place;
+        ++m_used;
+        ++m_count;
+        return none;
+    }
+
     /// The key must be there.
     void remove(const QString &key, quint32 place)
     {

@@ -2,8 +2,8 @@
 
 #include <QString>
 
-#include <functional>
-#include <string>
+#include <algorithm>
+#include <cstring>
 #include <string_view>
 #include <vector>
 
@@ -18,16 +18,16 @@ inline QString qString(std::string_view text)
 }
 
 /// Gives texts that come again and again (departments, trades, comments, templates) the same
-/// memory: a hundred thousand contacts hold a few dozen of them.
+/// memory: a hundred thousand contacts hold a few dozen of them. The bytes outlive it.
 class RecentTexts {
 public:
     QString text(std::string_view utf8)
     {
         if (utf8.size() > longest)
             return qString(utf8);
-        Recent &recent = m_recent[std::hash<std::string_view>()(utf8) % m_recent.size()];
+        Recent &recent = m_recent[placeOf(utf8)];
         if (recent.utf8 != utf8 || recent.text.isNull())
-            recent = {std::string(utf8), qString(utf8)};
+            recent = {utf8, qString(utf8)};
         return recent.text;
     }
 
@@ -35,8 +35,18 @@ private:
     static constexpr std::size_t longest = 64;
     static constexpr std::size_t count = 256;
 
+    /// By the end, where numbered texts differ.
+    static std::size_t placeOf(std::string_view utf8)
+    {
+        quint64 end = 0;
+        const std::size_t size = std::min(utf8.size(), sizeof end);
+        std::memcpy(&end, utf8.data() + (utf8.size() - size), size);
+        constexpr quint64 odd = 0x9E3779B97F4A7C15U; // mixes all bits into the highest
+        return std::size_t(((end + utf8.size()) * odd) >> 56U);
+    }
+
     struct Recent {
-        std::string utf8;
+        std::string_view utf8;
         QString text;
     };
     std::vector<Recent> m_recent{count};

@@ -87,8 +87,12 @@ public:
 
     static std::optional<Sequence> fromJson(const QByteArray &bytes)
     {
-        auto values = decodeJson<std::vector<Value>>(bytes);
-        return values ? std::optional(Sequence(std::move(*values))) : std::nullopt;
+        auto read = decodeJson<std::vector<Encoded<Value>>>(bytes);
+        if (!read)
+            return std::nullopt;
+        Sequence sequence;
+        sequence.m_slots = std::move(*read);
+        return sequence;
     }
 
 private:

@@ -1,4 +1,5 @@
 #include "model/contact_rules.h"
+#include "model/large_area.h"
 #include "store/prospect_store.h"
 #include "store/store_state.h"
 #include "store/twins.h"
@@ -83,6 +84,7 @@ const std::vector<Prospect> &StoreState::mergedList()
         return merged;
     merged.clear();
     merged.reserve(prospects.size() + customProspects.size());
+    expectFilling(merged);
     for (const Prospect &prospect : prospects) {
         if (!deletedProspectIDs.contains(prospect.id))
             merged.push_back(effective(prospect));
@@ -90,38 +92,37 @@ const std::vector<Prospect> &StoreState::mergedList()
     customProspects.forEach(
         [this](const Prospect &prospect) { merged.push_back(effective(prospect)); });
 
-    indexMerged();
+    indexOfMerged.reset();
     mergedIsCurrent = true;
     return merged;
 }
 
-void StoreState::indexMerged()
+const StoreState::MergedIndex &StoreState::mergedIndex()
 {
+    (void)mergedList();
+    if (indexOfMerged)
+        return *indexOfMerged;
     const auto idAt = [this](quint32 place) -> const QString & { return merged[place].id; };
-    mergedPositions = {};
-    mergedPositions.reserve(merged.size(), idAt);
-    twinsByFirst.clear();
-    idsAreShared = false;
+    MergedIndex index;
+    index.firstPlaces.reserve(merged.size(), idAt);
     for (quint32 place = 0; place < merged.size(); ++place) {
         const QString &id = merged[place].id;
-        if (mergedPositions.find(id, idAt) != KeyIndex::none) {
-            idsAreShared = true;
-            continue;
-        }
-        mergedPositions.insert(place, idAt);
-        if (const QString first = firstId(id); first != id)
-            twinsByFirst[first] << id;
+        if (index.firstPlaces.insertNew(place, idAt) != KeyIndex::none)
+            index.idsAreShared = true;
+        else if (isTwin(id))
+            index.twinsByFirst[firstId(id)] << id;
     }
-    for (auto &[first, ids] : twinsByFirst) {
-        if (mergedPositions.find(first, idAt) != KeyIndex::none)
+    for (auto &[first, ids] : index.twinsByFirst) {
+        if (index.firstPlaces.find(first, idAt) != KeyIndex::none)
             ids.prepend(first);
     }
+    return indexOfMerged.emplace(std::move(index));
 }
 
 const Prospect *ProspectStore::prospect(const QString &id) const
 {
     const std::vector<Prospect> &all = allProspects();
-    const quint32 place = m_state.contacts().mergedPositions.find(
+    const quint32 place = m_state.contacts().mergedIndex().firstPlaces.find(
         id, [&all](quint32 at) -> const QString & { return all[at].id; });
     return place == KeyIndex::none ? nullptr : &all[place];
 }

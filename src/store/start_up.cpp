@@ -1,3 +1,4 @@
+#include "model/large_area.h"
 #include "store/defaults.h"
 #include "store/prospect_store.h"
 #include "store/set_aside.h"
@@ -44,6 +45,7 @@ std::optional<DecodedFile> decodeFile(const CollectionDescriptor &row, const QSt
         return std::nullopt;
     QByteArray bytes;
     bytes.reserve(source.size() + jsonReadAhead);
+    expectFilling(bytes);
     bytes.resize(source.size());
     bytes.resize(std::max(source.read(bytes.data(), bytes.size()), qint64(0)));
     std::optional<DecodedFile> decoded = row.decode(bytes);

@@ -44,7 +44,8 @@ struct StoreState {
 
     // Contacts.
     const std::vector<Prospect> &mergedList();
-    void indexMerged();
+    struct MergedIndex;
+    const MergedIndex &mergedIndex();
     [[nodiscard]] Prospect effective(const Prospect &prospect) const;
     void rememberStopsOf(const IdSet &ids);
     void forget(const IdSet &ids);
@@ -96,12 +97,16 @@ struct StoreState {
 
     TaskScope tasks; ///< automatic sends
 
-    // The merged list and where each id first stands in it; emptied by what changes it.
+    // The merged list, made anew after what changes it, and what is looked up in it: once anybody
+    // does, for a start shows the contacts without.
     std::vector<Prospect> merged;
-    KeyIndex mergedPositions;
-    std::map<QString, QStringList> twinsByFirst; ///< by the id that they shared
-    bool idsAreShared = false;                   ///< by contacts of an older folder
     bool mergedIsCurrent = false;
+    struct MergedIndex {
+        KeyIndex firstPlaces;
+        std::map<QString, QStringList> twinsByFirst; ///< by the id that they shared
+        bool idsAreShared = false;                   ///< by contacts of an older folder
+    };
+    std::optional<MergedIndex> indexOfMerged;
 };
 
 } // namespace quenoria

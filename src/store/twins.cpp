@@ -23,6 +23,8 @@ QString freeId(const QString &id, const IdSet &taken)
 
 } // namespace
 
+bool isTwin(const QString &id) { return id.contains(separator); }
+
 QString firstId(const QString &id)
 {
     const qsizetype number = id.indexOf(separator);
@@ -31,8 +33,7 @@ QString firstId(const QString &id)
 
 int ProspectStore::separateTwins()
 {
-    (void)allProspects();
-    if (!m_state.contacts().idsAreShared)
+    if (!m_state.contacts().mergedIndex().idsAreShared)
         return 0;
     IdSet taken, seen;
     for (const Prospect &prospect : m_state->prospects) {
@@ -81,7 +82,7 @@ bool StoreState::copyRecords(const std::map<QString, QString> &origins)
 /// The contact and those that once shared its id, in the order in which they are served.
 QStringList StoreState::twins(const QString &id)
 {
-    (void)mergedList();
+    const auto &twinsByFirst = mergedIndex().twinsByFirst;
     const auto found = twinsByFirst.find(firstId(id));
     return found == twinsByFirst.end() ? QStringList{id} : found->second;
 }

@@ -10,5 +10,6 @@ namespace quenoria {
 ///   "0639980011"   -> "0639980011"
 ///   "0639980011#2" -> "0639980011"
 [[nodiscard]] QString firstId(const QString &id);
+[[nodiscard]] bool isTwin(const QString &id); ///< it got an id of its own
 
 } // namespace quenoria

@@ -1,4 +1,4 @@
-#include "model/json_decode.h"
+#include "model/collections.h"
 #include "model/json_text.h"
 #include "model/records.h"
 
@@ -10,6 +10,12 @@ using namespace Qt::StringLiterals;
 namespace {
 
 using Templates = std::vector<MessageTemplate>;
+
+std::optional<Templates> decodeTemplates(const QByteArray &file)
+{
+    const auto decoded = decodeCollection<Sequence<MessageTemplate>>(file);
+    return decoded ? std::optional(decoded->values()) : std::nullopt;
+}
 
 /// A file with one template that has the member, whatever its value.
 QByteArray fileWith(const QByteArray &name, const QByteArray &value)
@@ -34,7 +40,7 @@ class UnknownMember : public testing::TestWithParam<Skipped> {};
 
 TEST_P(UnknownMember, IsPassedOverWhateverItHolds)
 {
-    EXPECT_EQ(decodeJson<Templates>(fileWith("inconnu", GetParam().value)),
+    EXPECT_EQ(decodeTemplates(fileWith("inconnu", GetParam().value)),
               (Templates{{u"b"_s, u"a"_s, u"c"_s}}));
 }
 
@@ -56,8 +62,8 @@ class BrokenFile : public testing::TestWithParam<Broken> {};
 
 TEST_P(BrokenFile, IsRefusedWhole)
 {
-    EXPECT_EQ(decodeJson<Templates>(GetParam().file), std::nullopt);
-    EXPECT_EQ(decodeJson<Templates>(withRoom(GetParam().file)), std::nullopt);
+    EXPECT_EQ(decodeTemplates(GetParam().file), std::nullopt);
+    EXPECT_EQ(decodeTemplates(withRoom(GetParam().file)), std::nullopt);
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -123,8 +129,18 @@ TEST(JsonFile, BeginsAfterAMarkOfByteOrderAndKeepsTheLastOfTwins)
 {
     EXPECT_EQ(decodeJson<JsonMembers<QString>>("\xEF\xBB\xBF{\"\xEF\xBB\xBF\":\"a\"}"),
               (JsonMembers<QString>{{u"\uFEFF"_s, u"a"_s}}));
-    EXPECT_EQ(decodeJson<Templates>(fileWith("id", "\"z\""))->front().id, u"b"_s);
-    EXPECT_EQ(decodeJson<std::vector<Prospect>>("[]")->size(), 0U);
+    EXPECT_EQ(decodeTemplates(fileWith("id", "\"z\""))->front().id, u"b"_s);
+    EXPECT_EQ(decodeCollection<Sequence<Prospect>>("[]")->size(), 0U);
+}
+
+TEST(DecodedDictionary, HoldsAKeyOnceWithItsLastValue)
+{
+    const auto read = decodeCollection<Dictionary<QString>>(
+        R"({"a": "1", "b": "2", "a": "3", "c": "4", "b": "5"})");
+    QStringList held;
+    read->forEach([&held](const QString &key, const QString &value) { held << key + value; });
+    EXPECT_EQ(held.join(u' '), u"a3 b5 c4"_s);
+    EXPECT_EQ(read->size(), 3U);
 }
 
 } // namespace

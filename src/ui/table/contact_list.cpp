@@ -42,6 +42,7 @@ std::vector<int> ContactList::rowsOfEntries() const
 
 void ContactList::setSearchText(const QString &text)
 {
+    m_store.complete(); // the texts are read on several threads at once
     m_searchText = text;
     m_needle = text.trimmed().isEmpty() ? std::nullopt : std::optional(foldedForSearch(text));
     settle();
@@ -50,6 +51,7 @@ void ContactList::setSearchText(const QString &text)
 
 void ContactList::setFilter(const ContactFilter &filter)
 {
+    m_store.complete();
     m_filter = filter;
     filterAnew();
     settle();
@@ -60,6 +62,7 @@ void ContactList::filterAnew() { m_accepted.assign(m_entries.size(), Accepted::u
 
 void ContactList::sort(SortColumn column, Qt::SortOrder order)
 {
+    m_store.complete();
     const bool sameKeys = column == m_sortColumn;
     m_sortColumn = column;
     m_sortOrder = order;
@@ -198,6 +201,10 @@ void ContactList::find()
 {
     if (m_needle)
         m_texts.complete(searchedTextOf());
+    if (!m_needle && m_filter.isEmpty()) {
+        m_shown = m_order;
+        return;
+    }
     m_shown.clear();
     std::ranges::copy_if(m_order, std::back_inserter(m_shown),
                          [this](std::uint32_t entry) { return matches(entry); });

@@ -76,7 +76,7 @@ private:
     };
 
     void takeAll();
-    void indexIds();
+    void indexIds() const;
     void orderAnew();
     void take(std::uint32_t entry);
     void readRecords(Entry &entry) const;
@@ -95,13 +95,14 @@ private:
 
     ProspectStore &m_store;
     TableState &m_state;
-    std::vector<Entry> m_entries;                    ///< in the store's order
-    KeyIndex m_firstById;                            ///< of these entries
-    QMultiHash<QString, std::uint32_t> m_othersById; ///< of an older folder, which shares ids
-    Order m_order;                                   ///< every entry, sorted
-    Order m_shown;                                   ///< those that the search found, in that order
-    std::set<std::uint32_t> m_displaced;             ///< entries that would sort elsewhere by now
-    bool m_isDisplaced = false;                      ///< any entry might
+    std::vector<Entry> m_entries;                            ///< in the store's order
+    mutable KeyIndex m_firstById;                            ///< of these entries
+    mutable QMultiHash<QString, std::uint32_t> m_othersById; ///< of an older folder, sharing ids
+    mutable bool m_idsAreIndexed = false;
+    Order m_order;                       ///< every entry, sorted
+    Order m_shown;                       ///< those that the search found, in that order
+    std::set<std::uint32_t> m_displaced; ///< entries that would sort elsewhere by now
+    bool m_isDisplaced = false;          ///< any entry might
     QString m_searchText;
     std::optional<std::string> m_needle; ///< folded; none when nothing is looked for
     ContactFilter m_filter;

@@ -1,4 +1,6 @@
 #include "ui/table/contact_list.h"
+
+#include "model/large_area.h"
 #include "ui/table/search_texts.h"
 #include "ui/table/shares.h"
 
@@ -6,6 +8,8 @@ namespace quenoria {
 
 QList<std::uint32_t> ContactList::entriesOf(const QString &id) const
 {
+    if (!m_idsAreIndexed)
+        indexIds();
     const auto first = m_firstById.find(
         id, [this](quint32 entry) -> const QString & { return m_entries[entry].contact.id; });
     return first == KeyIndex::none ? QList<std::uint32_t>()
@@ -17,6 +21,7 @@ void ContactList::takeAll()
     const std::vector<Prospect> &all = m_store.allProspects();
     m_entries.clear();
     m_entries.reserve(all.size());
+    expectFilling(m_entries);
     for (const Prospect &contact : all)
         m_entries.push_back({.contact = contact, .sent = {}, .filteredBy = {}});
     inShares(m_entries.size(), [this](std::size_t, std::size_t begin, std::size_t end) {
@@ -26,14 +31,15 @@ void ContactList::takeAll()
     m_sent.fill(0);
     for (const Entry &entry : m_entries)
         tally(entry, 1);
-    indexIds();
+    m_idsAreIndexed = false;
     m_texts.reset(m_entries.size());
     m_labels.reset(m_entries.size());
     m_keys.setAll(m_entries.size(), sortValueOf());
     filterAnew();
 }
 
-void ContactList::indexIds()
+/// Once an id is looked for: the first picture does without.
+void ContactList::indexIds() const
 {
     const auto idAt = [this](quint32 entry) -> const QString & {
         return m_entries[entry].contact.id;
@@ -43,11 +49,10 @@ void ContactList::indexIds()
     m_othersById.clear();
     for (quint32 entry = 0; entry < m_entries.size(); ++entry) {
         const QString &id = idAt(entry);
-        if (m_firstById.find(id, idAt) == KeyIndex::none)
-            m_firstById.insert(entry, idAt);
-        else
+        if (m_firstById.insertNew(entry, idAt) != KeyIndex::none)
             m_othersById.insert(id, entry);
     }
+    m_idsAreIndexed = true;
 }
 
 int ContactList::reload(std::uint32_t entry)
