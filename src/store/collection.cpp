@@ -205,6 +205,16 @@ constexpr std::array<CollectionDescriptor, 13> CollectionTable::rows{
          .isHistory = true}),
 };
 
+static_assert(
+    [] {
+        for (std::size_t place = 0; place < CollectionTable::rows.size(); ++place) {
+            if (CollectionTable::rows[place].collection != Collection(place))
+                return false;
+        }
+        return true;
+    }(),
+    "each row stands at its collection's number");
+
 std::span<const CollectionDescriptor> collections() { return CollectionTable::rows; }
 
 const CollectionDescriptor &descriptor(Collection collection)

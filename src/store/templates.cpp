@@ -25,6 +25,22 @@ void forEachText(Template &each, Other &other, Use use)
     use(each.body, other.body);
 }
 
+/// Takes the template's texts over, one by one, and tells of each.
+template <typename Template, typename Publish>
+void takeTexts(Sequence<Template> &templates, const EmailTemplate &texts, const Publish &publish)
+{
+    const Template *found = findTemplate(templates, texts.id);
+    if (!found)
+        return;
+    Template changed = *found;
+    forEachText(changed, texts, [&](QString &text, const QString &typed) {
+        text = typed;
+        templates.replaceFirst([&changed](const Template &entry) { return entry.id == changed.id; },
+                               changed);
+        publish();
+    });
+}
+
 /// The same template as another channel keeps it.
 template <typename To, typename From>
 To as(const From &from)
@@ -122,18 +138,8 @@ QString ProspectStore::createTemplate(Channel channel, EmailTemplate texts)
 
 void ProspectStore::updateTemplate(Channel channel, const EmailTemplate &texts)
 {
-    m_state->channels.on(channel, [&](auto &data) {
-        const auto *found = findTemplate(data.templates, texts.id);
-        if (!found)
-            return;
-        auto changed = *found;
-        forEachText(changed, texts, [&](QString &text, const QString &typed) {
-            text = typed;
-            data.templates.replaceFirst(
-                [&changed](const auto &entry) { return entry.id == changed.id; }, changed);
-            m_state->publish(channelRecords(channel).templates);
-        });
-    });
+    const auto publish = [&] { m_state->publish(channelRecords(channel).templates); };
+    m_state->channels.on(channel, [&](auto &data) { takeTexts(data.templates, texts, publish); });
 }
 
 void ProspectStore::deleteTemplate(Channel channel, const QString &templateId)
