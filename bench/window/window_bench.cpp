@@ -123,7 +123,7 @@ struct Filled {
             writeFiles(desktop, contacts);
         else
             QDir().mkpath(desktop.folders.data());
-        run(desktop.folders.data(), u"--show"_s); // writes the files of a first start
+        run(desktop.folders.data(), u"--search"_s); // writes the files of a first start
     }
 
     double size() const

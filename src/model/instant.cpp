@@ -22,12 +22,12 @@ std::optional<int> number(QByteArrayView digits)
     return value;
 }
 
-/// Over the zeros that end before the given place. A file holds one instant per send, and a
-/// general formatter would take most of the time of writing it.
-void writeNumber(char *end, int value)
+/// A file holds one instant per send: a general formatter would take most of the time of writing
+/// it.
+void writeTwoDigits(char *to, unsigned value)
 {
-    for (; value > 0; value /= 10)
-        *--end = char('0' + value % 10);
+    to[0] = char('0' + value / 10);
+    to[1] = char('0' + value % 10);
 }
 
 bool hasSeparators(QByteArrayView text)
@@ -45,13 +45,16 @@ void writeInstant(Instant instant, char *to)
     const auto day = floor<days>(second);
     const year_month_day date{day};
     const hh_mm_ss time{second - day};
+    constexpr unsigned century = 100;
+    const auto year = unsigned(int(date.year()));
     std::ranges::copy("0000-00-00T00:00:00Z"sv, to);
-    writeNumber(to + 4, int(date.year()));
-    writeNumber(to + 7, int(unsigned(date.month())));
-    writeNumber(to + 10, int(unsigned(date.day())));
-    writeNumber(to + 13, int(time.hours().count()));
-    writeNumber(to + 16, int(time.minutes().count()));
-    writeNumber(to + 19, int(time.seconds().count()));
+    writeTwoDigits(to, year / century);
+    writeTwoDigits(to + 2, year % century);
+    writeTwoDigits(to + 5, unsigned(date.month()));
+    writeTwoDigits(to + 8, unsigned(date.day()));
+    writeTwoDigits(to + 11, unsigned(time.hours().count()));
+    writeTwoDigits(to + 14, unsigned(time.minutes().count()));
+    writeTwoDigits(to + 17, unsigned(time.seconds().count()));
 }
 
 QByteArray instantText(Instant instant)

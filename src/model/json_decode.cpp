@@ -156,20 +156,25 @@ public:
         });
     }
 
-    /// Sets of one file hold much the same texts: each of these takes its memory once.
+    /// Sets of one file hold much the same texts: each of these takes its memory once. It is mostly
+    /// in the set before, where it stands no earlier than the text before it.
     bool read(Node node, TextSet &out)
     {
         std::vector<QString> texts;
+        std::vector<const SharedText *> shared;
+        std::size_t place = 0;
         const bool isRead = readElements(node, [&](Node value) {
             std::string_view text;
             if (value.get_string().get(text) != simdjson::SUCCESS)
                 return false;
-            const auto [known, isNew] = m_shared.try_emplace(text);
-            if (isNew)
-                known->second = qString(text);
-            texts.push_back(known->second);
+            while (place < m_setBefore.size() && m_setBefore[place]->first < text)
+                ++place;
+            const bool isKnown = place < m_setBefore.size() && m_setBefore[place]->first == text;
+            shared.push_back(isKnown ? m_setBefore[place] : &sharedText(text));
+            texts.push_back(shared.back()->second);
             return true;
         });
+        m_setBefore = std::move(shared);
         out = TextSet(std::move(texts));
         return isRead;
     }
@@ -185,6 +190,16 @@ public:
     }
 
 private:
+    using SharedText = std::pair<const std::string_view, QString>; ///< in the parser's own bytes
+
+    const SharedText &sharedText(std::string_view text)
+    {
+        const auto [known, isNew] = m_shared.try_emplace(text);
+        if (isNew)
+            known->second = qString(text);
+        return *known;
+    }
+
     /// Reads the one field that has the name, if any, and marks it as seen.
     template <HasFields Record, std::size_t... I>
     bool readMember(std::string_view name, Node value, Record &out,
@@ -201,7 +216,8 @@ private:
 
     RecentTexts m_texts;
     std::vector<Instant> m_instants;
-    std::unordered_map<std::string_view, QString> m_shared; ///< by the parser's own bytes
+    std::unordered_map<std::string_view, QString> m_shared;
+    std::vector<const SharedText *> m_setBefore;
 };
 
 /// The code unit of "\\uXXXX" at the position, if that is what stands there.

@@ -43,10 +43,31 @@ void appendCharacter(std::string &out, char c)
     }
 }
 
+/// Nearly every text: letters without accents, digits and addresses, quoted as they are.
+bool appendPlain(std::string &out, const QString &text)
+{
+    const std::size_t start = out.size();
+    out.resize(start + std::size_t(text.size()) + 2);
+    char *to = out.data() + start;
+    *to++ = '"';
+    for (const QChar c : text) {
+        const char16_t unit = c.unicode();
+        if (unit >= 0x80 || needsEscape(char(unit))) {
+            out.resize(start);
+            return false;
+        }
+        *to++ = char(unit);
+    }
+    *to = '"';
+    return true;
+}
+
 } // namespace
 
 void appendJsonString(std::string &out, const QString &text)
 {
+    if (appendPlain(out, text))
+        return;
     QStringEncoder encode(QStringEncoder::Utf8);
     const QByteArray utf8 = encode.encode(text);
     out += '"';

@@ -3,6 +3,7 @@
 #include "model/json_text.h"
 
 #include <algorithm>
+#include <functional>
 #include <initializer_list>
 #include <vector>
 
@@ -17,9 +18,10 @@ public:
     TextSet(std::initializer_list<QString> texts) : TextSet(std::vector<QString>(texts)) {}
     explicit TextSet(std::vector<QString> texts) : m_texts(std::move(texts))
     {
-        if (!std::ranges::is_sorted(m_texts)) // in a file they are
-            std::ranges::sort(m_texts);
-        m_texts.erase(std::unique(m_texts.begin(), m_texts.end()), m_texts.end());
+        if (std::ranges::adjacent_find(m_texts, std::greater_equal()) != m_texts.end()) {
+            std::ranges::sort(m_texts); // in a file they are
+            m_texts.erase(std::unique(m_texts.begin(), m_texts.end()), m_texts.end());
+        }
         m_texts.shrink_to_fit();
     }
 

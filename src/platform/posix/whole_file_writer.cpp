@@ -49,8 +49,9 @@ public:
 
     [[nodiscard]] bool isOpen() const { return m_isThere; }
 
-    [[nodiscard]] bool write(std::string_view bytes) const
+    [[nodiscard]] bool write(std::string_view bytes)
     {
+        m_size += bytes.size();
         while (!bytes.empty()) {
             const ssize_t written = ::write(m_file.number(), bytes.data(), bytes.size());
             if (written < 0 && errno != EINTR)
@@ -58,6 +59,7 @@ public:
             if (written > 0)
                 bytes.remove_prefix(std::size_t(written));
         }
+        beginSync();
         return true;
     }
 
@@ -71,8 +73,24 @@ public:
     }
 
 private:
+    /// The disk works on a large file's beginning while its end is still being made; what became of
+    /// it, the sync of the whole tells.
+    void beginSync()
+    {
+#ifdef SYNC_FILE_RANGE_WRITE
+        constexpr std::size_t share = std::size_t{4} << 20U;
+        if (m_size - m_syncBegun < share)
+            return;
+        (void)::sync_file_range(m_file.number(), ::off_t(m_syncBegun),
+                                ::off_t(m_size - m_syncBegun), SYNC_FILE_RANGE_WRITE);
+        m_syncBegun = m_size;
+#endif
+    }
+
     QByteArray m_path;
     Descriptor m_file;
+    std::size_t m_size = 0;
+    std::size_t m_syncBegun = 0; ///< up to there
     bool m_isThere = m_file.isOpen();
 };
 

@@ -24,10 +24,12 @@ void ContactList::takeAll()
     expectFilling(m_entries);
     for (const Prospect &contact : all)
         m_entries.push_back({.contact = contact, .sent = {}, .filteredBy = {}});
-    inShares(m_entries.size(), [this](std::size_t, std::size_t begin, std::size_t end) {
-        for (std::size_t entry = begin; entry < end; ++entry)
-            readRecords(m_entries[entry]);
-    });
+    if (m_store.isReady()) { // a start shows the contacts before the histories are read
+        inShares(m_entries.size(), [this](std::size_t, std::size_t begin, std::size_t end) {
+            for (std::size_t entry = begin; entry < end; ++entry)
+                readRecords(m_entries[entry]);
+        });
+    }
     m_sent.fill(0);
     for (const Entry &entry : m_entries)
         tally(entry, 1);
@@ -90,8 +92,6 @@ void ContactList::take(std::uint32_t entry)
 
 void ContactList::readRecords(Entry &entry) const
 {
-    if (!m_store.isReady())
-        return; // a start shows the contacts before the histories are read
     for (const Channel channel : allChannels)
         entry.sent[std::size_t(channel)] = m_store.isMarkedSent(channel, entry.contact);
     entry.filteredBy = FilteredBy::of({m_store, m_state, entry.contact});
