@@ -3,6 +3,7 @@
 #include "ui/table/contact_header.h"
 #include "ui/table/contact_table_model.h"
 
+#include <QResizeEvent>
 #include <QScrollBar>
 
 using namespace Qt::StringLiterals;
@@ -160,6 +161,7 @@ void ContactTableView::resizeEvent(QResizeEvent *event)
 {
     QTableView::resizeEvent(event);
     fitContactColumn();
+    keepCurrentInSight(event->oldSize().height());
 }
 
 } // namespace quenoria

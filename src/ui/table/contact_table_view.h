@@ -94,6 +94,7 @@ private:
     void returnToPlace();
     void returnToSight();
     void selectAgain(const IdSet &ids);
+    void keepCurrentInSight(int height); ///< that the view had
     void fitContactColumn();
     void columnResized(int column, int size);
     int leastContactWidth() const;

@@ -50,12 +50,23 @@ void ContactTableView::returnToPlace()
         selectionModel()->setCurrentIndex(m_model.index(row, m_kept.column),
                                           QItemSelectionModel::ClearAndSelect |
                                               QItemSelectionModel::Rows);
+    else if (m_kept.sight.empty())
+        verticalScrollBar()->setValue(0); // what was found begins there
     setAutoScroll(true);
     selectAgain(std::exchange(m_kept.selected, {}));
     if (!m_kept.sight.empty()) {
         returnToSight();
         horizontalScrollBar()->setValue(sideways);
     }
+}
+
+/// What comes under the table takes the last rows, and must not take the current one with them.
+void ContactTableView::keepCurrentInSight(int height)
+{
+    const QRect current = visualRect(currentIndex());
+    const bool wasSeen = current.isValid() && current.top() >= 0 && current.bottom() < height;
+    if (wasSeen && current.bottom() >= viewport()->height())
+        reveal(currentContact()->id);
 }
 
 void ContactTableView::returnToSight()

@@ -122,6 +122,7 @@ void ContentView::followModel()
     connect(&m_desk, &SendDesk::prepared, m_import,
             [this](Channel, const QString &id) { m_import->noteSend(id); });
     connect(m_import, &WorkbookImport::undoOffered, this, &ContentView::refresh);
+    connect(m_import, &WorkbookImport::followed, m_outcome, [this] { m_outcome->tell({}); });
     connect(m_import, &WorkbookImport::postponed, this, [this](const QString &path) {
         m_outcome->tell(u"« %1 » sera importé ensuite."_s.arg(oneLine(QFileInfo(path).fileName())));
     });

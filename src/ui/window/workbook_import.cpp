@@ -120,8 +120,10 @@ void WorkbookImport::startNext()
     if (isBusy())
         return;
     m_current = {};
-    if (!m_waiting.isEmpty())
-        read(m_waiting.takeFirst());
+    if (m_waiting.isEmpty())
+        return;
+    read(m_waiting.takeFirst());
+    Q_EMIT followed();
 }
 
 void WorkbookImport::merge(ProspectImportAnalysis analysis)

@@ -41,6 +41,7 @@ Q_SIGNALS:
     void undoOffered();                          ///< or not any more
     void merged();                               ///< a workbook into the contacts
     void postponed(const QString &workbookPath); ///< until others are done
+    void followed();                             ///< one that was postponed is read now
 
 private:
     /// The same file, as long as nobody has written it meanwhile.

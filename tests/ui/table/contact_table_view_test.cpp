@@ -278,6 +278,16 @@ TEST_F(TableView, ComingAndGoingContactsLeaveThePlaceAndANewOneIsShown)
     settle();
     EXPECT_EQ(view.currentIndex().row(), row) << "its neighbour is current";
     EXPECT_EQ(bar.value(), 0);
+
+    view.setCurrentIndex({});
+    bar.setValue(bar.maximum());
+    model().setSearchText(u"N20"_s);
+    EXPECT_GT(bar.maximum(), 0);
+    EXPECT_EQ(bar.value(), 0) << "what was found is seen from its beginning";
+    view.setCurrentIndex(model().index(view.rowAt(view.viewport()->height() - 1) - 1, 0));
+    ASSERT_TRUE(isInSight(view.currentIndex()));
+    view.resize(view.width(), view.height() - 100);
+    EXPECT_TRUE(isInSight(view.currentIndex())) << "when something comes under the table";
 }
 
 TEST_F(TableView, AScreenReaderGetsCellsWithTheirState)

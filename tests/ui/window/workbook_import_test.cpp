@@ -1,6 +1,7 @@
 #include "ui/window/window_fixture.h"
 
 #include "ui/window/import_progress.h"
+#include "ui/window/outcome_line.h"
 
 #include <QDropEvent>
 #include <QMimeData>
@@ -106,11 +107,13 @@ TEST_F(Import, OneThatComesMeanwhileFollowsInItsTurnAndOnlyOnce)
     ASSERT_TRUE(QTest::qWaitFor([&] { return button(u"Annuler cet import"_s) != nullptr; }));
     window().openWorkbook(second);
     window().openWorkbook(copy(u"third.xlsx"_s));
+    EXPECT_TRUE(window().findChild<OutcomeLine *>()->text().contains(u"« third.xlsx »"_s));
     button(u"Annuler cet import"_s)->click();
     settle();
     EXPECT_FALSE(isReading()) << "before the last word on the former was read";
     EXPECT_EQ(alert(), u"Import annulé | 13 contact(s) retiré(s)."_s);
     EXPECT_TRUE(isReading());
+    EXPECT_EQ(window().findChild<OutcomeLine *>()->text(), QString()) << "that it will follow";
     EXPECT_TRUE(report().startsWith(u"Import terminé | "_s)) << "the third";
     settle();
     EXPECT_FALSE(isReading());
