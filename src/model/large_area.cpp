@@ -1,6 +1,6 @@
 #include "model/large_area.h"
 
-#include <cstdint>
+#include <memory>
 
 #include <sys/mman.h>
 #include <unistd.h>
@@ -13,11 +13,9 @@ void expectFilling(void *begin, std::size_t size)
     constexpr std::size_t worthwhile = std::size_t{4} << 20U;
     if (size < worthwhile)
         return;
-    const auto page = std::uintptr_t(sysconf(_SC_PAGESIZE));
-    const auto first = (std::uintptr_t(begin) + page - 1) / page * page;
-    const auto last = (std::uintptr_t(begin) + size) / page * page;
-    // Advice alone: whether it is taken shows in nothing but the time.
-    (void)madvise(reinterpret_cast<void *>(first), last - first, MADV_HUGEPAGE);
+    const auto page = std::size_t(sysconf(_SC_PAGESIZE));
+    if (std::align(page, page, begin, size))
+        (void)madvise(begin, size, MADV_HUGEPAGE); // advice: taken or not shows in the time alone
 #else
     (void)begin;
     (void)size;
