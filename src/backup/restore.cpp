@@ -72,21 +72,29 @@ PerChannel<QByteArray> sendsIn(const BackupArchive &archive)
     return statuses;
 }
 
+using SeenFiles = PerChannel<std::set<std::pair<quint64, quint32>>>;
+
+/// Whether a file of sends was not seen before.
+bool noteFiles(SeenFiles &seen, const BackupArchive &archive)
+{
+    bool isNew = false;
+    for (const Channel channel : allChannels) {
+        const auto print = archive.fingerprint(sendsFile(channel));
+        isNew = seen[std::size_t(channel)].insert(print).second || isNew;
+    }
+    return isNew;
+}
+
 /// A contact that was deleted took its STOP along, but a newer backup may hold it.
 void rememberDeleted(MemoryOfSends &memory, const IdSet &ids, const QString &folder, Instant since)
 {
-    PerChannel<std::set<std::pair<quint64, quint32>>> seen;
+    SeenFiles seen;
     for (const StoredBackup &newer : storedBackups(folder)) {
         if (ids.empty() || newer.date <= since)
             return;
         try {
             const BackupArchive archive(newer.path);
-            bool isNew = false;
-            for (const Channel channel : allChannels) {
-                const auto print = archive.fingerprint(sendsFile(channel));
-                isNew = seen[std::size_t(channel)].insert(print).second || isNew;
-            }
-            if (isNew)
+            if (noteFiles(seen, archive))
                 remember(memory, ids, sendsIn(archive));
         } catch (const Unrestorable &) {
             continue; // it cannot be restored either

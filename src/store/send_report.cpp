@@ -204,6 +204,7 @@ SendReport sendReport(const ProspectStore &store, const QTimeZone &zone, Instant
     Groups departments;
     Groups trades;
     std::vector<Templates> templates;
+    templates.reserve(allChannels.size());
     for (const Channel channel : allChannels)
         templates.emplace_back(channel, store);
     for (const Prospect &contact : store.allProspects()) {

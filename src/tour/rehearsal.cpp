@@ -23,6 +23,12 @@ std::vector<Prospect> notSentTo(const ProspectStore &store, Channel channel)
     return contacts;
 }
 
+void orderAll(SendDesk &desk, Channel channel, const std::vector<Prospect> &contacts)
+{
+    for (const Prospect &contact : contacts)
+        desk.order(channel, contact.id, false).then([](const SendOutcome &) {});
+}
+
 } // namespace
 
 const QStringList &rehearsalNames()
@@ -53,11 +59,11 @@ void rehearse(ContentView &window, SendDesk &desk, Switches &switches, const QSt
         switches.set(channel->automatic->turnedOn.which, true);
         if (name == channelRecords(which).name)
             shown = which;
-        for (const Prospect &contact : notSentTo(store, which)) {
+        const std::vector<Prospect> contacts = notSentTo(store, which);
+        for (const Prospect &contact : contacts)
             store.select(which, true, contact);
-            if (name == everything && which != shown)
-                desk.order(which, contact.id, false).then([](const SendOutcome &) {});
-        }
+        if (name == everything && which != shown)
+            orderAll(desk, which, contacts);
     }
     window.openQueue(shown);
 }
