@@ -2,6 +2,7 @@
 
 #include "model/encoded.h"
 #include "model/large_area.h"
+#include "model/lone_surrogates.h"
 #include "model/recent_texts.h"
 #include "model/records.h"
 #include "model/text_set.h"
@@ -10,10 +11,8 @@
 
 #include <algorithm>
 #include <array>
-#include <charconv>
 #include <new>
 #include <set>
-#include <string>
 #include <unordered_map>
 #include <utility>
 
@@ -220,45 +219,6 @@ private:
     std::vector<const SharedText *> m_setBefore;
 };
 
-/// The code unit of "\\uXXXX" at the position, if that is what stands there.
-std::optional<char16_t> escapedUnit(std::string_view text, std::size_t at)
-{
-    constexpr std::size_t digits = 4;
-    if (text.substr(at, 2) != "\\u" || text.size() < at + 2 + digits)
-        return std::nullopt;
-    unsigned unit = 0;
-    const char *first = text.data() + at + 2;
-    const auto [end, error] = std::from_chars(first, first + digits, unit, 16);
-    return error == std::errc() && end == first + digits ? std::optional(char16_t(unit))
-                                                         : std::nullopt;
-}
-
-constexpr std::size_t nowhere = std::string_view::npos;
-
-/// Where the next half of a character stands that was escaped alone.
-std::size_t loneSurrogate(std::string_view text, std::size_t from = 0)
-{
-    constexpr std::size_t length = 6; ///< of an escape
-    for (std::size_t at = text.find('\\', from); at != nowhere; at = text.find('\\', at)) {
-        const auto unit = escapedUnit(text, at);
-        const auto next = unit ? escapedUnit(text, at + length) : std::nullopt;
-        const bool isPair =
-            unit && QChar::isHighSurrogate(*unit) && next && QChar::isLowSurrogate(*next);
-        if (unit && !isPair && QChar::isSurrogate(*unit))
-            return at;
-        at += isPair ? 2 * length : unit ? length : 2;
-    }
-    return nowhere;
-}
-
-/// Such a half stands for no character: it becomes the sign for that.
-void replaceLoneSurrogates(simdjson::padded_string &json)
-{
-    const std::string_view text(json.data(), json.size());
-    for (std::size_t at = loneSurrogate(text); at != nowhere; at = loneSurrogate(text, at))
-        std::ranges::copy(std::string_view("\\ufffd"), json.data() + at);
-}
-
 /// Room for the records that so large a file holds at most, as far as they are usual ones. What is
 /// not needed of it is never touched.
 template <typename Shape>
@@ -291,11 +251,11 @@ std::optional<Shape> decodeJson(const QByteArray &bytes)
     const bool hasRoom = bytes.capacity() - bytes.size() >= jsonReadAhead;
     simdjson::padded_string_view json(content, content.size() + std::size_t(jsonReadAhead));
     simdjson::padded_string copy;
-    if (!hasRoom || loneSurrogate(content) != nowhere) {
+    if (!hasRoom || hasLoneSurrogate(content)) {
         copy = simdjson::padded_string(content);
         if (copy.size() != content.size())
             throw std::bad_alloc();
-        replaceLoneSurrogates(copy);
+        replaceLoneSurrogates(copy.data(), copy.size());
         json = copy;
     }
     askForTexts(content.size());
