@@ -10,4 +10,7 @@ namespace quenoria {
 /// the frame that it will put around the window.
 [[nodiscard]] QSize screenRoom(const QWidget &widget);
 
+/// Brings a window, whose place was another screen's, wholly onto its own.
+void keepOnScreen(QWidget &window);
+
 } // namespace quenoria

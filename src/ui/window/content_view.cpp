@@ -213,6 +213,8 @@ void ContentView::restoreLayout()
     const auto geometry = m_platform.preferences.text(geometryKey);
     if (!geometry || !restoreGeometry(QByteArray::fromBase64(geometry->toLatin1())))
         resize(firstSize.boundedTo(screenRoom(*this)));
+    else if (!isMaximized() && !isFullScreen())
+        keepOnScreen(*this); // it may be a smaller one than the last time
     m_panel->setVisible(
         m_platform.preferences.flag(ContactPanel::preference).value_or(width() >= panelWidth));
     if (const auto widths = m_platform.preferences.text(widthsKey))

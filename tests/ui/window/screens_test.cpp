@@ -278,4 +278,14 @@ INSTANTIATE_TEST_SUITE_P(
                     Setting{"SmallestLargestFont", u"1920x1080 at 200 %", 2, 1}),
     [](const auto &test) { return std::string(test.param.name); });
 
+TEST_F(WindowTest, OpensOnItsScreenWhereverItStoodOnAnother)
+{
+    const QRect screen = QGuiApplication::primaryScreen()->availableGeometry();
+    QWidget before;
+    before.setGeometry(screen.translated(screen.width() / 2, screen.height() / 2));
+    desktop.preferences.setText(u"FenetrePrincipaleGeometrie"_s,
+                                QString::fromLatin1(before.saveGeometry().toBase64()));
+    EXPECT_TRUE(screen.contains(window().geometry()));
+}
+
 } // namespace
