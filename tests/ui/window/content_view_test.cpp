@@ -283,11 +283,11 @@ TEST_F(Window, AnEmptyTableSaysWhatToDo)
 
 TEST_F(Window, GeometryAndColumnsAreKept)
 {
-    window().resize(1100, 700);
+    window().resize(780, 700);
     table().setColumnWidth(0, 140);
     window().close();
     closeWindow();
-    EXPECT_EQ(window().size(), QSize(1100, 700));
+    EXPECT_EQ(window().size(), QSize(780, 700));
     EXPECT_EQ(table().columnWidth(0), 140);
     window().resetColumnWidths();
     EXPECT_EQ(table().columnWidth(0), 95);
