@@ -46,6 +46,19 @@ void join(SendDates &known, const QString &id, const std::vector<Instant> &dates
 bool asksForNoMore(const SendStatus *status) { return status && status->stopped.value_or(false); }
 bool asksForNoMore(const EmailSendStatus * /*status*/) { return false; } // stands with the SMS
 
+/// What a channel's file says of these; no file says nothing.
+template <typename Statuses>
+void rememberThose(MemoryOfSends &memory, const IdSet &ids, Channel channel,
+                   const std::optional<Statuses> &statuses)
+{
+    for (const QString &id : ids) {
+        const auto *status = statuses ? statuses->find(id) : nullptr;
+        join(memory.sends[std::size_t(channel)], id, datesOf(recordedSends(status)));
+        if (asksForNoMore(status))
+            memory.stopped.insert(id);
+    }
+}
+
 Prospect contactOf(const QString &id, const ProspectStore &store)
 {
     if (const Prospect *known = store.prospect(id))
@@ -106,12 +119,7 @@ void remember(MemoryOfSends &memory, const IdSet &ids, const PerChannel<QByteArr
         AllChannelData().on(channel, [&](const auto &data) {
             using Statuses = std::remove_cvref_t<decltype(data.statuses)>;
             const auto decoded = decodeCollection<Statuses>(statuses[std::size_t(channel)]);
-            for (const QString &id : ids) {
-                const auto *status = decoded ? decoded->find(id) : nullptr;
-                join(memory.sends[std::size_t(channel)], id, datesOf(recordedSends(status)));
-                if (asksForNoMore(status))
-                    memory.stopped.insert(id);
-            }
+            rememberThose(memory, ids, channel, decoded);
         });
     }
 }
