@@ -78,7 +78,7 @@ private:
     void beginSync()
     {
 #ifdef SYNC_FILE_RANGE_WRITE
-        constexpr std::size_t share = std::size_t{4} << 20U;
+        constexpr std::size_t share = std::size_t{1} << 20U;
         if (m_size - m_syncBegun < share)
             return;
         (void)::sync_file_range(m_file.number(), ::off_t(m_syncBegun),

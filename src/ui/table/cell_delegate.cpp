@@ -19,6 +19,7 @@ namespace {
 constexpr float washStrength = 0.12F;
 constexpr int focusRing = 2;
 constexpr int iconSide = 16;
+constexpr int mostElided = 1'000;
 constexpr qsizetype mostCharacters = 500; ///< that the widest column could show
 
 const QStyle *styleOf(const QStyleOptionViewItem &option)
@@ -42,7 +43,7 @@ CellKind kindOf(const QModelIndex &index) { return CellKind(index.data(KindRole)
 } // namespace
 
 CellDelegate::CellDelegate(const HotButton &hot, QObject *parent)
-    : QStyledItemDelegate(parent), m_hot(hot),
+    : QStyledItemDelegate(parent), m_hot(hot), m_elided(mostElided),
       m_stopped(symbol(u"hand.raised.circle.fill"_s, Tint::negative)),
       m_sent(symbol(u"checkmark.circle.fill"_s, Tint::positive))
 {
@@ -120,6 +121,20 @@ void CellDelegate::paintFrame(QPainter *painter, const QStyleOptionViewItem &opt
     styleOf(option)->drawPrimitive(QStyle::PE_PanelLineEdit, &field, painter, option.widget);
 }
 
+QString CellDelegate::elidedOnce(const QFont &font, const QString &text, int width) const
+{
+    if (font != m_elidedFont) {
+        m_elided.clear();
+        m_elidedFont = font;
+    }
+    const std::pair key(text, width);
+    if (const QString *known = m_elided.object(key))
+        return *known;
+    QString shown = elided(font, text, width);
+    m_elided.insert(key, new QString(shown));
+    return shown;
+}
+
 void CellDelegate::paintTexts(QPainter *painter, const QStyleOptionViewItem &option,
                               const CellLayout &layout, const QModelIndex &index) const
 {
@@ -133,7 +148,7 @@ void CellDelegate::paintTexts(QPainter *painter, const QStyleOptionViewItem &opt
     painter->setFont(option.font);
     painter->setPen(option.palette.color(ink));
     painter->drawText(layout.text, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
-                      elided(option.font, shown, layout.text.width()));
+                      elidedOnce(option.font, shown, layout.text.width()));
     if (layout.warning.isNull())
         return;
     painter->setFont(CellLayout::warningFont(option.font));

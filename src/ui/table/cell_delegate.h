@@ -2,6 +2,8 @@
 
 #include "ui/table/cell_layout.h"
 
+#include <QCache>
+#include <QFont>
 #include <QHash>
 #include <QIcon>
 #include <QPersistentModelIndex>
@@ -60,7 +62,12 @@ private:
                       const QList<QRect> &rects, const QModelIndex &index) const;
     QIcon icon(const QString &name) const;
 
+    QString elidedOnce(const QFont &font, const QString &text, int width) const;
+
     const HotButton &m_hot;
+    /// Most texts of a page stand in many rows: captions, templates, departments.
+    mutable QCache<std::pair<QString, int>, QString> m_elided;
+    mutable QFont m_elidedFont;
     QIcon m_stopped;
     QIcon m_sent;
     mutable QHash<QString, QIcon> m_icons;
