@@ -16,9 +16,10 @@
 #include <QFile>
 #include <QScrollBar>
 
+#include <algorithm>
+#include <array>
 #include <chrono>
 #include <cstdio>
-#include <cstdlib>
 
 namespace quenoria::bench {
 namespace {
@@ -27,7 +28,8 @@ using namespace Qt::StringLiterals;
 
 constexpr int runs = 9;
 constexpr int pages = 60;
-constexpr int views = 4; ///< from left to right
+constexpr int views = 4;  ///< from left to right
+constexpr int rounds = 3; ///< of all pages: the first draws the letters, any may be disturbed
 constexpr int sends = 6;
 constexpr double frame = 16;
 constexpr double firstLetter = 150;
@@ -150,12 +152,15 @@ public:
 
     void scroll()
     {
-        double slowest = 0;
-        for (int page = -views; page < pages; ++page) { // the first look at each view draws letters
-            const double taken = paintPage(page);
-            slowest = page < 0 ? 0 : std::max(slowest, taken);
+        std::array<double, pages> fastest{};
+        for (int round = 0; round < rounds; ++round) {
+            for (int page = 0; page < pages; ++page) {
+                const double taken = paintPage(page);
+                double &known = fastest[std::size_t(page)];
+                known = round == 0 ? taken : std::min(known, taken);
+            }
         }
-        figure("slowest of 60 pages painted, ms", slowest, onePage);
+        figure("slowest of 60 pages painted, ms", *std::ranges::max_element(fastest), onePage);
     }
 
 private:
@@ -163,10 +168,10 @@ private:
     {
         QScrollBar *bar = m_view->verticalScrollBar();
         QScrollBar *sideways = m_view->horizontalScrollBar();
-        sideways->setValue(sideways->maximum() * (std::abs(page) % views) / (views - 1));
+        sideways->setValue(sideways->maximum() * (page % views) / (views - 1));
         QApplication::processEvents();
         return milliseconds([this, bar, page] {
-            bar->setValue(bar->maximum() / pages * std::max(page, 0));
+            bar->setValue(bar->maximum() / pages * page);
             QImage image(m_view->size(), QImage::Format_RGB32);
             m_view->render(&image);
         });

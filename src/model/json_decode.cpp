@@ -204,13 +204,16 @@ private:
     bool readMember(std::string_view name, Node value, Record &out,
                     std::array<bool, sizeof...(I)> &seen, std::index_sequence<I...> /*positions*/)
     {
+        bool isRead = true;
         const auto readIfNamed = [&](const auto &field, bool &fieldSeen) {
             if (name != field.name)
-                return true;
+                return false;
             fieldSeen = true;
-            return read(value, out.*field.member);
+            isRead = read(value, out.*field.member);
+            return true;
         };
-        return (readIfNamed(std::get<I>(Record::fields), std::get<I>(seen)) && ...);
+        (void)(readIfNamed(std::get<I>(Record::fields), std::get<I>(seen)) || ...);
+        return isRead;
     }
 
     RecentTexts m_texts;
