@@ -31,14 +31,15 @@ private:
 
 } // namespace
 
-void showFirstPicture(QWidget &window)
+bool showFirstPicture(QWidget &window)
 {
     QEventLoop loop;
     Painting painting(loop);
     window.installEventFilter(&painting);
     QTimer::singleShot(longest, &loop, &QEventLoop::quit);
     window.show();
-    loop.exec(QEventLoop::ExcludeUserInputEvents);
+    loop.exec();
+    return window.isVisible();
 }
 
 } // namespace quenoria

@@ -154,9 +154,10 @@ int runWindow(Process &process)
         window.showBanner(notice);
     showRuns(window, process.signs);
     process.shown = &window;
-    showFirstPicture(window); // before the histories of its contacts are read
-    if (asked != EXIT_FAILURE ||
-        !openData([&application] { application.completeStore(); }, application.platform()))
+    const bool stays = showFirstPicture(window); // before the histories of its contacts are read
+    if (asked != EXIT_FAILURE || !stays)
+        return stays ? asked : EXIT_SUCCESS;
+    if (!openData([&application] { application.completeStore(); }, application.platform()))
         return asked;
     QObject::disconnect(asking);
     if (options.tourFolder)

@@ -27,6 +27,7 @@ TextOrder::TextOrder(const QLocale &locale, Digits digits)
         ucol_setAttribute(m_collator.get(), attribute, value, &error);
     };
     set(UCOL_NORMALIZATION_MODE, UCOL_ON);
+    set(UCOL_ALTERNATE_HANDLING, UCOL_NON_IGNORABLE);
     set(UCOL_STRENGTH, UCOL_SECONDARY);
     set(UCOL_NUMERIC_COLLATION, digits == Digits::byValue ? UCOL_ON : UCOL_OFF);
     check(error);

@@ -4,6 +4,7 @@
 #include "model/id_set.h"
 #include "model/records.h"
 #include "store/change.h"
+#include "store/held_state.h"
 #include "store/refusal.h"
 #include "store/send_outcome.h"
 
@@ -11,7 +12,6 @@
 
 #include <functional>
 #include <map>
-#include <memory>
 #include <span>
 #include <stop_token>
 
@@ -34,7 +34,6 @@ struct ImportReport;
 struct ManyContacts;
 struct Platform;
 struct ProspectImportAnalysis;
-struct StoreState;
 template <typename Value>
 class Dictionary;
 template <typename Value>
@@ -42,25 +41,6 @@ class Sequence;
 
 /// Called with a complete message right before it goes to its carrier; a refusal keeps it back.
 using HandOverGate = std::function<Refusal(const HandOver &)>;
-
-/// What a store holds. Whoever asks it for more than the contacts has the histories read first,
-/// where a start has left them for later.
-class HeldState {
-public:
-    explicit HeldState(std::unique_ptr<StoreState> state);
-    ~HeldState();
-
-    StoreState *operator->() const { return &whole(); }
-    StoreState &operator*() const { return whole(); }
-
-    /// All but the histories: what is there from the beginning.
-    StoreState &contacts() const { return *m_state; }
-
-private:
-    StoreState &whole() const;
-
-    std::unique_ptr<StoreState> m_state;
-};
 
 /// What a start reads before the store can be looked at.
 enum class FirstReading { all, contacts };

@@ -71,17 +71,6 @@ ProspectStore::~ProspectStore() = default;
 
 void ProspectStore::complete() { (void)*m_state; }
 
-HeldState::HeldState(std::unique_ptr<StoreState> state) : m_state(std::move(state)) {}
-
-HeldState::~HeldState() = default;
-
-StoreState &HeldState::whole() const
-{
-    if (!m_state->isReady && !m_state->isReading)
-        m_state->readHistories();
-    return *m_state;
-}
-
 StoreState::StoreState(ProspectStore &owner, const Platform &services)
     : store(owner), platform(services), doNotContact(services), testNumber(defaultTestNumber()),
       prospects(ProspectStore::loadProspects(services.resources)),
@@ -151,10 +140,12 @@ void StoreState::loadFiles(const std::vector<const CollectionDescriptor *> &rows
             contents[row] = decodeFile(*rows[row], store.file(rows[row]->collection));
     };
     {
+        const std::size_t hands =
+            std::min<std::size_t>(std::thread::hardware_concurrency(), rows.size());
         const std::size_t first = begun++; // the largest: no other thread's memory grows as quickly
-        std::vector<std::future<void>> others;
-        for (unsigned core = 1; core < std::thread::hardware_concurrency(); ++core)
-            others.push_back(std::async(std::launch::async, decodeFrom, begun++));
+        std::vector<std::future<void>> others; // which work here where there can be no thread
+        for (std::size_t hand = 1; hand < hands; ++hand)
+            others.push_back(std::async(decodeFrom, begun++));
         decodeFrom(first);
         for (std::future<void> &other : others)
             other.get();

@@ -20,10 +20,9 @@ void inShares(
 {
     const std::size_t shares = sharesOf(contacts);
     const auto beginOf = [&](std::size_t share) { return contacts * share / shares; };
-    std::vector<std::future<void>> others;
+    std::vector<std::future<void>> others; // which work here where there can be no thread
     for (std::size_t share = 0; share + 1 < shares; ++share)
-        others.push_back(std::async(std::launch::async, std::cref(work), share, beginOf(share),
-                                    beginOf(share + 1)));
+        others.push_back(std::async(std::cref(work), share, beginOf(share), beginOf(share + 1)));
     work(shares - 1, beginOf(shares - 1), contacts);
     for (std::future<void> &other : others)
         other.get();
