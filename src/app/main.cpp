@@ -135,6 +135,22 @@ struct Process {
     bool isFirst = true; ///< of the windows
 };
 
+/// What the command line asks of the first window, and what a restore leaves to say.
+void beginWith(Process &process, ContentView &window, DataFiles files)
+{
+    const StartOptions &options = process.options;
+    OlvakSMSManualApp &application = process.application;
+    const bool isFirst = std::exchange(process.isFirst, false);
+    if (files == DataFiles::restored)
+        window.tellOfRestore();
+    else if (options.demonstration)
+        importDemonstration(window, application.store(), application.platform());
+    if (isFirst && options.workbook)
+        window.openWorkbook(*options.workbook);
+    if (isFirst && options.rehearsal)
+        rehearse(window, application.desk(), application.switches(), *options.rehearsal);
+}
+
 int runWindow(Process &process)
 {
     const StartOptions &options = process.options;
@@ -155,23 +171,16 @@ int runWindow(Process &process)
     showRuns(window, process.signs);
     process.shown = &window;
     const bool stays = showFirstPicture(window); // before the histories of its contacts are read
-    if (asked != EXIT_FAILURE || !stays)
-        return stays ? asked : EXIT_SUCCESS;
-    if (!openData([&application] { application.completeStore(); }, application.platform()))
+    if (!stays && asked == EXIT_FAILURE)
+        return EXIT_SUCCESS;
+    if (asked != EXIT_FAILURE ||
+        !openData([&application] { application.completeStore(); }, application.platform()))
         return asked;
     QObject::disconnect(asking);
     if (options.tourFolder)
         return Tour(window, application.store(), application.switches(), application.platform())
             .run(*options.tourFolder);
-    const bool isFirst = std::exchange(process.isFirst, false);
-    if (files == DataFiles::restored)
-        window.tellOfRestore();
-    else if (options.demonstration)
-        importDemonstration(window, application.store(), application.platform());
-    if (isFirst && options.workbook)
-        window.openWorkbook(*options.workbook);
-    if (isFirst && options.rehearsal)
-        rehearse(window, application.desk(), application.switches(), *options.rehearsal);
+    beginWith(process, window, files);
     window.startBackups();
     return execute(window, process.termination);
 }
